@@ -1,0 +1,104 @@
+#include "common/application.h"
+
+namespace vexa {
+namespace {
+
+const std::wstring& rootKey() {
+    static const std::wstring key = RootKey;
+    return key;
+}
+
+/// Throws Error where the value is no number.
+std::int32_t asInteger(const Value& value, Conversions& conversions) {
+    if (const auto* number = std::get_if<std::int32_t>(&value)) return *number;
+    if (const auto* text = std::get_if<std::wstring>(&value)) return conversions.toInteger(*text);
+    throw Error(L"Type mismatch");
+}
+
+/// Throws Error where the value is neither text nor number.
+std::wstring asText(const Value& value) {
+    if (const auto* text = std::get_if<std::wstring>(&value)) return *text;
+    if (const auto* number = std::get_if<std::int32_t>(&value)) return std::to_wstring(*number);
+    throw Error(L"Type mismatch");
+}
+
+}  // namespace
+
+Application::Application(Platform ports, ui::Screen& uiScreen)
+    : platform(ports),
+      screen(uiScreen),
+      registry(platform.registry, platform.ansi, platform.conversions),
+      log(platform, registry, settings) {}
+
+void Application::logCurrentError(const wchar_t* name, const wchar_t* procedure) noexcept {
+    try {
+        WriteLogLine(std::wstring(name) + L", Error " + procedure + L": " + currentErrorDescription());
+    } catch (...) {
+        return;  // no memory for the line
+    }
+}
+
+void Application::loadProfileKey() {
+    const std::wstring prefix = std::wstring(RootKey) + L"\\";
+    ProfileKey = prefix + readText(prefix, valueName::CurrentProfile, L"");
+}
+
+void Application::loadLogPath() {
+    const std::wstring installed = platform.files.installationFolder() + L"\\Log\\";
+    log.LogPath = readText(ProfileKey, valueName::LogPath, installed);
+}
+
+void Application::load(const Setting& setting) {
+    const std::wstring& key = setting.key == SettingKey::root ? rootKey() : ProfileKey;
+    const Value stored =
+        registry.RegistryRead(HKEY_CURRENT_USER_HIVE, key, setting.name, setting.defaultValue);
+    try {
+        if (std::holds_alternative<std::wstring>(setting.defaultValue))
+            storeSetting(settings, setting, asText(stored));
+        else
+            storeSetting(settings, setting, asInteger(stored, platform.conversions));
+    } catch (const Error&) {
+        return;  // a stored value that does not convert leaves the record as it was
+    }
+}
+
+void Application::store(const Setting& setting) {
+    const std::wstring& key = setting.key == SettingKey::root ? rootKey() : ProfileKey;
+    const Value value = settingValue(settings, setting);
+    const auto type = std::holds_alternative<std::wstring>(value) ? ValueType::text : ValueType::integer;
+    registry.RegistryWrite(HKEY_CURRENT_USER_HIVE, key, setting.name, type, value);
+}
+
+std::wstring Application::readText(const std::wstring& key, const std::wstring& name,
+                                   const std::wstring& defaultValue) {
+    // Not found and not convertible are the same to a caller.
+    try {
+        return asText(registry.RegistryRead(HKEY_CURRENT_USER_HIVE, key, name, defaultValue));
+    } catch (const Error&) {
+        return defaultValue;
+    }
+}
+
+std::int32_t Application::readInteger(const std::wstring& key, const std::wstring& name,
+                                      std::int32_t defaultValue) {
+    try {
+        return asInteger(registry.RegistryRead(HKEY_CURRENT_USER_HIVE, key, name, defaultValue),
+                         platform.conversions);
+    } catch (const Error&) {
+        return defaultValue;
+    }
+}
+
+void Application::writeText(const std::wstring& key, const std::wstring& name, const std::wstring& text) {
+    registry.RegistryWrite(HKEY_CURRENT_USER_HIVE, key, name, ValueType::text, text);
+}
+
+void Application::writeInteger(const std::wstring& key, const std::wstring& name, std::int32_t number) {
+    registry.RegistryWrite(HKEY_CURRENT_USER_HIVE, key, name, ValueType::integer, number);
+}
+
+void Application::deleteValue(const std::wstring& key, const std::wstring& name) {
+    registry.RegistryDelete(HKEY_CURRENT_USER_HIVE, key, name);
+}
+
+}  // namespace vexa

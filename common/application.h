@@ -1,0 +1,91 @@
+// What outlives a page: one Application per process. Forms get it by reference.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "common/diagnostic_log.h"
+#include "common/error.h"
+#include "common/modRegistry.h"
+#include "common/platform.h"
+#include "common/settings.h"
+#include "ui/window.h"
+
+namespace vexa {
+
+/// Set by the dialogs, cleared by Apply.
+struct ChangeFlags {
+    bool dialogChanged = false;
+    bool defaultKnowledgebaseChanged = false;
+    bool shortcutChanged = false;
+    bool operator==(const ChangeFlags&) const = default;
+};
+
+class Application {
+public:
+    Application(Platform ports, ui::Screen& uiScreen);
+
+    Platform platform;
+    ui::Screen& screen;
+    modRegistry registry;
+    Settings settings;
+    ChangeFlags flags;
+    /// A base folder was chosen that the page has not seen yet.
+    bool bBaseDirChanged = false;
+    /// Empty until connected.
+    std::shared_ptr<AddIn> addIn;
+    std::wstring ProfileKey;
+    DiagnosticLog log;
+
+    // Registry access below HKEY_CURRENT_USER; keys are RootKey, ProfileKey or a knowledgebase's own.
+    /// Converted to the wanted type; `defaultValue` also where the stored value does not convert.
+    [[nodiscard]] std::wstring readText(const std::wstring& key, const std::wstring& name,
+                                        const std::wstring& defaultValue);
+    [[nodiscard]] std::int32_t readInteger(const std::wstring& key, const std::wstring& name,
+                                           std::int32_t defaultValue);
+    void writeText(const std::wstring& key, const std::wstring& name, const std::wstring& text);
+    void writeInteger(const std::wstring& key, const std::wstring& name, std::int32_t number);
+    void deleteValue(const std::wstring& key, const std::wstring& name);
+
+    /// Reads `CurrentProfile` and fixes the key of the profile's settings.
+    void loadProfileKey();
+    void loadLogPath();
+    /// Reads one setting into the record, which keeps what it had where the stored value does not convert.
+    void load(const Setting& setting);
+    /// Writes one setting of the record.
+    void store(const Setting& setting);
+
+    void WriteLogLine(const std::wstring& text) noexcept { log.WriteLogLine(text); }
+    /// Writes "<name>, Error <procedure>: " and the description of the exception in flight.
+    void logCurrentError(const wchar_t* name, const wchar_t* procedure) noexcept;
+
+    void SetPointerDefault() { platform.desktop.setPointer(PointerShape::standard); }
+    void SetPointerHourglass() { platform.desktop.setPointer(PointerShape::hourglass); }
+    void SetPointerArrowHourglass() { platform.desktop.setPointer(PointerShape::arrowHourglass); }
+    void DoEvents() { platform.desktop.doEvents(); }
+};
+
+/// Runs a handler's body; where it throws, writes "<name>, Error <procedure>: <description>" to the log and
+/// returns false. Nothing leaves it.
+template <class Body>
+bool guarded(Application& application, const wchar_t* name, const wchar_t* procedure, Body body) noexcept {
+    try {
+        body();
+        return true;
+    } catch (...) {
+        application.logCurrentError(name, procedure);
+        return false;
+    }
+}
+
+/// Runs one step; an error in it is forgotten and the next step runs ("resume next").
+template <class Step>
+void attempt(Step step) noexcept {
+    try {
+        step();
+    } catch (...) {
+        return;  // the step is skipped, as its caller wants it
+    }
+}
+
+}  // namespace vexa

@@ -1,0 +1,100 @@
+// The settings record of the process and the catalogue of its values: the one place where a setting's name,
+// key, type, default and order are written down. Load, Apply, the documentation and the tests come from it.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <variant>
+
+#include "common/value.h"
+
+namespace vexa {
+
+/// Key of the values that all profiles share.
+inline constexpr const wchar_t* RootKey = L"Software\\Norvane\\Quillmark";
+
+/// One field per setting, named after its registry value. Starts with the catalogue's defaults.
+struct Settings {
+    Settings();
+
+    std::wstring VexaBaseDir;
+    std::wstring Projectname;
+    std::wstring DefaultProject;
+    std::int32_t ProjectCount{};
+    std::int32_t MaxEntries{};
+    std::int32_t MinRel{};
+    bool LoggingInformation{};
+    bool AutoInfo{};
+    bool AutoFindUnread{};
+    bool AutoFindAll{};
+    std::int32_t AutoFindDelay{};
+    std::int32_t FindShortcut{};
+    bool AutoAddUnreadMail{};
+    bool AutoAddSentMail{};
+    bool DisplayHotSpots{};
+    bool DisplayTextMarks{};
+    bool KeepHighlights{};
+    std::int32_t ColorHotSpots{};
+    std::array<std::int32_t, 6> Penalty{};
+    bool AddAttachments{};
+    bool AddAllAttachments{};
+    bool AddSizelimitedAttachments{};
+    std::int32_t AttachmentsMaxSize{};
+    bool AddAttachmentsToQuery{};
+
+    bool operator==(const Settings&) const = default;
+};
+
+enum class SettingKey { root, profile };
+
+/// Where a setting lives in the record.
+struct PenaltyLevel {
+    int level;
+};
+using SettingMember =
+    std::variant<std::wstring Settings::*, std::int32_t Settings::*, bool Settings::*, PenaltyLevel>;
+
+struct Setting {
+    const wchar_t* name;
+    SettingKey key;
+    SettingMember member;
+    Value defaultValue;  ///< flags as integers: 0, 1 or the automation true, -1
+    int applyOrder;      ///< position among Apply's writes from 1; 0 is never written
+    const wchar_t* meaning;
+};
+
+/// In the order in which they are read at start.
+[[nodiscard]] std::span<const Setting> settingsCatalogue();
+
+/// The settings that Apply writes, in its order.
+[[nodiscard]] std::span<const Setting* const> applyOrder();
+
+/// Puts a value of the setting's own type (flags: an integer, not 0 is true) into the record.
+void storeSetting(Settings& settings, const Setting& setting, const Value& value);
+
+/// The record's value in the form in which it is stored: flags as 1 or 0.
+[[nodiscard]] Value settingValue(const Settings& settings, const Setting& setting);
+
+/// Values read before the catalogue's: the profile's name and the log's folder.
+namespace valueName {
+inline constexpr const wchar_t* CurrentProfile = L"CurrentProfile";
+inline constexpr const wchar_t* LogPath = L"LogPath";
+inline constexpr const wchar_t* AppVer = L"AppVer";
+// Exchanged with the add-in and its search window at once.
+inline constexpr const wchar_t* hWndProperties = L"hWndProperties";
+inline constexpr const wchar_t* hWndSearchCtl = L"hWndSearchCtl";
+inline constexpr const wchar_t* hWndKBEdit = L"hWndKBEdit";
+inline constexpr const wchar_t* ProjectEvent = L"ProjectEvent";
+inline constexpr const wchar_t* ProjectEventName = L"ProjectEventName";
+inline constexpr const wchar_t* OldProjectname = L"OldProjectname";
+inline constexpr const wchar_t* KBProcessState = L"KBProcessState";
+inline constexpr const wchar_t* ProjectCount = L"ProjectCount";
+inline constexpr const wchar_t* Projectname = L"Projectname";
+inline constexpr const wchar_t* Project = L"Project";
+inline constexpr const wchar_t* DefaultProject = L"DefaultProject";
+inline constexpr const wchar_t* VexaBaseDir = L"VexaBaseDir";
+}  // namespace valueName
+
+}  // namespace vexa

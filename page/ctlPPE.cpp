@@ -1,0 +1,333 @@
+#include "page/ctlPPE.h"
+
+#include <exception>
+
+#include "common/knowledgebase_names.h"
+#include "page/ctlPPE.ids.h"
+#include "page/wizard_rule.h"
+#include "settings/frmDispMatches.h"
+
+namespace vexa {
+namespace {
+
+constexpr int MOST_CONNECTION_ATTEMPTS = 100;
+constexpr int CONNECTION_PAUSE = 100;  // milliseconds
+constexpr int POLL_INTERVAL = 250;     // milliseconds
+
+// Codes by which the add-in switches the wizard button.
+constexpr int WIZARD_ON = 20;
+constexpr int WIZARD_OFF = 21;
+
+// Messages to the add-in's search window.
+constexpr std::uint32_t MESSAGE_START_WIZARD = 1127;
+constexpr std::uint32_t MESSAGE_EDIT_KNOWLEDGEBASE = 1139;
+
+/// Runs steps one by one and keeps the first error, so that it can be reported when all have run.
+class FirstError {
+public:
+    template <class Step>
+    void watch(Step step) {
+        try {
+            step();
+        } catch (...) {
+            if (!error_) error_ = std::current_exception();
+        }
+    }
+    void rethrow() const {
+        if (error_) std::rethrow_exception(error_);
+    }
+
+private:
+    std::exception_ptr error_;
+};
+
+}  // namespace
+
+template <class Body>
+void ctlPPE::runLogged(const wchar_t* procedure, Body body) noexcept {
+    try {
+        guarded(application_, name().c_str(), procedure, body);
+    } catch (...) {
+        return;  // the container fails to tell the page's name
+    }
+}
+
+ctlPPE::ctlPPE(Application& application, std::unique_ptr<ui::Window> pageWindow, PageSite& site)
+    : Form(std::move(pageWindow)),
+      cmdMsg(window().control<ui::Button>(IDC_cmdMsg)),
+      cmdKnowledgeBase(window().control<ui::Button>(IDC_cmdKnowledgeBase)),
+      cmdSettings(window().control<ui::Button>(IDC_cmdSettings)),
+      cmdAttachments(window().control<ui::Button>(IDC_cmdAttachments)),
+      cmdDispMatches(window().control<ui::Button>(IDC_cmdDispMatches)),
+      cmdWizard(window().control<ui::Button>(IDC_cmdWizard)),
+      application_(application),
+      site_(site),
+      tmrChkSearching_(window().createTimer()),
+      rows_{{
+          {window().control<ui::Line>(IDC_lneKnowledgeBase),
+           window().control<ui::Label>(IDC_lblKnowledgeBase),
+           window().control<ui::Label>(IDC_lblKnowledgeBaseInfo),
+           window().control<ui::Picture>(IDC_picKnowledgeBase), cmdKnowledgeBase},
+          {window().control<ui::Line>(IDC_lneSettings), window().control<ui::Label>(IDC_lblSettings),
+           window().control<ui::Label>(IDC_lblSettingsInfo), window().control<ui::Picture>(IDC_picSettings),
+           cmdSettings},
+          {window().control<ui::Line>(IDC_lneAttachments), window().control<ui::Label>(IDC_lblAttachments),
+           window().control<ui::Label>(IDC_lblAttachmentsInfo),
+           window().control<ui::Picture>(IDC_picAttachments), cmdAttachments},
+          {window().control<ui::Line>(IDC_lneDispMatches), window().control<ui::Label>(IDC_lblDispMatches),
+           window().control<ui::Label>(IDC_lblDispMatchesInfo),
+           window().control<ui::Picture>(IDC_picDispMatches), cmdDispMatches},
+          {window().control<ui::Line>(IDC_lneWizard), window().control<ui::Label>(IDC_lblWizard),
+           window().control<ui::Label>(IDC_lblWizardInfo), window().control<ui::Picture>(IDC_picWizard),
+           cmdWizard},
+      }} {
+    connectHandlers();
+    Form_Resize();
+}
+
+void ctlPPE::connectHandlers() {
+    cmdKnowledgeBase.onClick = [this] { cmdKnowledgeBase_Click(); };
+    cmdSettings.onClick = [this] {};
+    cmdAttachments.onClick = [this] {};
+    cmdDispMatches.onClick = [this] { showSettingsDialog<frmDispMatches>(L"cmdDispMatches_Click"); };
+    cmdWizard.onClick = [this] { cmdWizard_Click(); };
+    cmdWizard.onGotFocus = [this] { cmdWizard_GotFocus(); };
+    cmdMsg.onKeyDown = [this](const ui::KeyEvent& event) { cmdMsg_KeyDown(event); };
+    cmdMsg.onMouseMove = [this](const ui::MouseEvent& event) { cmdMsg_MouseMove(event); };
+    tmrChkSearching_->onTimer = [this] { tmrChkSearching_Timer(); };
+}
+
+// --- Life cycle -------------------------------------------------------------------------------------------
+
+void ctlPPE::UserControl_Initialize() noexcept {
+    attempt([&] {
+        tmrChkSearching_->setInterval(0);
+        tmrChkSearching_->setEnabled(false);
+    });
+    attempt([&] { connectAddIn(); });
+    attempt([&] {
+        if (application_.addIn) {
+            tmrChkSearching_->setInterval(POLL_INTERVAL);
+            tmrChkSearching_->setEnabled(true);
+        } else {
+            reportMissingAddIn();
+        }
+    });
+    IsLoading_ = true;
+    loadSettings();
+    loggingAtLoad_ = application_.settings.LoggingInformation;
+    attempt([&] { enableWizardByRule(); });
+    attempt([&] {
+        application_.writeInteger(application_.ProfileKey, valueName::hWndProperties,
+                                  static_cast<std::int32_t>(cmdMsg.handle()));
+    });
+    attempt([&] { setButtons(); });
+    attempt([&] {
+        application_.WriteLogLine(L"Trials to get OlAddIn: " + std::to_wstring(connectionAttempts_) + L".");
+    });
+    attempt([&] { trace(L", initialized."); });
+    Changed_ = false;
+    IsLoading_ = false;
+}
+
+void ctlPPE::connectAddIn() {
+    connectionAttempts_ = 0;
+    application_.addIn.reset();
+    while (!application_.addIn && connectionAttempts_ < MOST_CONNECTION_ATTEMPTS) {
+        ++connectionAttempts_;
+        application_.addIn = application_.platform.addIns.running();
+        application_.platform.clock.sleep(CONNECTION_PAUSE);
+    }
+}
+
+void ctlPPE::reportMissingAddIn() {
+    application_.screen.showMessage(
+        &window(), {L"Failed to get AddIn.", L"VexaPPE", ui::MessageIcon::none, ui::MessageButtons::ok});
+}
+
+void ctlPPE::loadSettings() {
+    attempt([&] { application_.loadProfileKey(); });
+    attempt([&] { application_.loadLogPath(); });
+    for (const Setting& setting : settingsCatalogue()) attempt([&] { application_.load(setting); });
+}
+
+void ctlPPE::UserControl_Terminate() noexcept {
+    attempt([&] { tmrChkSearching_->setEnabled(false); });
+    attempt([&] { application_.deleteValue(application_.ProfileKey, valueName::hWndProperties); });
+    attempt([&] { trace(L", terminated."); });
+}
+
+std::wstring ctlPPE::name() {
+    const std::wstring displayName = site_.displayName();
+    return displayName.empty() ? L"ctlPPE" : displayName;
+}
+
+void ctlPPE::trace(const std::wstring& text) { application_.WriteLogLine(name() + text); }
+
+// --- Property page ----------------------------------------------------------------------------------------
+
+void ctlPPE::PropertyPage_Apply() noexcept {
+    runLogged(L"PropertyPage_Apply", [&] { apply(); });
+}
+
+void ctlPPE::apply() {
+    const Settings& settings = application_.settings;
+    FirstError failure;
+    failure.watch(
+        [&] { trace(L", PropertyPage_Apply: " + std::to_wstring(settings.ProjectCount) + L" projects."); });
+    for (const Setting* setting : applyOrder()) failure.watch([&] { application_.store(*setting); });
+    if (application_.addIn && application_.flags.defaultKnowledgebaseChanged)
+        failure.watch([&] { application_.addIn->SetDefaultKnowledgebase(settings.DefaultProject); });
+    if (application_.addIn && application_.flags.shortcutChanged)
+        failure.watch([&] { application_.addIn->SetFindShortcut(settings.FindShortcut); });
+    Changed_ = false;
+    application_.flags = {};
+    if (settings.LoggingInformation != loggingAtLoad_) {
+        loggingAtLoad_ = settings.LoggingInformation;
+        if (application_.addIn) failure.watch([&] { application_.addIn->SetLogging(loggingAtLoad_); });
+    }
+    failure.rethrow();
+}
+
+void ctlPPE::MarkChanged() {
+    if (IsLoading_) return;
+    Changed_ = true;
+    site_.onStatusChange();
+}
+
+// --- Commands ---------------------------------------------------------------------------------------------
+
+template <class Dialog>
+void ctlPPE::showSettingsDialog(const wchar_t* procedure) {
+    runLogged(procedure, [&] {
+        Dialog(application_, window()).Show();
+        markChangedByDialog();
+    });
+}
+
+void ctlPPE::markChangedByDialog() {
+    if (application_.flags.dialogChanged) MarkChanged();
+}
+
+void ctlPPE::cmdKnowledgeBase_Click() {
+    runLogged(L"cmdKnowledgeBase_Click", [&] {
+        trace(L", showing kb configuration dialog.");
+        markChangedByDialog();
+        enableWizardByRule();
+        application_.DoEvents();
+    });
+}
+
+void ctlPPE::cmdWizard_Click() {
+    runLogged(L"cmdWizard_Click", [&] {
+        const bool anyKnowledgebase =
+            application_.readInteger(application_.ProfileKey, valueName::ProjectCount, 0) != 0;
+        const std::wstring knowledgebase =
+            anyKnowledgebase
+                ? application_.readText(application_.ProfileKey, valueName::Projectname, L"default")
+                : L"default";
+        forwardEvent(false, knowledgebase, static_cast<std::int32_t>(KBAction::wizard));
+    });
+}
+
+void ctlPPE::cmdWizard_GotFocus() {
+    attempt([&] { application_.WriteLogLine(L"ctlPPEcmdWizard got focus."); });
+}
+
+// --- Button state -----------------------------------------------------------------------------------------
+
+void ctlPPE::setButtons() {
+    for (ui::Button* button : {&cmdKnowledgeBase, &cmdSettings, &cmdAttachments, &cmdDispMatches})
+        button->setEnabled(true);
+    enableWizardByRule();
+}
+
+void ctlPPE::enableWizardByRule() { cmdWizard.setEnabled(wizardAllowed(application_)); }
+
+void ctlPPE::tmrChkSearching_Timer() {
+    bool searching = false;
+    // An add-in that has gone away does not search: the buttons come back.
+    attempt([&] { searching = application_.addIn && application_.addIn->IsSearching(); });
+    attempt([&] {
+        if (!searching) return setButtons();
+        for (ui::Button* button :
+             {&cmdKnowledgeBase, &cmdWizard, &cmdSettings, &cmdAttachments, &cmdDispMatches})
+            button->setEnabled(false);
+    });
+}
+
+void ctlPPE::cmdMsg_KeyDown(const ui::KeyEvent& event) {
+    runLogged(L"cmdMsg_KeyDown", [&] {
+        if (event.key == WIZARD_ON) cmdWizard.setEnabled(true);
+        if (event.key == WIZARD_OFF) cmdWizard.setEnabled(false);
+        trace(L", cmdMsg_KeyDown.");
+    });
+}
+
+void ctlPPE::cmdMsg_MouseMove(const ui::MouseEvent& event) {
+    runLogged(L"cmdMsg_MouseMove", [&] {
+        if (event.x == WIZARD_ON) cmdWizard.setEnabled(true);
+        if (event.x == WIZARD_OFF) cmdWizard.setEnabled(false);
+        trace(L", cmdMsg_MouseMove.");
+        application_.DoEvents();
+    });
+}
+
+// --- Knowledgebase events ---------------------------------------------------------------------------------
+
+void ctlPPE::m_KBForm_KBClick(bool& bProcessing, std::wstring& strName, std::int32_t& nAction) {
+    forwardEvent(bProcessing, strName, nAction);
+}
+
+void ctlPPE::m_KBForm_DefaultKBChanged() noexcept {
+    runLogged(L"m_KBForm_DefaultKBChanged", [&] { apply(); });
+}
+
+void ctlPPE::forwardEvent(bool flag, const std::wstring& knowledgebase, std::int32_t action) {
+    attempt([&] { application_.SetPointerArrowHourglass(); });
+    runLogged(L"m_KBForm_KBClick", [&] {
+        application_.writeInteger(application_.ProfileKey, valueName::ProjectEvent, action);
+        application_.writeText(application_.ProfileKey, valueName::ProjectEventName, knowledgebase);
+        passOn(flag, knowledgebase, static_cast<KBAction>(action));
+    });
+    attempt([&] { application_.SetPointerDefault(); });
+}
+
+void ctlPPE::passOn(bool flag, const std::wstring& knowledgebase, KBAction action) {
+    Desktop& desktop = application_.platform.desktop;
+    if (action == KBAction::edited) {
+        desktop.sendMessage(searchWindow(), MESSAGE_EDIT_KNOWLEDGEBASE, 0, flag ? 1 : 0);
+    } else if (action == KBAction::wizard) {
+        std::int32_t zero = 0;
+        desktop.sendMessage(searchWindow(), MESSAGE_START_WIZARD, 0, reinterpret_cast<std::intptr_t>(&zero));
+    } else if (application_.addIn) {
+        notifyAddIn(*application_.addIn, knowledgebase, action);
+    }
+}
+
+void ctlPPE::notifyAddIn(AddIn& addIn, const std::wstring& knowledgebase, KBAction action) {
+    switch (action) {
+        case KBAction::added: return addIn.NotifyKbAdded(knowledgebase);
+        case KBAction::removed: return addIn.NotifyKbRemoved(knowledgebase);
+        case KBAction::renamed: {
+            const std::wstring oldName =
+                application_.readText(application_.ProfileKey, valueName::OldProjectname, L"");
+            return addIn.NotifyKbRenamed(oldName, knowledgebase);
+        }
+        case KBAction::rebuild: return addIn.NotifyKbRebuild(knowledgebase);
+        case KBAction::update: return addIn.NotifyKbUpdate(knowledgebase);
+        default: return;  // the event is recorded, nobody is told
+    }
+}
+
+std::intptr_t ctlPPE::searchWindow() {
+    return application_.readInteger(RootKey, valueName::hWndSearchCtl, 0);
+}
+
+// --- Layout -----------------------------------------------------------------------------------------------
+
+void ctlPPE::Form_Resize() {
+    attempt([&] { layOut(); });
+}
+
+}  // namespace vexa

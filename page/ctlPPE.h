@@ -1,0 +1,108 @@
+// The options page: its life cycle, the property page contract and the commands of its buttons.
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include "common/application.h"
+#include "page/page_site.h"
+#include "ui/form.h"
+
+namespace vexa {
+
+/// Codes of the knowledgebase event.
+enum class KBAction : std::int32_t {
+    added = 0,
+    removed = 1,
+    edited = 2,
+    renamed = 3,
+    rebuild = 4,
+    update = 5,
+    wizard = 6
+};
+
+class ctlPPE : public ui::Form {
+public:
+    /// `window` is made from the template IDD_ctlPPE. `application` and `site` outlive the page.
+    ctlPPE(Application& application, std::unique_ptr<ui::Window> window, PageSite& site);
+
+    /// Start: connects to the add-in, loads the settings, publishes the message handle, starts the poll.
+    void UserControl_Initialize() noexcept;
+    /// End: withdraws the message handle.
+    void UserControl_Terminate() noexcept;
+
+    /// Writes every setting to the registry and tells the add-in of changed ones.
+    void PropertyPage_Apply() noexcept;
+    /// The page holds edits that Apply has not written.
+    [[nodiscard]] bool PropertyPage_Dirty() const noexcept { return Changed_; }
+
+    /// Tells the host that there is something to apply; does nothing while the page loads.
+    void MarkChanged();
+
+    // Events of the knowledgebase dialog.
+    void m_KBForm_KBClick(bool& bProcessing, std::wstring& strName, std::int32_t& nAction);
+    void m_KBForm_DefaultKBChanged() noexcept;
+
+    ui::Button& cmdMsg;
+    ui::Button& cmdKnowledgeBase;
+    ui::Button& cmdSettings;
+    ui::Button& cmdAttachments;
+    ui::Button& cmdDispMatches;
+    ui::Button& cmdWizard;
+
+protected:
+    void Form_Resize() override;
+
+private:
+    /// The parts of one row of the page.
+    struct Row {
+        ui::Line& line;
+        ui::Label& caption;
+        ui::Label& description;
+        ui::Picture& picture;
+        ui::Button& button;
+    };
+
+    void connectHandlers();
+    void connectAddIn();
+    void reportMissingAddIn();
+    void loadSettings();
+    /// Runs every step and then throws the first error that any of them met.
+    void apply();
+    void setButtons();
+    void enableWizardByRule();
+    void layOut();
+    void placeRow(Row& row, int top);
+    /// The name in front of the page's log lines.
+    [[nodiscard]] std::wstring name();
+    void trace(const std::wstring& text);
+    /// Runs a handler's body; its error goes to the log.
+    template <class Body>
+    void runLogged(const wchar_t* procedure, Body body) noexcept;
+
+    template <class Dialog>
+    void showSettingsDialog(const wchar_t* procedure);
+    void markChangedByDialog();
+
+    void cmdKnowledgeBase_Click();
+    void cmdWizard_Click();
+    void cmdWizard_GotFocus();
+    void cmdMsg_KeyDown(const ui::KeyEvent& event);
+    void cmdMsg_MouseMove(const ui::MouseEvent& event);
+    void tmrChkSearching_Timer();
+    void forwardEvent(bool flag, const std::wstring& knowledgebase, std::int32_t action);
+    void passOn(bool flag, const std::wstring& knowledgebase, KBAction action);
+    void notifyAddIn(AddIn& addIn, const std::wstring& knowledgebase, KBAction action);
+    [[nodiscard]] std::intptr_t searchWindow();
+
+    Application& application_;
+    PageSite& site_;
+    std::unique_ptr<ui::Timer> tmrChkSearching_;
+    std::array<Row, 5> rows_;
+    bool Changed_ = false;
+    bool IsLoading_ = false;
+    bool loggingAtLoad_ = false;
+    int connectionAttempts_ = 0;
+};
+
+}  // namespace vexa

@@ -1,0 +1,49 @@
+// What the program asked of the machine, in order, and which of its calls shall fail.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tests {
+
+/// Every call that leaves the program, as a line, in order. Lines read
+///   "registry open <path>", "registry create <path>", "registry query <path>\<value>" (each of the two queries),
+///   "registry set <path>\<value> = <value>", "registry delete <path>\<value>", "registry close <path>",
+///   "files <operation> <path>", "clock sleep <ms>", "addin <operation>(<arguments, ...>)", "addin connect",
+///   "locate addin", "message <window> <message> <wParam> <lParam>", "pointer <number>", "doevents",
+///   "timer set <ms>", "timer kill <identifier>", "screen message <text>", "screen colour <initial> <title>",
+///   "site OnStatusChange", "site DisplayName".
+class CallLog {
+public:
+    /// Called by the ports before each call; answers whether this call shall fail, and runs what is to
+    /// happen during it.
+    bool enter(const std::string& line);
+
+    [[nodiscard]] const std::vector<std::string>& lines() const { return lines_; }
+    /// The lines that begin with `prefix`.
+    [[nodiscard]] std::vector<std::string> linesWith(const std::string& prefix) const;
+    void clear();
+
+    /// The call with this index from now on (0 is the next) fails.
+    void failCall(std::size_t index);
+    /// Every call whose line begins with `prefix` fails, from now on.
+    void failCallsWith(const std::string& prefix);
+    /// Runs once, inside the next call whose line begins with `prefix`, before it takes effect.
+    void during(const std::string& prefix, std::function<void()> action);
+    /// No call fails and nothing more happens during one.
+    void forgetFaults();
+
+private:
+    struct Planned {
+        std::string prefix;
+        std::function<void()> action;
+    };
+    std::vector<std::string> lines_;
+    std::size_t calls_ = 0;
+    std::vector<std::size_t> failingCalls_;
+    std::vector<std::string> failingPrefixes_;
+    std::vector<Planned> planned_;
+};
+
+}  // namespace tests

@@ -1,0 +1,42 @@
+// The base of all dialogs: a form lives in one window and reacts to it.
+#pragma once
+
+#include <memory>
+
+#include "ui/window.h"
+
+namespace ui {
+
+class Form {
+public:
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+    virtual ~Form() = default;
+
+    /// Loads the form, shows it modally and returns when it has closed.
+    void Show() {
+        Form_Load();
+        window_->runModal(*this);
+    }
+
+    [[nodiscard]] Window& window() { return *window_; }
+
+protected:
+    explicit Form(std::unique_ptr<Window> window) : window_(std::move(window)) {
+        window_->onResize = [this] { Form_Resize(); };
+        window_->onQueryUnload = [this] { Form_QueryUnload(); };
+    }
+
+    /// Fills the controls; runs before the window becomes visible.
+    virtual void Form_Load() {}
+    virtual void Form_Resize() {}
+    virtual void Form_QueryUnload() {}
+
+    /// Closes the form's window.
+    void Unload() { window_->close(); }
+
+private:
+    std::unique_ptr<Window> window_;
+};
+
+}  // namespace ui
