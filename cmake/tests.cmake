@@ -1,0 +1,9 @@
+# Test programs as CTest tests: native ones run as they are, Windows ones under Wine.
+function(add_program_test name target)
+    if(WIN32)
+        add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/scripts/wine-run $<TARGET_FILE:${target}> ${ARGN})
+    else()
+        add_test(NAME ${name} COMMAND ${target} ${ARGN})
+    endif()
+    set_tests_properties(${name} PROPERTIES TIMEOUT 900)
+endfunction()

@@ -1,0 +1,5 @@
+# The product's resources (templates, icons, manifest, version, type library) for a program or library.
+function(add_resources target)
+    target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/windows/resources/VexaPPE.rc)
+    target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
+endfunction()
