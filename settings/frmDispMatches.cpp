@@ -5,6 +5,11 @@
 #include "ui/dialog_ids.h"
 
 namespace vexa {
+namespace {
+
+constexpr const wchar_t* SWATCH_TOOLTIP = L"Click here to select a color";
+
+}  // namespace
 
 frmDispMatches::frmDispMatches(Application& application, ui::Window& owner)
     : Form(application.screen.createDialog(IDD_frmDispMatches, &owner)),
@@ -22,8 +27,11 @@ frmDispMatches::frmDispMatches(Application& application, ui::Window& owner)
       application_(application) {
     for (ui::OptionButton& option : optDisplayMatches) option.onClick = [this] { optDisplayMatches_Click(); };
     lblSelHotspotColor.onClick = [this] { lblSelHotspotColor_Click(); };
-    for (std::size_t index = 0; index < lblPenalty.size(); ++index)
+    lblSelHotspotColor.setTooltip(SWATCH_TOOLTIP);
+    for (std::size_t index = 0; index < lblPenalty.size(); ++index) {
         lblPenalty[index].get().onClick = [this, index] { lblPenalty_Click(index); };
+        lblPenalty[index].get().setTooltip(SWATCH_TOOLTIP);
+    }
     cmdOk.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { Unload(); };
 }

@@ -1,6 +1,7 @@
 // Base of the form tests: a fresh stage for each test.
 #pragma once
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tests/forms/stage.h"

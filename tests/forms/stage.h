@@ -38,7 +38,8 @@ public:
     /// A value of any type code and content, as a broken or foreign program may have left it.
     virtual void setRawValue(const std::wstring& key, const std::wstring& name, std::uint32_t type,
                              const vexa::Bytes& data) = 0;
-    [[nodiscard]] virtual std::optional<vexa::Value> value(const std::wstring& key, const std::wstring& name) = 0;
+    [[nodiscard]] virtual std::optional<vexa::Value> value(const std::wstring& key,
+                                                           const std::wstring& name) = 0;
     /// An existing folder with a final backslash, below which tests may keep files; it is the installation
     /// folder, too.
     [[nodiscard]] virtual std::wstring folder() = 0;
@@ -50,7 +51,8 @@ public:
     virtual void setTime(const vexa::LocalTime& time) = 0;
 
     /// A window from a page template, shown in a container of this size (pixels).
-    [[nodiscard]] virtual std::unique_ptr<ui::Window> createPage(int templateIdentifier, const ui::Size& size) = 0;
+    [[nodiscard]] virtual std::unique_ptr<ui::Window> createPage(int templateIdentifier,
+                                                                 const ui::Size& size) = 0;
     /// The owner for a dialog that a test shows by itself.
     [[nodiscard]] virtual ui::Window& owner() = 0;
 

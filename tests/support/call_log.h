@@ -8,12 +8,12 @@
 namespace tests {
 
 /// Every call that leaves the program, as a line, in order. Lines read
-///   "registry open <path>", "registry create <path>", "registry query <path>\<value>" (each of the two queries),
-///   "registry set <path>\<value> = <value>", "registry delete <path>\<value>", "registry close <path>",
-///   "files <operation> <path>", "clock sleep <ms>", "addin <operation>(<arguments, ...>)", "addin connect",
-///   "locate addin", "message <window> <message> <wParam> <lParam>", "pointer <number>", "doevents",
-///   "timer set <ms>", "timer kill <identifier>", "screen message <text>", "screen colour <initial> <title>",
-///   "site OnStatusChange", "site DisplayName".
+///   "registry open <path>", "registry create <path>", "registry query <path>\<value>" (each of the two
+///   queries), "registry set <path>\<value> = <value>", "registry delete <path>\<value>", "registry close
+///   <path>", "files <operation> <path>", "clock sleep <ms>", "addin <operation>(<arguments, ...>)", "addin
+///   connect", "locate addin", "message <window> <message> <wParam> <lParam>", "pointer <number>",
+///   "doevents", "timer set <ms>", "timer kill <identifier>", "screen message <text>", "screen colour
+///   <initial> <title>", "site OnStatusChange", "site DisplayName".
 class CallLog {
 public:
     /// Called by the ports before each call; answers whether this call shall fail, and runs what is to
