@@ -73,6 +73,11 @@ public:
     /// One level; throws Error where that fails (a missing parent, an invalid name).
     virtual void createFolder(const std::wstring& path) = 0;
     virtual void deleteFile(const std::wstring& path) = 0;
+    /// The names of the machine's drives, as "C:", in alphabetical order; ready or not.
+    [[nodiscard]] virtual std::vector<std::wstring> drives() = 0;
+    /// The names of the folders in a folder (without hidden ones), in no particular order. Throws Error where
+    /// the folder cannot be read (it does not exist, the drive is not ready).
+    [[nodiscard]] virtual std::vector<std::wstring> subfolders(const std::wstring& path) = 0;
     /// Creates a missing file. Throws Error.
     [[nodiscard]] virtual std::unique_ptr<AppendFile> openForAppending(const std::wstring& path) = 0;
     /// The folder of the component, without a final backslash.

@@ -23,8 +23,6 @@ enum class Kind {
     listBox,
     tabStrip,
     grid,
-    driveList,
-    folderList,
     richText,
     toolbar,
     frame,

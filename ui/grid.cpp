@@ -1,0 +1,141 @@
+#include "ui/grid.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace ui {
+
+// --- Columns ----------------------------------------------------------------------------------------------
+
+void Grid::setColumns(std::vector<GridColumn> columns) {
+    columns_ = std::move(columns);
+    arrows_.assign(columns_.size(), SortArrow::none);
+    showColumns();
+}
+
+SortArrow Grid::sortArrow(int column) const { return arrows_.at(static_cast<std::size_t>(column)); }
+
+void Grid::setSortArrow(int column, SortArrow arrow) {
+    arrows_.at(static_cast<std::size_t>(column)) = arrow;
+    showSortArrow(column);
+}
+
+// --- Rows -------------------------------------------------------------------------------------------------
+
+std::size_t Grid::checked(int row) const {
+    if (row < 0 || row >= rowCount()) throw std::out_of_range("no such row");
+    return static_cast<std::size_t>(row);
+}
+
+const GridRow& Grid::row(int row) const { return rows_[checked(row)]; }
+
+const std::wstring& Grid::cellText(int row, int column) const {
+    static const std::wstring none;
+    const std::vector<GridCell>& cells = rows_[checked(row)].cells;
+    const auto index = static_cast<std::size_t>(column);
+    return index < cells.size() ? cells[index].text : none;
+}
+
+int Grid::addRow(GridRow row) {
+    rows_.push_back(std::move(row));
+    rowsChanged();
+    return rowCount() - 1;
+}
+
+void Grid::removeRow(int row) {
+    const std::size_t index = checked(row);
+    if (edited_ == row) dropEdit();
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
+    if (edited_ > row) --edited_;
+    if (current_ > row)
+        --current_;
+    else if (current_ == row)
+        current_ = -1;
+    rowsChanged();
+}
+
+void Grid::clear() {
+    dropEdit();
+    rows_.clear();
+    current_ = -1;
+    rowsChanged();
+}
+
+void Grid::setCell(int row, int column, GridCell cell) {
+    std::vector<GridCell>& cells = rows_[checked(row)].cells;
+    const auto index = static_cast<std::size_t>(column);
+    if (cells.size() <= index) cells.resize(index + 1);
+    cells[index] = std::move(cell);
+    if (bulkUpdates_ == 0) showRow(row);
+}
+
+void Grid::setAllRowsEnabled(bool enabled) {
+    for (GridRow& row : rows_) row.enabled = enabled;
+    rowsChanged();
+}
+
+void Grid::reorder(const std::vector<int>& order) {
+    if (order.size() != rows_.size()) throw std::invalid_argument("an order names each row once");
+    dropEdit();
+    std::vector<GridRow> rows;
+    rows.reserve(rows_.size());
+    for (const int row : order) rows.push_back(std::move(rows_[checked(row)]));
+    rows_ = std::move(rows);
+    const auto place = std::ranges::find(order, current_);
+    if (place != order.end()) current_ = static_cast<int>(place - order.begin());
+    rowsChanged();
+}
+
+void Grid::rowsChanged() {
+    if (bulkUpdates_ == 0) showRows();
+}
+
+// --- Current row ------------------------------------------------------------------------------------------
+
+void Grid::setCurrentRow(int row) {
+    if (row != -1) static_cast<void>(checked(row));
+    const bool another = row != current_;
+    current_ = row;
+    if (bulkUpdates_ == 0) showCurrentRow();
+    if (another && onCaretChange) onCaretChange();
+}
+
+void Grid::userMovedTo(int row) {
+    if (row == current_) return;
+    current_ = row;
+    if (onCaretChange) onCaretChange();
+}
+
+// --- In-place editor --------------------------------------------------------------------------------------
+
+void Grid::openEditor(int row) {
+    finishEdit();
+    setCurrentRow(row);
+    edited_ = row;
+    try {
+        showEditor(row);
+    } catch (...) {
+        edited_ = -1;
+        throw;
+    }
+}
+
+void Grid::finishEdit() {
+    if (edited_ == -1) return;
+    editEnded(takeEditor());
+}
+
+void Grid::dropEdit() {
+    if (edited_ == -1) return;
+    takeEditor();
+    edited_ = -1;
+}
+
+void Grid::editEnded(const EditorContent& content) {
+    if (edited_ == -1) return;
+    const GridEdit edit{edited_, content.text, content.cancelled};
+    edited_ = -1;
+    if (onEndEdit) onEndEdit(edit);
+}
+
+}  // namespace ui
