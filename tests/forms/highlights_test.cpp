@@ -346,10 +346,10 @@ TEST_P(HighlightsTable, StoresOnOkAndForgetsOnCancel) {
 INSTANTIATE_TEST_SUITE_P(All, HighlightsTable,
                          testing::Combine(testing::ValuesIn(startingPoints()), testing::ValuesIn(deeds()),
                                           testing::Bool()),
-                         [](const auto& info) {
-                             return std::string(std::get<0>(info.param).name) + "_" +
-                                    std::get<1>(info.param).name +
-                                    (std::get<2>(info.param) ? "_Ok" : "_Cancel");
+                         [](const auto& row) {
+                             return std::string(std::get<0>(row.param).name) + "_" +
+                                    std::get<1>(row.param).name +
+                                    (std::get<2>(row.param) ? "_Ok" : "_Cancel");
                          });
 
 }  // namespace

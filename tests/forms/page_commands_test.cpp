@@ -193,7 +193,7 @@ INSTANTIATE_TEST_SUITE_P(
                        stage.writeFile(stage.folder() + L"kb\\Mail.dct", "x");
                    },
                    true}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& one) { return std::string(one.param.name); });
 
 TEST_F(PageCommands, ABrokenCountOfTwoThousandMillionIsHeldAtAHundredThousand) {
     stage->setValue(PROFILE, L"ProjectCount", 2'000'000'000);
