@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <variant>
 
@@ -71,6 +72,16 @@ struct Setting {
 /// The settings that Apply writes, in its order.
 [[nodiscard]] std::span<const Setting* const> applyOrder();
 
+/// The catalogue's entry of a member of the record. Throws std::logic_error where there is none.
+template <class T>
+[[nodiscard]] const Setting& settingOf(T Settings::*member) {
+    for (const Setting& setting : settingsCatalogue()) {
+        const auto* candidate = std::get_if<T Settings::*>(&setting.member);
+        if (candidate && *candidate == member) return setting;
+    }
+    throw std::logic_error("the catalogue lacks a member of the record");
+}
+
 /// Puts a value of the setting's own type (flags: an integer, not 0 is true) into the record.
 void storeSetting(Settings& settings, const Setting& setting, const Value& value);
 
@@ -95,6 +106,9 @@ inline constexpr const wchar_t* Projectname = L"Projectname";
 inline constexpr const wchar_t* Project = L"Project";
 inline constexpr const wchar_t* DefaultProject = L"DefaultProject";
 inline constexpr const wchar_t* VexaBaseDir = L"VexaBaseDir";
+// The attachment dialog's own lists of file extensions.
+inline constexpr const wchar_t* SelectedExtensions = L"SelectedExtensions";
+inline constexpr const wchar_t* AvailableExtensions = L"AvailableExtensions";
 }  // namespace valueName
 
 }  // namespace vexa

@@ -1,11 +1,14 @@
 #include "page/ctlPPE.h"
 
 #include <exception>
+#include <utility>
 
 #include "common/knowledgebase_names.h"
 #include "page/ctlPPE.ids.h"
 #include "page/wizard_rule.h"
+#include "settings/frmAttachment.h"
 #include "settings/frmDispMatches.h"
+#include "settings/frmSettings.h"
 
 namespace vexa {
 namespace {
@@ -87,8 +90,10 @@ ctlPPE::ctlPPE(Application& application, std::unique_ptr<ui::Window> pageWindow,
 
 void ctlPPE::connectHandlers() {
     cmdKnowledgeBase.onClick = [this] { cmdKnowledgeBase_Click(); };
-    cmdSettings.onClick = [this] {};
-    cmdAttachments.onClick = [this] {};
+    cmdSettings.onClick = [this] {
+        showSettingsDialog<frmSettings>(L"cmdSettings_Click", frmSettings::ReportOpener());
+    };
+    cmdAttachments.onClick = [this] { showSettingsDialog<frmAttachment>(L"cmdAttachments_Click"); };
     cmdDispMatches.onClick = [this] { showSettingsDialog<frmDispMatches>(L"cmdDispMatches_Click"); };
     cmdWizard.onClick = [this] { cmdWizard_Click(); };
     cmdWizard.onGotFocus = [this] { cmdWizard_GotFocus(); };
@@ -197,10 +202,10 @@ void ctlPPE::MarkChanged() {
 
 // --- Commands ---------------------------------------------------------------------------------------------
 
-template <class Dialog>
-void ctlPPE::showSettingsDialog(const wchar_t* procedure) {
+template <class Dialog, class... More>
+void ctlPPE::showSettingsDialog(const wchar_t* procedure, More&&... more) {
     runLogged(procedure, [&] {
-        Dialog(application_, window()).Show();
+        Dialog(application_, window(), std::forward<More>(more)...).Show();
         markChangedByDialog();
     });
 }

@@ -80,8 +80,9 @@ private:
     template <class Body>
     void runLogged(const wchar_t* procedure, Body body) noexcept;
 
-    template <class Dialog>
-    void showSettingsDialog(const wchar_t* procedure);
+    /// Shows a dialog made from the application, the page's window and `more`.
+    template <class Dialog, class... More>
+    void showSettingsDialog(const wchar_t* procedure, More&&... more);
     void markChangedByDialog();
 
     void cmdKnowledgeBase_Click();

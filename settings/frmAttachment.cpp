@@ -1,0 +1,204 @@
+#include "settings/frmAttachment.h"
+
+#include "settings/extension_list.h"
+#include "settings/frmAttachment.ids.h"
+#include "ui/dialog_ids.h"
+
+namespace vexa {
+namespace {
+
+constexpr int TAB_KNOWLEDGEBASE = 0;
+constexpr int TAB_EXTENSIONS = 1;
+constexpr int KEY_A = 'A';
+
+void fill(ui::ListBox& list, const std::vector<std::wstring>& items) {
+    const ui::ListBoxUpdate update(list);
+    for (const std::wstring& item : items) list.add(item);
+    if (list.count() > 0) list.setSelected(0, true);
+}
+
+std::vector<std::wstring> itemsOf(const ui::ListBox& list) {
+    std::vector<std::wstring> items;
+    for (int index = 0; index < list.count(); ++index) items.push_back(list.item(index));
+    return items;
+}
+
+void selectAllOnCtrlA(ui::ListBox& list, const ui::KeyEvent& event) {
+    attempt([&] {
+        if (event.key == KEY_A && (event.modifiers & ui::modifier::control) != 0) list.selectAll(true);
+    });
+}
+
+}  // namespace
+
+frmAttachment::frmAttachment(Application& application, ui::Window& owner)
+    : Form(application.screen.createDialog(IDD_frmAttachment, &owner)),
+      sstAttachments(window().control<ui::TabStrip>(IDC_sstAttachments)),
+      fraAttKB(window().control<ui::Frame>(IDC_fraAttKB)),
+      chkKBAdd(window().control<ui::CheckBox>(IDC_chkKBAdd)),
+      optKBAddAll{window().control<ui::OptionButton>(IDC_optKBAddAll_0),
+                  window().control<ui::OptionButton>(IDC_optKBAddAll_1)},
+      lblMaxSize(window().control<ui::Label>(IDC_lblMaxSize)),
+      txtMaxSize(window().control<ui::TextBox>(IDC_txtMaxSize)),
+      updMaxSize(window().control<ui::UpDown>(IDC_updMaxSize)),
+      chkFindAtt(window().control<ui::CheckBox>(IDC_chkFindAtt)),
+      fraExtensions(window().control<ui::Frame>(IDC_fraExtensions)),
+      lblAvailable(window().control<ui::Label>(IDC_lblAvailable)),
+      lstAvailable(window().control<ui::ListBox>(IDC_lstAvailable)),
+      cmdAdd(window().control<ui::Button>(IDC_cmdAdd)),
+      cmdRemove(window().control<ui::Button>(IDC_cmdRemove)),
+      lblSelected(window().control<ui::Label>(IDC_lblSelected)),
+      lstSelected(window().control<ui::ListBox>(IDC_lstSelected)),
+      cmdOk(window().control<ui::Button>(IDC_cmdOk)),
+      cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
+      application_(application),
+      maxSize_(txtMaxSize, updMaxSize, {1, 65000}, application.platform.conversions),
+      pages_{
+          {{&fraAttKB, &chkKBAdd, &optKBAddAll[0].get(), &optKBAddAll[1].get(), &lblMaxSize, &txtMaxSize,
+            &updMaxSize, &chkFindAtt},
+           {&fraExtensions, &lblAvailable, &lstAvailable, &cmdAdd, &cmdRemove, &lblSelected, &lstSelected}}} {
+    describeControls();
+    connectHandlers();
+}
+
+void frmAttachment::describeControls() {
+    sstAttachments.addTab(L"Knowledgebase");
+    sstAttachments.addTab(L"Extensions");
+    cmdAdd.setTooltip(L"Add to the selected extensions");
+    cmdRemove.setTooltip(L"Remove from the selected extensions");
+}
+
+void frmAttachment::connectHandlers() {
+    sstAttachments.onClick = [this] { sstAttachments_Click(); };
+    chkKBAdd.onClick = [this] { chkKBAdd_Click(); };
+    for (ui::OptionButton& option : optKBAddAll) option.onClick = [this] { optKBAddAll_Click(); };
+    txtMaxSize.onChange = [this] { txtMaxSize_Change(); };
+    cmdAdd.onClick = [this] { cmdAdd_Click(); };
+    cmdRemove.onClick = [this] { cmdRemove_Click(); };
+    lstAvailable.onKeyDown = [this](const ui::KeyEvent& event) { lstAvailable_KeyDown(event); };
+    lstSelected.onKeyDown = [this](const ui::KeyEvent& event) { lstSelected_KeyDown(event); };
+    cmdOk.onClick = [this] { cmdOK_Click(); };
+    cmdCancel.onClick = [this] { Unload(); };
+}
+
+// --- Loading ----------------------------------------------------------------------------------------------
+
+void frmAttachment::Form_Load() {
+    attempt([&] { showPage(TAB_KNOWLEDGEBASE); });
+    loadOptions();
+    attempt([&] { loadExtensions(); });
+    attempt([&] { enableMoveButtons(); });
+}
+
+void frmAttachment::loadOptions() {
+    const Settings& settings = application_.settings;
+    attempt([&] { chkKBAdd.setChecked(settings.AddAttachments); });
+    attempt([&] { optKBAddAll[0].get().setSelected(settings.AddAllAttachments); });
+    attempt([&] { optKBAddAll[1].get().setSelected(settings.AddSizelimitedAttachments); });
+    attempt([&] { updMaxSize.setValue(settings.AttachmentsMaxSize); });
+    attempt([&] { chkFindAtt.setChecked(settings.AddAttachmentsToQuery); });
+    chkKBAdd_Click();
+}
+
+void frmAttachment::loadExtensions() {
+    const auto read = [&](const wchar_t* name) {
+        const std::wstring list = application_.readText(application_.ProfileKey, name, L"");
+        return splitExtensions(application_.platform.conversions.lower(list));
+    };
+    const std::vector<std::wstring> available = read(valueName::AvailableExtensions);
+    const std::vector<std::wstring> selected = read(valueName::SelectedExtensions);
+    fill(lstAvailable, withoutSelected(available, selected));
+    fill(lstSelected, selected);
+}
+
+// --- Enabling ---------------------------------------------------------------------------------------------
+
+void frmAttachment::chkKBAdd_Click() {
+    attempt([&] {
+        for (ui::OptionButton& option : optKBAddAll) option.setEnabled(chkKBAdd.checked());
+        enableSizeField(chkKBAdd.checked() && optKBAddAll[1].get().selected());
+    });
+}
+
+void frmAttachment::optKBAddAll_Click() {
+    attempt([&] { enableSizeField(optKBAddAll[1].get().selected()); });
+}
+
+void frmAttachment::enableSizeField(bool enabled) {
+    lblMaxSize.setEnabled(enabled);
+    txtMaxSize.setEnabled(enabled);
+    updMaxSize.setEnabled(enabled);
+}
+
+void frmAttachment::enableMoveButtons() {
+    cmdAdd.setEnabled(lstAvailable.count() > 0);
+    cmdRemove.setEnabled(lstSelected.count() > 0);
+}
+
+// --- Extensions -------------------------------------------------------------------------------------------
+
+void frmAttachment::cmdAdd_Click() {
+    attempt([&] { moveSelected(lstAvailable, lstSelected); });
+}
+
+void frmAttachment::cmdRemove_Click() {
+    attempt([&] { moveSelected(lstSelected, lstAvailable); });
+}
+
+void frmAttachment::moveSelected(ui::ListBox& source, ui::ListBox& target) {
+    const ui::ListBoxUpdate sourceUpdate(source);
+    const ui::ListBoxUpdate targetUpdate(target);
+    target.selectAll(false);
+    // From the last to the first, so that the indexes of the items still to come stay valid.
+    for (int index = source.count() - 1; index >= 0; --index) {
+        if (!source.selected(index)) continue;
+        const int added = target.add(source.item(index));
+        source.remove(index);
+        target.setSelected(added, true);
+    }
+    if (source.count() > 0) source.setSelected(0, true);
+    enableMoveButtons();
+}
+
+void frmAttachment::lstAvailable_KeyDown(const ui::KeyEvent& event) { selectAllOnCtrlA(lstAvailable, event); }
+
+void frmAttachment::lstSelected_KeyDown(const ui::KeyEvent& event) { selectAllOnCtrlA(lstSelected, event); }
+
+// --- Tabs -------------------------------------------------------------------------------------------------
+
+void frmAttachment::sstAttachments_Click() {
+    attempt([&] {
+        const int tab = sstAttachments.current();
+        showPage(tab);
+        if (tab == TAB_KNOWLEDGEBASE) chkKBAdd.setFocus();
+        if (tab == TAB_EXTENSIONS) lstAvailable.setFocus();
+    });
+}
+
+void frmAttachment::showPage(int tab) {
+    for (int page = 0; page < static_cast<int>(pages_.size()); ++page)
+        for (ui::Control* control : pages_[static_cast<std::size_t>(page)]) control->setVisible(page == tab);
+}
+
+// --- Storing ----------------------------------------------------------------------------------------------
+
+void frmAttachment::cmdOK_Click() {
+    attempt([&] {
+        application_.writeText(application_.ProfileKey, valueName::SelectedExtensions,
+                               joinExtensions(itemsOf(lstSelected)));
+    });
+    attempt([&] { store(&Settings::AddAttachments, chkKBAdd.checked()); });
+    attempt([&] { store(&Settings::AddAllAttachments, optKBAddAll[0].get().selected()); });
+    attempt([&] { store(&Settings::AddSizelimitedAttachments, optKBAddAll[1].get().selected()); });
+    attempt([&] { store(&Settings::AttachmentsMaxSize, updMaxSize.value()); });
+    attempt([&] { store(&Settings::AddAttachmentsToQuery, chkFindAtt.checked()); });
+    Unload();
+}
+
+template <class T>
+void frmAttachment::store(T Settings::*setting, T value) {
+    application_.writeInteger(application_.ProfileKey, settingOf(setting).name, value);
+    application_.settings.*setting = value;
+}
+
+}  // namespace vexa

@@ -1,0 +1,194 @@
+#include "settings/frmSettings.h"
+
+#include "common/knowledgebase_names.h"
+#include "settings/frmSettings.ids.h"
+#include "settings/setting_update.h"
+#include "ui/dialog_ids.h"
+
+namespace vexa {
+namespace {
+
+/// `FindShortcut` is an index into this table.
+constexpr std::array SHORTCUTS{L"Ctrl+S", L"Shift+F3"};
+
+constexpr const wchar_t* NO_KNOWLEDGEBASE = L"<None>";
+constexpr int NO_KNOWLEDGEBASE_INDEX = 0;
+
+std::wstring selectedText(const ui::ComboBox& combo) {
+    return combo.selectedIndex() < 0 ? std::wstring() : combo.item(combo.selectedIndex());
+}
+
+/// 0 where no item is equal.
+int indexOf(const ui::ComboBox& combo, const std::wstring& text) {
+    for (int index = 0; index < combo.count(); ++index)
+        if (combo.item(index) == text) return index;
+    return 0;
+}
+
+}  // namespace
+
+frmSettings::frmSettings(Application& application, ui::Window& owner, ReportOpener openReport)
+    : Form(application.screen.createDialog(IDD_frmSettings, &owner)),
+      chkAutoInfo(window().control<ui::CheckBox>(IDC_chkAutoInfo)),
+      optAutoInfo{window().control<ui::OptionButton>(IDC_optAutoInfo_0),
+                  window().control<ui::OptionButton>(IDC_optAutoInfo_1)},
+      lblDelay(window().control<ui::Label>(IDC_lblDelay)),
+      txtDelay(window().control<ui::TextBox>(IDC_txtDelay)),
+      updDelay(window().control<ui::UpDown>(IDC_updDelay)),
+      lblDelayInfo(window().control<ui::Label>(IDC_lblDelayInfo)),
+      lblSearchShortcut(window().control<ui::Label>(IDC_lblSearchShortcut)),
+      cboSearchShortcut(window().control<ui::ComboBox>(IDC_cboSearchShortcut)),
+      txtEntryCount(window().control<ui::TextBox>(IDC_txtEntryCount)),
+      updEntryCount(window().control<ui::UpDown>(IDC_updEntryCount)),
+      txtMinRel(window().control<ui::TextBox>(IDC_txtMinRel)),
+      updMinRel(window().control<ui::UpDown>(IDC_updMinRel)),
+      cboDefaultKB(window().control<ui::ComboBox>(IDC_cboDefaultKB)),
+      chkLoggingInformation(window().control<ui::CheckBox>(IDC_chkLoggingInformation)),
+      cmdSendLog(window().control<ui::Button>(IDC_cmdSendLog)),
+      cmdOk(window().control<ui::Button>(IDC_cmdOk)),
+      cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
+      application_(application),
+      openReport_(std::move(openReport)),
+      delay_(txtDelay, updDelay, {0, 60}, application.platform.conversions),
+      entryCount_(txtEntryCount, updEntryCount, {10, 10000}, application.platform.conversions),
+      minRel_(txtMinRel, updMinRel, {0, 100}, application.platform.conversions) {
+    connectHandlers();
+}
+
+void frmSettings::connectHandlers() {
+    chkAutoInfo.onClick = [this] { chkAutoInfo_Click(); };
+    chkLoggingInformation.onClick = [this] { chkLoggingInformation_Click(); };
+    txtDelay.onChange = [this] { txtDelay_Change(); };
+    txtEntryCount.onChange = [this] { txtEntryCount_Change(); };
+    txtMinRel.onChange = [this] { txtMinRel_Change(); };
+    cmdSendLog.onClick = [this] { cmdSendLog_Click(); };
+    cmdOk.onClick = [this] { cmdOK_Click(); };
+    cmdCancel.onClick = [this] { Unload(); };
+}
+
+// --- Loading ----------------------------------------------------------------------------------------------
+
+void frmSettings::Form_Load() {
+    const Settings& settings = application_.settings;
+    application_.flags.defaultKnowledgebaseChanged = false;
+    application_.flags.shortcutChanged = false;
+    attempt([&] { readDefaultProject(); });
+    attempt([&] { listKnowledgebases(); });
+    attempt([&] { selectDefaultKnowledgebase(); });
+    attempt([&] { listShortcuts(); });
+    attempt([&] { updEntryCount.setValue(settings.MaxEntries); });
+    attempt([&] { updMinRel.setValue(settings.MinRel); });
+    loadAutomaticSearch();
+    attempt([&] { updDelay.setValue(settings.AutoFindDelay); });
+    chkAutoInfo_Click();
+    attempt([&] { chkLoggingInformation.setChecked(settings.LoggingInformation); });
+    chkLoggingInformation_Click();
+}
+
+void frmSettings::readDefaultProject() {
+    // Unlike the page's own reading, a missing name is none: the dialog starts from what is stored.
+    application_.settings.DefaultProject =
+        application_.readText(application_.ProfileKey, valueName::DefaultProject, L"");
+}
+
+void frmSettings::listKnowledgebases() {
+    cboDefaultKB.add(NO_KNOWLEDGEBASE);
+    const std::int32_t count = knowledgebaseCount(application_);
+    for (std::int32_t index = 1; index <= count; ++index) {
+        const std::wstring name = knowledgebaseName(application_, index, L"");
+        if (!name.empty()) cboDefaultKB.add(name);
+    }
+}
+
+void frmSettings::selectDefaultKnowledgebase() {
+    cboDefaultKB.select(indexOf(cboDefaultKB, application_.settings.DefaultProject));
+}
+
+void frmSettings::listShortcuts() {
+    for (const wchar_t* shortcut : SHORTCUTS) cboSearchShortcut.add(shortcut);
+    cboSearchShortcut.select(application_.settings.FindShortcut);
+}
+
+void frmSettings::loadAutomaticSearch() {
+    const Settings& settings = application_.settings;
+    attempt([&] { chkAutoInfo.setChecked(settings.AutoInfo); });
+    attempt([&] { optAutoInfo[0].get().setSelected(settings.AutoFindUnread); });
+    attempt([&] { optAutoInfo[1].get().setSelected(settings.AutoFindAll); });
+    attempt([&] {
+        if (!settings.AutoFindUnread && !settings.AutoFindAll) optAutoInfo[0].get().setSelected(true);
+    });
+}
+
+// --- Enabling ---------------------------------------------------------------------------------------------
+
+void frmSettings::chkAutoInfo_Click() {
+    attempt([&] {
+        const bool automatic = chkAutoInfo.checked();
+        for (ui::Control* control : std::initializer_list<ui::Control*>{
+                 &optAutoInfo[0].get(), &optAutoInfo[1].get(), &lblDelay, &txtDelay, &updDelay})
+            control->setEnabled(automatic);
+        lblSearchShortcut.setEnabled(!automatic);
+        cboSearchShortcut.setEnabled(!automatic);
+    });
+}
+
+void frmSettings::chkLoggingInformation_Click() {
+    attempt([&] { cmdSendLog.setEnabled(chkLoggingInformation.checked()); });
+}
+
+// --- Report -----------------------------------------------------------------------------------------------
+
+void frmSettings::cmdSendLog_Click() {
+    guarded(application_, L"frmSettings", L"SendLog", [&] { openReport_(window()); });
+}
+
+// --- Storing ----------------------------------------------------------------------------------------------
+
+void frmSettings::cmdOK_Click() {
+    attempt([&] { storeDefaultKnowledgebase(); });
+    attempt([&] { storeResultLimits(); });
+    attempt([&] { storeAutomaticSearch(); });
+    attempt([&] { storeShortcut(); });
+    attempt([&] {
+        SettingUpdate(application_.flags)(application_.settings.LoggingInformation,
+                                          chkLoggingInformation.checked());
+    });
+    Unload();
+}
+
+void frmSettings::storeDefaultKnowledgebase() {
+    const std::wstring name = selectedText(cboDefaultKB);
+    // "<None>" differs from the empty name that stands for it, so that keeping it counts as a change.
+    if (name != application_.settings.DefaultProject) {
+        application_.flags.dialogChanged = true;
+        application_.flags.defaultKnowledgebaseChanged = true;
+    }
+    const bool none = cboDefaultKB.selectedIndex() == NO_KNOWLEDGEBASE_INDEX;
+    application_.settings.DefaultProject = none ? std::wstring() : name;
+}
+
+void frmSettings::storeResultLimits() {
+    SettingUpdate update(application_.flags);
+    update(application_.settings.MaxEntries, updEntryCount.value());
+    update(application_.settings.MinRel, updMinRel.value());
+}
+
+void frmSettings::storeAutomaticSearch() {
+    Settings& settings = application_.settings;
+    SettingUpdate update(application_.flags);
+    update(settings.AutoInfo, chkAutoInfo.checked());
+    const bool unread = optAutoInfo[0].get().selected();
+    if (unread != settings.AutoFindUnread || optAutoInfo[1].get().selected() != settings.AutoFindAll)
+        application_.flags.dialogChanged = true;
+    settings.AutoFindUnread = settings.AutoInfo && unread;
+    settings.AutoFindAll = settings.AutoInfo && !unread;
+    update(settings.AutoFindDelay, updDelay.value());
+}
+
+void frmSettings::storeShortcut() {
+    const std::int32_t index = cboSearchShortcut.selectedIndex();
+    if (SettingUpdate(application_.flags)(application_.settings.FindShortcut, index))
+        application_.flags.shortcutChanged = true;
+}
+
+}  // namespace vexa
