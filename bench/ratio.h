@@ -9,11 +9,11 @@ namespace bench {
 
 struct Pair {
     std::string name;
-    double goal;                  ///< the ratio that shall not be exceeded
-    std::function<void()> deed;   ///< what the product does
-    std::function<void()> bare;   ///< the same system calls and nothing else
-    int rounds = 31;              ///< pairs that are timed
-    int repetitions = 1;          ///< calls per timing, so that one takes at least some milliseconds
+    double goal;                 ///< the ratio that shall not be exceeded
+    std::function<void()> deed;  ///< what the product does
+    std::function<void()> bare;  ///< the same system calls and nothing else
+    int rounds = 31;             ///< pairs that are timed
+    int repetitions = 1;         ///< calls per timing, so that one takes at least some milliseconds
 };
 
 /// Times both sides in turn after one warm-up and prints the median ratio with its quartiles, the median

@@ -1,6 +1,7 @@
 // The rows of the page, laid out anew at each change of size. Distances are in twips, so that the page scales
 // with the screen.
 #include <algorithm>
+#include <cmath>
 
 #include "page/ctlPPE.h"
 
@@ -26,8 +27,8 @@ constexpr int MOST_ROW_HEIGHT = ROW_HEIGHT + 300;
 struct Scale {
     double twipsPerPixelX;
     double twipsPerPixelY;
-    [[nodiscard]] int x(int twips) const { return static_cast<int>(twips / twipsPerPixelX + 0.5); }
-    [[nodiscard]] int y(int twips) const { return static_cast<int>(twips / twipsPerPixelY + 0.5); }
+    [[nodiscard]] int x(int twips) const { return static_cast<int>(std::lround(twips / twipsPerPixelX)); }
+    [[nodiscard]] int y(int twips) const { return static_cast<int>(std::lround(twips / twipsPerPixelY)); }
 };
 
 }  // namespace
