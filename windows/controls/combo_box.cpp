@@ -1,0 +1,46 @@
+#include "windows/controls/combo_box.h"
+
+namespace win {
+namespace {
+
+constexpr int MOST_SHOWN_ITEMS = 12;
+
+}  // namespace
+
+void ComboBox::onCommand(int code) {
+    if (code == CBN_SELCHANGE) raise(onClick);
+}
+
+void ComboBox::move(const ui::Rect& bounds) {
+    // The height that the system wants is that of the box with its list dropped down.
+    const int list = static_cast<int>(send(CB_GETITEMHEIGHT)) * MOST_SHOWN_ITEMS;
+    ControlOf::move({bounds.left, bounds.top, bounds.width, bounds.height + list});
+}
+
+void ComboBox::clear() { send(CB_RESETCONTENT); }
+
+void ComboBox::add(const std::wstring& item) {
+    send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
+}
+
+int ComboBox::count() const { return static_cast<int>(send(CB_GETCOUNT)); }
+
+std::wstring ComboBox::item(int index) const {
+    const LRESULT length = send(CB_GETLBTEXTLEN, static_cast<WPARAM>(index));
+    if (length == CB_ERR) return {};
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+    send(CB_GETLBTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+int ComboBox::selectedIndex() const { return static_cast<int>(send(CB_GETCURSEL)); }
+
+void ComboBox::select(int index) {
+    const bool inRange = index >= 0 && index < count();
+    send(CB_SETCURSEL, inRange ? static_cast<WPARAM>(index) : static_cast<WPARAM>(-1));
+}
+
+bool ComboBox::droppedDown() const { return send(CB_GETDROPPEDSTATE) != 0; }
+
+}  // namespace win

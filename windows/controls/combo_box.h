@@ -1,0 +1,23 @@
+// A drop-down list: the system's combo box.
+#pragma once
+
+#include "ui/controls.h"
+#include "windows/controls/control_base.h"
+
+namespace win {
+
+class ComboBox : public ControlOf<ui::ComboBox> {
+public:
+    using ControlOf::ControlOf;
+    void onCommand(int code) override;
+    void move(const ui::Rect& bounds) override;
+    void clear() override;
+    void add(const std::wstring& item) override;
+    [[nodiscard]] int count() const override;
+    [[nodiscard]] std::wstring item(int index) const override;
+    [[nodiscard]] int selectedIndex() const override;
+    void select(int index) override;
+    [[nodiscard]] bool droppedDown() const override;
+};
+
+}  // namespace win

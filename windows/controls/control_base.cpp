@@ -1,0 +1,145 @@
+#include "windows/controls/control_base.h"
+
+#include <commctrl.h>
+#include <windowsx.h>
+
+#include "windows/controls/window.h"
+
+namespace win {
+namespace {
+
+constexpr UINT_PTR SUBCLASS = 1;
+
+int modifiersNow() {
+    int modifiers = 0;
+    if (GetKeyState(VK_SHIFT) < 0) modifiers += ui::modifier::shift;
+    if (GetKeyState(VK_CONTROL) < 0) modifiers += ui::modifier::control;
+    if (GetKeyState(VK_MENU) < 0) modifiers += ui::modifier::alt;
+    return modifiers;
+}
+
+int heldButton(WPARAM keys) {
+    if (keys & MK_LBUTTON) return 1;
+    if (keys & MK_RBUTTON) return 2;
+    return keys & MK_MBUTTON ? 4 : 0;
+}
+
+/// The button that goes down with a message; 0 where none does.
+int pressedButton(UINT message) {
+    switch (message) {
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK: return 1;
+        case WM_RBUTTONDOWN: return 2;
+        case WM_MBUTTONDOWN: return 4;
+        default: return 0;
+    }
+}
+
+}  // namespace
+
+ControlBase::ControlBase(Window& window, HWND handle, ui::Control& control)
+    : dialog_(window), handle_(handle), control_(control) {
+    SetWindowSubclass(handle_, procedure, SUBCLASS, reinterpret_cast<DWORD_PTR>(this));
+}
+
+ControlBase::~ControlBase() { detach(); }
+
+void ControlBase::detach() {
+    if (handle_ != nullptr) RemoveWindowSubclass(handle_, procedure, SUBCLASS);
+    handle_ = nullptr;
+}
+
+LRESULT CALLBACK ControlBase::procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                        DWORD_PTR wrapper) noexcept {
+    try {
+        auto& base = *reinterpret_cast<ControlBase*>(wrapper);
+        if (message == WM_NCDESTROY)
+            base.detach();
+        else if (const auto answer = base.filter(message, wParam, lParam))
+            return *answer;
+    } catch (...) {
+        // A handler that fails has had its say; the control goes on with the message.
+    }
+    return DefSubclassProc(handle, message, wParam, lParam);
+}
+
+std::optional<LRESULT> ControlBase::filter(UINT message, WPARAM wParam, LPARAM lParam) {
+    const int button = pressedButton(message);
+    if (button != 0 && mouseDownTaken(button, lParam)) return 0;
+    if ((message == WM_KEYDOWN || message == WM_SYSKEYDOWN) && keyTaken(static_cast<int>(wParam))) return 0;
+    if (message == WM_MOUSEMOVE) mouseMoved(wParam, lParam);
+    if (message == WM_SETFOCUS) raise(control_.onGotFocus);
+    return onMessage(message, wParam, lParam);
+}
+
+bool ControlBase::mouseDownTaken(int button, LPARAM lParam) {
+    ui::MouseEvent event{button, modifiersNow(), GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    raise(control_.onMouseDown, event);
+    return event.button == 0;
+}
+
+void ControlBase::mouseMoved(WPARAM wParam, LPARAM lParam) {
+    ui::MouseEvent event{heldButton(wParam), modifiersNow(), GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    raise(control_.onMouseMove, event);
+}
+
+bool ControlBase::keyTaken(int key) {
+    if (!control_.onKeyDown) return false;
+    const HWND handle = handle_;
+    ui::KeyEvent event{key, modifiersNow()};
+    raise(control_.onKeyDown, event);
+    if (event.key != 0) return false;
+    // The characters that the key stands for are waiting already.
+    MSG character;
+    while (PeekMessageW(&character, handle, WM_CHAR, WM_DEADCHAR, PM_REMOVE)) continue;
+    return true;
+}
+
+std::wstring ControlBase::windowText() const {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(handle_)) + 1, L'\0');
+    const int length = GetWindowTextW(handle_, text.data(), static_cast<int>(text.size()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+void ControlBase::enable(bool enabled) {
+    if (!enabled) leaveFocus();
+    EnableWindow(handle_, enabled);
+}
+
+void ControlBase::show(bool visible) {
+    if (!visible) leaveFocus();
+    ShowWindow(handle_, visible ? SW_SHOWNA : SW_HIDE);
+}
+
+bool ControlBase::isFocused() const { return handle_ != nullptr && dialog_.focus() == handle_; }
+
+void ControlBase::focus() {
+    if (handle_ != nullptr && isEnabled() && isShown()) dialog_.setFocus(handle_);
+}
+
+/// A control that can no longer take keys must not keep the focus: the keyboard would be dead.
+void ControlBase::leaveFocus() {
+    if (handle_ == nullptr || GetFocus() != handle_) return;
+    const HWND next = GetNextDlgTabItem(dialog_.window(), handle_, FALSE);
+    if (next != nullptr && next != handle_) SetFocus(next);
+}
+
+ui::Rect ControlBase::place() const {
+    RECT area{};
+    GetWindowRect(handle_, &area);
+    MapWindowPoints(nullptr, GetParent(handle_), reinterpret_cast<POINT*>(&area), 2);
+    return {area.left, area.top, area.right - area.left, area.bottom - area.top};
+}
+
+void ControlBase::placeAt(const ui::Rect& bounds) {
+    SetWindowPos(handle_, nullptr, bounds.left, bounds.top, bounds.width, bounds.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void ControlBase::setTip(const std::wstring& text) {
+    tip_ = text;
+    if (handle_ != nullptr) dialog_.tooltips().set(handle_, text);
+}
+
+}  // namespace win

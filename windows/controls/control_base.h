@@ -1,0 +1,110 @@
+// The base of all wrappers around the controls of a dialog template. A wrapper hears what its control tells
+// the dialog and sees every message on its way to the control; the dialog itself only routes.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "ui/control.h"
+
+namespace win {
+
+class Window;
+
+/// Calls a handler, if there is one. The call keeps its own copy: a handler may replace or destroy itself.
+template <class... Parameters, class... Arguments>
+void raise(const std::function<void(Parameters...)>& event, Arguments&&... arguments) {
+    if (!event) return;
+    const auto running = event;
+    running(std::forward<Arguments>(arguments)...);
+}
+
+class ControlBase {
+public:
+    /// `control` is the wrapper itself.
+    ControlBase(Window& window, HWND handle, ui::Control& control);
+    ControlBase(const ControlBase&) = delete;
+    ControlBase& operator=(const ControlBase&) = delete;
+    virtual ~ControlBase();
+
+    [[nodiscard]] ui::Control& asControl() { return control_; }
+    /// Null once the control's window is gone.
+    [[nodiscard]] HWND window() const { return handle_; }
+
+    // Hooks for the kinds of control, called by the dialog. Each may throw; nothing leaves the dialog.
+    /// WM_COMMAND with this notification code.
+    virtual void onCommand(int /*code*/) {}
+    /// WM_NOTIFY; a result is the answer to the control.
+    virtual std::optional<LRESULT> onNotify(NMHDR& /*notification*/) { return std::nullopt; }
+    /// WM_DRAWITEM and WM_MEASUREITEM; true where the wrapper has handled them.
+    virtual bool onDrawItem(const DRAWITEMSTRUCT& /*item*/) { return false; }
+    virtual bool onMeasureItem(MEASUREITEMSTRUCT& /*item*/) { return false; }
+    /// WM_HSCROLL or WM_VSCROLL with this scroll code.
+    virtual void onScroll(int /*code*/) {}
+    /// Any message to the control, before it gets it; a result keeps it away from the control.
+    virtual std::optional<LRESULT> onMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) {
+        return std::nullopt;
+    }
+
+protected:
+    [[nodiscard]] Window& dialog() const { return dialog_; }
+    LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return SendMessageW(handle_, message, wParam, lParam);
+    }
+    [[nodiscard]] DWORD style() const { return static_cast<DWORD>(GetWindowLongW(handle_, GWL_STYLE)); }
+    /// The window's own text, whatever the control makes of it.
+    [[nodiscard]] std::wstring windowText() const;
+
+    // What all kinds do alike.
+    [[nodiscard]] bool isEnabled() const { return IsWindowEnabled(handle_) != FALSE; }
+    void enable(bool enabled);
+    [[nodiscard]] bool isShown() const { return (style() & WS_VISIBLE) != 0; }
+    void show(bool visible);
+    [[nodiscard]] bool isFocused() const;
+    void focus();
+    [[nodiscard]] ui::Rect place() const;
+    void placeAt(const ui::Rect& bounds);
+    [[nodiscard]] const std::wstring& tip() const { return tip_; }
+    void setTip(const std::wstring& text);
+
+private:
+    static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam,
+                                      UINT_PTR identifier, DWORD_PTR wrapper) noexcept;
+    [[nodiscard]] std::optional<LRESULT> filter(UINT message, WPARAM wParam, LPARAM lParam);
+    [[nodiscard]] bool mouseDownTaken(int button, LPARAM lParam);
+    [[nodiscard]] bool keyTaken(int key);
+    void mouseMoved(WPARAM wParam, LPARAM lParam);
+    void leaveFocus();
+    void detach();
+
+    Window& dialog_;
+    HWND handle_;
+    ui::Control& control_;
+    std::wstring tip_;
+};
+
+/// A wrapper that speaks an interface of the vocabulary; the kinds add what is theirs.
+template <class Interface>
+class ControlOf : public Interface, public ControlBase {
+public:
+    ControlOf(Window& window, HWND handle) : ControlBase(window, handle, *this) {}
+
+    [[nodiscard]] bool enabled() const override { return isEnabled(); }
+    void setEnabled(bool enabled) override { enable(enabled); }
+    [[nodiscard]] bool visible() const override { return isShown(); }
+    void setVisible(bool visible) override { show(visible); }
+    [[nodiscard]] std::wstring text() const override { return windowText(); }
+    void setText(const std::wstring& text) override { SetWindowTextW(window(), text.c_str()); }
+    [[nodiscard]] bool hasFocus() const override { return isFocused(); }
+    void setFocus() override { focus(); }
+    [[nodiscard]] ui::Rect bounds() const override { return place(); }
+    void move(const ui::Rect& bounds) override { placeAt(bounds); }
+    [[nodiscard]] std::wstring tooltip() const override { return tip(); }
+    void setTooltip(const std::wstring& text) override { setTip(text); }
+    [[nodiscard]] std::intptr_t handle() const override { return reinterpret_cast<std::intptr_t>(window()); }
+};
+
+}  // namespace win

@@ -1,0 +1,112 @@
+#include "windows/controls/plain_controls.h"
+
+#include <vector>
+
+#include "windows/controls/window.h"
+
+namespace win {
+namespace {
+
+bool isOption(HWND control) {
+    const auto code = static_cast<UINT>(SendMessageW(control, WM_GETDLGCODE, 0, 0));
+    return (code & DLGC_RADIOBUTTON) != 0;
+}
+
+bool startsGroup(HWND control) { return (GetWindowLongW(control, GWL_STYLE) & WS_GROUP) != 0; }
+
+/// The options of the template's group around `option`, also the disabled and hidden ones.
+std::vector<HWND> groupOf(HWND option) {
+    HWND first = option;
+    while (!startsGroup(first)) {
+        const HWND before = GetWindow(first, GW_HWNDPREV);
+        if (before == nullptr) break;
+        first = before;
+    }
+    std::vector<HWND> group;
+    for (HWND member = first; member != nullptr; member = GetWindow(member, GW_HWNDNEXT)) {
+        if (member != first && startsGroup(member)) break;
+        if (isOption(member)) group.push_back(member);
+    }
+    return group;
+}
+
+bool isChecked(HWND button) { return SendMessageW(button, BM_GETCHECK, 0, 0) == BST_CHECKED; }
+
+void check(HWND button, bool checked) {
+    SendMessageW(button, BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+}  // namespace
+
+// --- Button -----------------------------------------------------------------------------------------------
+
+Button::Button(Window& window, HWND handle) : ControlOf(window, handle), caption_(windowText()) {}
+
+void Button::onCommand(int code) {
+    if (code == BN_CLICKED) raise(onClick);
+}
+
+void Button::setText(const std::wstring& text) {
+    caption_ = text;
+    nameWindow();
+}
+
+void Button::setTooltip(const std::wstring& text) {
+    ControlOf::setTooltip(text);
+    nameWindow();
+}
+
+void Button::nameWindow() {
+    const bool picture = (style() & (BS_ICON | BS_BITMAP)) != 0;
+    const std::wstring& name = picture && caption_.empty() ? tip() : caption_;
+    SetWindowTextW(window(), name.c_str());
+}
+
+// --- Check box --------------------------------------------------------------------------------------------
+
+void CheckBox::onCommand(int code) {
+    if (code == BN_CLICKED) raise(onClick);
+}
+
+bool CheckBox::checked() const { return isChecked(window()); }
+
+void CheckBox::setChecked(bool checked) {
+    if (checked == isChecked(window())) return;
+    check(window(), checked);
+    raise(onClick);
+}
+
+// --- Option -----------------------------------------------------------------------------------------------
+
+OptionButton::OptionButton(Window& window, HWND handle)
+    : ControlOf(window, handle), known_(isChecked(handle)) {
+    // Getting the focus alone must not select: a dialog may open with no option selected.
+    send(BM_SETDONTCLICK, TRUE);
+}
+
+void OptionButton::onCommand(int code) {
+    if (code != BN_CLICKED) return;
+    const bool news = !known_ && selected();
+    noteGroup();
+    if (news) raise(onClick);
+}
+
+bool OptionButton::selected() const { return isChecked(window()); }
+
+void OptionButton::setSelected(bool selected) {
+    if (selected == isChecked(window())) return;
+    if (selected)
+        for (HWND member : groupOf(window())) check(member, member == window());
+    else
+        check(window(), false);
+    noteGroup();
+    if (selected) raise(onClick);
+}
+
+void OptionButton::noteGroup() {
+    for (HWND member : groupOf(window()))
+        if (auto* wrapper = dynamic_cast<OptionButton*>(dialog().find(GetDlgCtrlID(member))))
+            wrapper->known_ = isChecked(member);
+}
+
+}  // namespace win

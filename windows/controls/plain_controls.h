@@ -1,0 +1,50 @@
+// The controls that need little beside what all have: label, frame, line, buttons, check box, option.
+#pragma once
+
+#include "ui/controls.h"
+#include "windows/controls/control_base.h"
+
+namespace win {
+
+using Label = ControlOf<ui::Label>;
+using Frame = ControlOf<ui::Frame>;
+using Line = ControlOf<ui::Line>;
+
+/// A button that shows a picture bears its tooltip as window text, which screen readers tell.
+class Button : public ControlOf<ui::Button> {
+public:
+    Button(Window& window, HWND handle);
+    void onCommand(int code) override;
+    [[nodiscard]] std::wstring text() const override { return caption_; }
+    void setText(const std::wstring& text) override;
+    void setTooltip(const std::wstring& text) override;
+
+private:
+    void nameWindow();
+
+    std::wstring caption_;
+};
+
+class CheckBox : public ControlOf<ui::CheckBox> {
+public:
+    using ControlOf::ControlOf;
+    void onCommand(int code) override;
+    [[nodiscard]] bool checked() const override;
+    void setChecked(bool checked) override;
+};
+
+class OptionButton : public ControlOf<ui::OptionButton> {
+public:
+    OptionButton(Window& window, HWND handle);
+    void onCommand(int code) override;
+    [[nodiscard]] bool selected() const override;
+    void setSelected(bool selected) override;
+
+private:
+    /// Every wrapper of the group takes over the state of its control.
+    void noteGroup();
+
+    bool known_;  ///< the state that handlers have been told
+};
+
+}  // namespace win

@@ -1,0 +1,86 @@
+// The system's message box and colour chooser.
+#include <windows.h>
+
+#include <commdlg.h>
+
+#include <stdexcept>
+
+#include "windows/controls/screen.h"
+#include "windows/controls/window.h"
+
+namespace win {
+namespace {
+
+constexpr ui::Colour COLOUR_BITS = 0x00FFFFFF;
+
+/// The top-level window that a question is modal over. A page that is not shown yet has none to speak of.
+HWND questionOwner(const ui::Window* asker) {
+    const HWND window = handleOf(asker);
+    const HWND root = window ? GetAncestor(window, GA_ROOT) : nullptr;
+    return IsWindowVisible(root) ? root : GetActiveWindow();
+}
+
+UINT styleOf(const ui::Message& message) {
+    UINT style = message.buttons == ui::MessageButtons::yesNo ? MB_YESNO : MB_OK;
+    switch (message.icon) {
+        case ui::MessageIcon::exclamation: style |= MB_ICONEXCLAMATION; break;
+        case ui::MessageIcon::question: style |= MB_ICONQUESTION; break;
+        case ui::MessageIcon::information: style |= MB_ICONINFORMATION; break;
+        case ui::MessageIcon::none: break;
+    }
+    return style;
+}
+
+/// The user's own colours of the chooser, kept while the process lives.
+COLORREF* customColours() {
+    static COLORREF colours[16] = {0xFFFFFF, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF,
+                                   0xFFFFFF, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF,
+                                   0xFFFFFF, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF};
+    return colours;
+}
+
+/// Gives the chooser its title; everything else is left to it.
+UINT_PTR CALLBACK chooserHook(HWND chooser, UINT message, WPARAM, LPARAM lParam) noexcept {
+    if (message == WM_INITDIALOG) {
+        const auto* question = reinterpret_cast<const CHOOSECOLORW*>(lParam);
+        const auto& title = *reinterpret_cast<const std::wstring*>(question->lCustData);
+        if (!title.empty()) SetWindowTextW(chooser, title.c_str());
+    }
+    return 0;
+}
+
+}  // namespace
+
+ui::MessageAnswer Screen::showMessage(ui::Window* owner, const ui::Message& message) {
+    const bool yesNo = message.buttons == ui::MessageButtons::yesNo;
+    if (closing_) return yesNo ? ui::MessageAnswer::no : ui::MessageAnswer::ok;
+
+    const Activation themed(context_);
+    const HWND parent = questionOwner(owner);
+    const Modal running(*this, dynamic_cast<Window*>(owner), parent, yesNo ? IDNO : IDOK);
+    const int answer = MessageBoxW(parent, message.text.c_str(), message.title.c_str(), styleOf(message));
+    if (!yesNo) return ui::MessageAnswer::ok;
+    return answer == IDYES ? ui::MessageAnswer::yes : ui::MessageAnswer::no;
+}
+
+std::optional<ui::Colour> Screen::chooseColour(ui::Window& owner, ui::Colour initial,
+                                               const std::wstring& title) {
+    if (closing_) return std::nullopt;
+
+    const Activation themed(context_);
+    CHOOSECOLORW question{};
+    question.lStructSize = sizeof question;
+    question.hwndOwner = questionOwner(&owner);
+    question.rgbResult = static_cast<COLORREF>(initial & COLOUR_BITS);
+    question.lpCustColors = customColours();
+    question.Flags = CC_RGBINIT | CC_FULLOPEN | CC_ANYCOLOR | CC_ENABLEHOOK;
+    question.lCustData = reinterpret_cast<LPARAM>(&title);
+    question.lpfnHook = chooserHook;
+    const Modal running(*this, dynamic_cast<Window*>(&owner), question.hwndOwner, IDCANCEL);
+    if (ChooseColorW(&question)) return static_cast<ui::Colour>(question.rgbResult);
+    if (const DWORD error = CommDlgExtendedError(); error != 0)
+        throw std::runtime_error("the colour chooser failed: " + std::to_string(error));
+    return std::nullopt;
+}
+
+}  // namespace win

@@ -1,0 +1,133 @@
+#include "windows/controls/screen.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "windows/controls/window.h"
+
+namespace win {
+namespace {
+
+constexpr double TWIPS_PER_INCH = 1440.0;
+
+int pixelsPerInch(int direction) {
+    const HDC screen = GetDC(nullptr);
+    const int pixels = GetDeviceCaps(screen, direction);
+    ReleaseDC(nullptr, screen);
+    return pixels;
+}
+
+int CALLBACK noteFont(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM names) noexcept {
+    try {
+        auto& list = *reinterpret_cast<std::vector<std::wstring>*>(names);
+        const std::wstring name = font->lfFaceName;
+        // A font comes once per character set, and once more for vertical writing, marked by "@".
+        if (!name.starts_with(L'@') && std::ranges::find(list, name) == list.end()) list.push_back(name);
+        return 1;
+    } catch (...) {
+        return 0;
+    }
+}
+
+/// The open question of a thread that belongs to `owner`.
+struct QuestionSearch {
+    HWND owner;
+    const std::vector<Window*>& windows;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK lookForQuestion(HWND window, LPARAM parameter) noexcept {
+    auto& search = *reinterpret_cast<QuestionSearch*>(parameter);
+    const bool ours = std::ranges::find(search.windows, window, &Window::window) != search.windows.end();
+    if (ours || GetWindow(window, GW_OWNER) != search.owner || !IsWindowVisible(window)) return TRUE;
+    search.found = window;
+    return FALSE;
+}
+
+}  // namespace
+
+HWND handleOf(const ui::Window* window) {
+    return window ? reinterpret_cast<HWND>(window->handle()) : nullptr;
+}
+
+Screen::Screen(HINSTANCE instance) : instance_(instance), context_(instance) {
+    const Activation themed(context_);
+    const INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&wanted);
+}
+
+Screen::~Screen() = default;
+
+std::unique_ptr<ui::Window> Screen::createDialog(int templateIdentifier, ui::Window* owner) {
+    const HWND parent = owner ? GetAncestor(handleOf(owner), GA_ROOT) : nullptr;
+    return std::make_unique<Window>(*this, Window::Role::dialog, templateIdentifier, parent,
+                                    dynamic_cast<Window*>(owner));
+}
+
+std::unique_ptr<ui::Window> Screen::createPage(int templateIdentifier, HWND parent) {
+    return std::make_unique<Window>(*this, Window::Role::page, templateIdentifier, parent, nullptr);
+}
+
+double Screen::twipsPerPixelX() const { return TWIPS_PER_INCH / pixelsPerInch(LOGPIXELSX); }
+
+double Screen::twipsPerPixelY() const { return TWIPS_PER_INCH / pixelsPerInch(LOGPIXELSY); }
+
+std::vector<std::wstring> Screen::fonts() const {
+    std::vector<std::wstring> names;
+    LOGFONTW all{};
+    all.lfCharSet = DEFAULT_CHARSET;
+    const HDC screen = GetDC(nullptr);
+    EnumFontFamiliesExW(screen, &all, noteFont, reinterpret_cast<LPARAM>(&names), 0);
+    ReleaseDC(nullptr, screen);
+    return names;
+}
+
+// --- Modal loops ------------------------------------------------------------------------------------------
+
+Screen::Modal::Modal(Screen& screen, Window* asker, HWND owner, WORD cancel)
+    : screen_(screen), window_(asker), owner_(owner), cancel_(cancel) {
+    screen_.modals_.push_back(this);
+}
+
+Screen::Modal::~Modal() {
+    std::erase(screen_.modals_, this);
+    if (screen_.modals_.empty()) screen_.closing_ = false;
+}
+
+void Screen::Modal::cancel() const {
+    if (cancel_ == 0) return;
+    QuestionSearch search{owner_, screen_.windows_};
+    EnumThreadWindows(GetCurrentThreadId(), lookForQuestion, reinterpret_cast<LPARAM>(&search));
+    if (search.found != nullptr) PostMessageW(search.found, WM_COMMAND, cancel_, 0);
+}
+
+void Screen::remove(Window& window) {
+    closeDialogsOf(window);
+    std::erase(windows_, &window);
+    for (Window* other : windows_) other->forgetOwner(window);
+    for (Modal* modal : modals_)
+        if (modal->window_ == &window) modal->window_ = nullptr;
+}
+
+void Screen::closeDialogsOf(const Window& window) {
+    for (const Modal* modal : modals_)
+        if (modal->window_ && (modal->window_ == &window || modal->window_->descendsFrom(window)))
+            modal->cancel();
+    const std::vector<Window*> all = windows_;
+    for (Window* other : all)
+        if (std::ranges::find(windows_, other) != windows_.end() && other->descendsFrom(window))
+            other->close();
+}
+
+void Screen::closeAll() {
+    closing_ = !modals_.empty();
+    for (const Modal* modal : modals_) modal->cancel();
+    const std::vector<Window*> all = windows_;
+    for (auto window = all.rbegin(); window != all.rend(); ++window)
+        if (std::ranges::find(windows_, *window) != windows_.end() &&
+            (*window)->role() == Window::Role::dialog)
+            (*window)->close();
+}
+
+}  // namespace win

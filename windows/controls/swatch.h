@@ -1,0 +1,29 @@
+// A coloured field: a push button that draws itself in its colour.
+#pragma once
+
+#include "ui/controls.h"
+#include "windows/controls/control_base.h"
+
+namespace win {
+
+class Swatch : public ControlOf<ui::Swatch> {
+public:
+    Swatch(Window& window, HWND handle);
+    void onCommand(int code) override;
+    bool onDrawItem(const DRAWITEMSTRUCT& item) override;
+
+    [[nodiscard]] std::wstring text() const override { return caption_; }
+    void setText(const std::wstring& text) override;
+    void setTooltip(const std::wstring& text) override;
+    /// Exactly what was set, also where the top byte means no colour.
+    [[nodiscard]] ui::Colour colour() const override { return colour_; }
+    void setColour(ui::Colour colour) override;
+
+private:
+    void nameWindow();
+
+    std::wstring caption_;
+    ui::Colour colour_ = 0x00FFFFFF;
+};
+
+}  // namespace win

@@ -1,0 +1,30 @@
+// The tooltips of one window: one tooltip control for all of its controls, made with the first tip.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "windows/controls/activation_context.h"
+
+namespace win {
+
+class Tooltips {
+public:
+    Tooltips(const ActivationContext& context, HWND owner) : context_(context), owner_(owner) {}
+    Tooltips(const Tooltips&) = delete;
+    Tooltips& operator=(const Tooltips&) = delete;
+    ~Tooltips();
+
+    /// An empty text takes the tip away.
+    void set(HWND control, const std::wstring& text);
+
+private:
+    void create();
+
+    const ActivationContext& context_;
+    HWND owner_;
+    HWND handle_ = nullptr;
+};
+
+}  // namespace win

@@ -1,0 +1,288 @@
+#include "windows/controls/window.h"
+
+#include <commctrl.h>
+#include <uxtheme.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "ui/form.h"
+#include "windows/controls/control_factory.h"
+#include "windows/controls/screen.h"
+#include "windows/platform/messages.h"
+#include "windows/platform/text.h"
+
+namespace win {
+namespace {
+
+constexpr UINT MODAL_LOOP_RUNS = WM_APP + 1;
+constexpr UINT DPI_CHANGED_AFTER_PARENT = 0x02E3;
+
+/// What holds while a window runs modally: its owner is disabled, and gets activation and focus back.
+class DisabledOwner {
+public:
+    explicit DisabledOwner(HWND window)
+        : window_(window), owner_(GetWindow(window, GW_OWNER)), focus_(GetFocus()) {
+        ReleaseCapture();
+        // EnableWindow answers whether the window was disabled before.
+        enableAgain_ = owner_ != nullptr && !EnableWindow(owner_, FALSE);
+    }
+    DisabledOwner(const DisabledOwner&) = delete;
+    DisabledOwner& operator=(const DisabledOwner&) = delete;
+    ~DisabledOwner() {
+        // First the owner, then the window: else the system activates another program's window.
+        if (enableAgain_) EnableWindow(owner_, TRUE);
+        ShowWindow(window_, SW_HIDE);
+        if (IsWindowVisible(focus_) && IsWindowEnabled(focus_)) SetFocus(focus_);
+    }
+
+private:
+    HWND window_;
+    HWND owner_;
+    HWND focus_;
+    bool enableAgain_;
+};
+
+BOOL CALLBACK forwardColourChange(HWND control, LPARAM) noexcept {
+    SendMessageW(control, WM_SYSCOLORCHANGE, 0, 0);
+    return TRUE;
+}
+
+}  // namespace
+
+Window::Window(Screen& screen, Role role, int templateIdentifier, HWND parent, Window* owner)
+    : screen_(screen), role_(role), templateIdentifier_(templateIdentifier), owner_(owner) {
+    const Activation themed(screen_.context());
+    // The procedure learns of this object from WM_INITDIALOG and sets handle_.
+    if (CreateDialogParamW(screen_.instance(), MAKEINTRESOURCEW(templateIdentifier), parent, procedure,
+                           reinterpret_cast<LPARAM>(this)) == nullptr)
+        throwLastError();
+    tooltips_ = std::make_unique<Tooltips>(screen_.context(), handle_);
+    // A page lies on a tab and shows the tab's own background.
+    if (role_ == Role::page) EnableThemeDialogTexture(handle_, ETDT_ENABLETAB);
+    screen_.add(*this);
+}
+
+Window::~Window() {
+    open_ = false;
+    screen_.remove(*this);
+    for (Timer* timer : timers_) timer->forgetWindow();
+    // From here on nobody hears what the system says to the window.
+    controls_.clear();
+    tooltips_.reset();
+    if (handle_ == nullptr) return;
+    SetWindowLongPtrW(handle_, DWLP_USER, 0);
+    DestroyWindow(handle_);
+}
+
+INT_PTR CALLBACK Window::procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    try {
+        if (message == WM_INITDIALOG) {
+            SetWindowLongPtrW(handle, DWLP_USER, lParam);
+            reinterpret_cast<Window*>(lParam)->handle_ = handle;
+            return FALSE;  // the focus is set when the window is shown
+        }
+        auto* window = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, DWLP_USER));
+        if (window == nullptr) return FALSE;
+        const auto answer = window->handle(message, wParam, lParam);
+        if (!answer) return FALSE;
+        SetWindowLongPtrW(handle, DWLP_MSGRESULT, *answer);
+        return TRUE;
+    } catch (...) {
+        return FALSE;  // nothing may reach the system; a handler that fails has ended its event
+    }
+}
+
+std::optional<LRESULT> Window::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_COMMAND: command(LOWORD(wParam), HIWORD(wParam)); return 0;
+        case WM_TIMER: tick(wParam); return 0;
+        case WM_SIZE: resized(); return 0;
+        case DPI_CHANGED_AFTER_PARENT: resized(); return 0;
+        case WM_CLOSE:
+            // Controls of old habits send this to their parent; a page lives until its container ends it.
+            if (role_ == Role::dialog) close();
+            return 0;
+        case WM_SYSCOLORCHANGE: refreshColours(); return std::nullopt;
+        case WM_NCDESTROY: vanished(); return std::nullopt;
+        case MODAL_LOOP_RUNS: scripted(); return 0;
+        default: return route(message, wParam, lParam);
+    }
+}
+
+/// What goes to the wrapper of the control that says it.
+std::optional<LRESULT> Window::route(UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto wrapperOf = [this](HWND control) { return find(GetDlgCtrlID(control)); };
+    switch (message) {
+        case WM_NOTIFY: {
+            auto& notification = *reinterpret_cast<NMHDR*>(lParam);
+            ControlBase* wrapper = wrapperOf(notification.hwndFrom);
+            return wrapper ? wrapper->onNotify(notification) : std::nullopt;
+        }
+        case WM_DRAWITEM: {
+            ControlBase* wrapper = find(static_cast<int>(wParam));
+            if (wrapper && wrapper->onDrawItem(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam))) return TRUE;
+            return std::nullopt;
+        }
+        case WM_MEASUREITEM: {
+            ControlBase* wrapper = find(static_cast<int>(wParam));
+            if (wrapper && wrapper->onMeasureItem(*reinterpret_cast<MEASUREITEMSTRUCT*>(lParam))) return TRUE;
+            return std::nullopt;
+        }
+        case WM_HSCROLL:
+        case WM_VSCROLL: {
+            ControlBase* wrapper = lParam ? wrapperOf(reinterpret_cast<HWND>(lParam)) : nullptr;
+            if (wrapper == nullptr) return std::nullopt;
+            wrapper->onScroll(LOWORD(wParam));
+            return 0;
+        }
+        default: return std::nullopt;
+    }
+}
+
+/// Enter and Esc come as commands of the buttons that they press, without asking whether these are enabled.
+void Window::command(int identifier, int code) {
+    ControlBase* wrapper = find(identifier);
+    if (wrapper != nullptr && IsWindowEnabled(wrapper->window())) wrapper->onCommand(code);
+}
+
+void Window::tick(std::uintptr_t identifier) {
+    const auto timer = std::ranges::find(timers_, identifier, &Timer::identifier);
+    if (timer != timers_.end() && (*timer)->enabled()) raise((*timer)->onTimer);
+}
+
+void Window::scripted() {
+    if (form_ != nullptr && isOpen()) raise(screen_.onModal, *form_);
+}
+
+void Window::vanished() {
+    // The container or the system has destroyed the window; a modal loop that runs for it must end.
+    close();
+    handle_ = nullptr;
+    PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
+void Window::resized() { raise(onResize); }
+
+void Window::refreshColours() { EnumChildWindows(handle_, forwardColourChange, 0); }
+
+std::unique_ptr<ui::Timer> Window::createTimer() {
+    auto timer = std::make_unique<Timer>(*this, ++lastTimer_);
+    timers_.push_back(timer.get());
+    return timer;
+}
+
+void Window::forget(const Timer& timer) { std::erase(timers_, &timer); }
+
+std::wstring Window::caption() const {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(handle_)) + 1, L'\0');
+    text.resize(
+        static_cast<std::size_t>(GetWindowTextW(handle_, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+ui::Size Window::outerSize() const {
+    RECT area{};
+    GetWindowRect(handle_, &area);
+    return {area.right - area.left, area.bottom - area.top};
+}
+
+void Window::setOuterSize(const ui::Size& size) {
+    SetWindowPos(handle_, nullptr, 0, 0, size.width, size.height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+ui::Size Window::innerSize() const {
+    RECT area{};
+    GetClientRect(handle_, &area);
+    return {area.right, area.bottom};
+}
+
+// --- Modal showing ----------------------------------------------------------------------------------------
+
+void Window::runModal(ui::Form& form) {
+    if (!isOpen() || screen_.isClosing()) return;
+    form_ = &form;
+    {
+        const Screen::Modal running(screen_, *this);
+        const DisabledOwner owner(handle_);
+        show();
+        PostMessageW(handle_, MODAL_LOOP_RUNS, 0, 0);
+        pump();
+    }
+    form_ = nullptr;
+}
+
+void Window::show() {
+    ShowWindow(handle_, SW_SHOW);
+    SetForegroundWindow(handle_);
+    if (firstFocus_ != nullptr)
+        SetFocus(firstFocus_);
+    else
+        SendMessageW(handle_, WM_NEXTDLGCTL,
+                     reinterpret_cast<WPARAM>(GetNextDlgTabItem(handle_, nullptr, FALSE)), TRUE);
+}
+
+void Window::pump() {
+    MSG message;
+    while (isOpen()) {
+        const BOOL received = GetMessageW(&message, nullptr, 0, 0);
+        if (received > 0) {
+            dispatchToDialogs(message);
+            continue;
+        }
+        close();
+        // The thread is to end: the outer loops must see it, too.
+        if (received == 0) PostQuitMessage(static_cast<int>(message.wParam));
+    }
+}
+
+void Window::close() {
+    if (!open_) return;
+    open_ = false;
+    screen_.closeDialogsOf(*this);
+    try {
+        raise(onQueryUnload);
+    } catch (...) {
+        // A form that fails to end itself is closed all the same.
+    }
+    // The modal loop may be waiting for a message.
+    if (handle_ != nullptr) PostMessageW(handle_, WM_NULL, 0, 0);
+}
+
+bool Window::descendsFrom(const Window& other) const {
+    for (const Window* owner = owner_; owner != nullptr; owner = owner->owner_)
+        if (owner == &other) return true;
+    return false;
+}
+
+void Window::forgetOwner(const Window& owner) {
+    if (owner_ == &owner) owner_ = nullptr;
+}
+
+// --- Controls ---------------------------------------------------------------------------------------------
+
+ui::Control& Window::bind(ui::Kind kind, int identifier) {
+    auto& wrapper = controls_[identifier];
+    if (wrapper == nullptr) {
+        const HWND control = GetDlgItem(handle_, identifier);
+        if (control == nullptr) throw std::logic_error("no such control: " + std::to_string(identifier));
+        wrapper = makeControl(kind, *this, control);
+    }
+    return wrapper->asControl();
+}
+
+ControlBase* Window::find(int identifier) const {
+    const auto found = controls_.find(identifier);
+    return found == controls_.end() ? nullptr : found->second.get();
+}
+
+HWND Window::focus() const { return IsWindowVisible(handle_) ? GetFocus() : firstFocus_; }
+
+void Window::setFocus(HWND control) {
+    if (IsWindowVisible(handle_))
+        SetFocus(control);
+    else
+        firstFocus_ = control;
+}
+
+}  // namespace win

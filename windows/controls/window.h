@@ -1,0 +1,90 @@
+// A real dialog or page. Its procedure only routes: what the controls tell goes to their wrappers.
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "ui/window.h"
+#include "windows/controls/control_base.h"
+#include "windows/controls/timer.h"
+#include "windows/controls/tooltips.h"
+
+namespace win {
+
+class Screen;
+
+class Window : public ui::Window {
+public:
+    enum class Role { dialog, page };
+
+    /// Makes the hidden window from the template. `parent` owns a dialog and holds a page. `owner` is the
+    /// window of the program that opened a dialog; null for a page. Throws vexa::Error where the system
+    /// makes no window.
+    Window(Screen& screen, Role role, int templateIdentifier, HWND parent, Window* owner);
+    ~Window() override;
+
+    [[nodiscard]] std::unique_ptr<ui::Timer> createTimer() override;
+    [[nodiscard]] std::wstring caption() const override;
+    [[nodiscard]] ui::Size outerSize() const override;
+    void setOuterSize(const ui::Size& size) override;
+    [[nodiscard]] ui::Size innerSize() const override;
+    [[nodiscard]] std::intptr_t handle() const override { return reinterpret_cast<std::intptr_t>(handle_); }
+    void runModal(ui::Form& form) override;
+    void close() override;
+    [[nodiscard]] bool isOpen() const override { return open_ && handle_ != nullptr; }
+
+    // For the controls.
+    /// Null once the window is gone.
+    [[nodiscard]] HWND window() const { return handle_; }
+    [[nodiscard]] Screen& screen() const { return screen_; }
+    [[nodiscard]] Tooltips& tooltips() { return *tooltips_; }
+    /// The wrapper of the control with this identifier; null where nobody has asked for it yet.
+    [[nodiscard]] ControlBase* find(int identifier) const;
+    /// The control that has the focus, or will have it once the window is shown.
+    [[nodiscard]] HWND focus() const;
+    void setFocus(HWND control);
+    [[nodiscard]] int templateIdentifier() const { return templateIdentifier_; }
+
+    // For the screen and the timers.
+    [[nodiscard]] Role role() const { return role_; }
+    /// True where this window was opened, at any depth, from `other`.
+    [[nodiscard]] bool descendsFrom(const Window& other) const;
+    void forgetOwner(const Window& owner);
+    void forget(const Timer& timer);
+
+protected:
+    [[nodiscard]] ui::Control& bind(ui::Kind kind, int identifier) override;
+
+private:
+    static INT_PTR CALLBACK procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    /// The answer to a message; nothing leaves it to the system's own handling.
+    [[nodiscard]] std::optional<LRESULT> handle(UINT message, WPARAM wParam, LPARAM lParam);
+    [[nodiscard]] std::optional<LRESULT> route(UINT message, WPARAM wParam, LPARAM lParam);
+    void command(int identifier, int code);
+    void tick(std::uintptr_t identifier);
+    void scripted();
+    void vanished();
+    void resized();
+    void refreshColours();
+    void show();
+    void pump();
+
+    Screen& screen_;
+    Role role_;
+    int templateIdentifier_;
+    Window* owner_;
+    HWND handle_ = nullptr;
+    bool open_ = true;
+    /// The control that gets the focus when the window is shown.
+    HWND firstFocus_ = nullptr;
+    ui::Form* form_ = nullptr;
+    std::unique_ptr<Tooltips> tooltips_;
+    std::map<int, std::unique_ptr<ControlBase>> controls_;
+    std::vector<Timer*> timers_;
+    std::uintptr_t lastTimer_ = 0;
+};
+
+}  // namespace win

@@ -1,0 +1,55 @@
+#include "windows/platform/conversions.h"
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include "common/error.h"
+#include "windows/platform/text.h"
+
+namespace win {
+namespace {
+
+void check(HRESULT result) {
+    if (SUCCEEDED(result)) return;
+    if (result == E_OUTOFMEMORY) throw std::bad_alloc();
+    throw vexa::Error(result == DISP_E_OVERFLOW ? L"Overflow" : L"Type mismatch");
+}
+
+/// The bounds of a date serial: the years 100 to 9999.
+constexpr double FIRST_DATE = -657434.0;
+constexpr double END_OF_DATES = 2958466.0;
+
+}  // namespace
+
+std::string AnsiCodec::toAnsi(const std::wstring& text) { return win::toAnsi(text); }
+
+std::wstring AnsiCodec::fromAnsi(const std::string& bytes) { return win::fromAnsi(bytes); }
+
+std::int32_t Conversions::toInteger(const std::wstring& text) {
+    LONG number = 0;
+    check(VarI4FromStr(text.c_str(), locale_, 0, &number));
+    return number;
+}
+
+double Conversions::toNumber(const std::wstring& text) {
+    double number = 0;
+    check(VarR8FromStr(text.c_str(), locale_, 0, &number));
+    return number;
+}
+
+double Conversions::toDate(const std::wstring& text) {
+    DATE date = 0;
+    if (SUCCEEDED(VarDateFromStr(text.c_str(), locale_, 0, &date))) return date;
+    const double serial = toNumber(text);
+    if (!(serial > FIRST_DATE - 1 && serial < END_OF_DATES)) throw vexa::Error(L"Type mismatch");
+    return serial;
+}
+
+std::wstring Conversions::lower(const std::wstring& text) {
+    std::wstring result = text;
+    if (!result.empty()) CharLowerBuffW(result.data(), static_cast<DWORD>(result.size()));
+    return result;
+}
+
+}  // namespace win

@@ -1,0 +1,24 @@
+// Messages to other windows, the pointer, pending events, and timers without a window.
+#pragma once
+
+#include "common/platform.h"
+
+namespace win {
+
+class Desktop : public vexa::Desktop {
+public:
+    std::intptr_t sendMessage(std::intptr_t window, std::uint32_t message, std::uintptr_t wParam,
+                              std::intptr_t lParam) override;
+    void setPointer(vexa::PointerShape shape) override;
+    void doEvents() override;
+};
+
+class SystemTimers : public vexa::SystemTimers {
+public:
+    ~SystemTimers() override;
+    /// `callback` must let nothing out.
+    std::uintptr_t setTimer(std::uint32_t milliseconds, Callback callback) override;
+    void killTimer(std::uintptr_t identifier) override;
+};
+
+}  // namespace win

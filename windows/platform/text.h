@@ -1,0 +1,20 @@
+// Text between the program's wide strings and the system's code page, and the descriptions of system errors.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace win {
+
+/// Characters that the ANSI code page lacks become the system's default character.
+[[nodiscard]] std::string toAnsi(const std::wstring& text);
+[[nodiscard]] std::wstring fromAnsi(const std::string& bytes);
+
+/// The system's description of an error code, without line ends; "Error <code>" where it has none.
+[[nodiscard]] std::wstring systemErrorText(DWORD code);
+
+/// Throws vexa::Error with the description of GetLastError().
+[[noreturn]] void throwLastError();
+
+}  // namespace win
