@@ -4,6 +4,8 @@
 
 #include <oleauto.h>
 
+#include <new>
+
 #include "common/error.h"
 #include "windows/platform/text.h"
 
@@ -28,19 +30,19 @@ std::wstring AnsiCodec::fromAnsi(const std::string& bytes) { return win::fromAns
 
 std::int32_t Conversions::toInteger(const std::wstring& text) {
     LONG number = 0;
-    check(VarI4FromStr(text.c_str(), locale_, 0, &number));
+    check(VarI4FromStr(const_cast<wchar_t*>(text.c_str()), locale_, 0, &number));
     return number;
 }
 
 double Conversions::toNumber(const std::wstring& text) {
     double number = 0;
-    check(VarR8FromStr(text.c_str(), locale_, 0, &number));
+    check(VarR8FromStr(const_cast<wchar_t*>(text.c_str()), locale_, 0, &number));
     return number;
 }
 
 double Conversions::toDate(const std::wstring& text) {
     DATE date = 0;
-    if (SUCCEEDED(VarDateFromStr(text.c_str(), locale_, 0, &date))) return date;
+    if (SUCCEEDED(VarDateFromStr(const_cast<wchar_t*>(text.c_str()), locale_, 0, &date))) return date;
     const double serial = toNumber(text);
     if (!(serial > FIRST_DATE - 1 && serial < END_OF_DATES)) throw vexa::Error(L"Type mismatch");
     return serial;
