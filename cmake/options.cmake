@@ -1,14 +1,14 @@
 # Compiler and linker settings that every target shares.
 add_library(project_options INTERFACE)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
-target_compile_options(project_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
+target_compile_options(project_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
 
 if(WIN32)
     target_compile_definitions(project_options INTERFACE UNICODE _UNICODE _WIN32_WINNT=0x0A00 NOMINMAX
                                WIN32_LEAN_AND_MEAN STRICT)
     target_compile_options(project_options INTERFACE -Os -g1 -ffunction-sections -fdata-sections
                            -fstack-protector-strong)
-    target_link_options(project_options INTERFACE -static -static-libgcc -static-libstdc++ -Wl,--gc-sections
+    target_link_options(project_options INTERFACE -fstack-protector-strong -static -static-libgcc -static-libstdc++ -Wl,--gc-sections
                         -Wl,--dynamicbase,--nxcompat -Wl,--no-insert-timestamp)
     if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
         target_link_options(project_options INTERFACE -Wl,--high-entropy-va)
@@ -22,7 +22,7 @@ endif()
 # Rooms without Windows are held to stricter rules.
 add_library(portable_options INTERFACE)
 target_link_libraries(portable_options INTERFACE project_options)
-target_compile_options(portable_options INTERFACE -Wconversion -Wold-style-cast)
+target_compile_options(portable_options INTERFACE -Wconversion -Wold-style-cast -Wnon-virtual-dtor)
 
 # A room: a static library of the sources in its folder.
 function(add_room name)

@@ -1,0 +1,21 @@
+#include "windows/platform/addin_errors.h"
+
+#include "common/error.h"
+#include "interfaces/com.h"
+#include "windows/platform/text.h"
+
+namespace win {
+
+std::wstring failureDescription(HRESULT code) {
+    com::Ptr<IErrorInfo> information;
+    com::Bstr description;
+    if (GetErrorInfo(0, information.out()) == S_OK) information->GetDescription(description.out());
+    const std::wstring text = com::toText(description.get());
+    return text.empty() ? systemErrorText(static_cast<DWORD>(code)) : text;
+}
+
+void throwIfFailed(HRESULT code) {
+    if (FAILED(code)) throw vexa::Error(failureDescription(code));
+}
+
+}  // namespace win
