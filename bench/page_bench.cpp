@@ -1,0 +1,221 @@
+// The page's start, Apply, a log line and a poll tick, each against its bare system calls.
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "bench/bare_calls.h"
+#include "bench/ratio.h"
+#include "page/ctlPPE.h"
+#include "page/ctlPPE.ids.h"
+#include "windows/controls/screen.h"
+#include "windows/platform/machine.h"
+
+namespace {
+
+constexpr const char* KEY = "Software\\Norvane\\Quillmark";
+constexpr const char* PROFILE = "Software\\Norvane\\Quillmark\\";
+constexpr WPARAM POLL_TIMER = 1;  // the first timer of a window
+
+/// An add-in that answers at once: what remains is the page's own work.
+class IdleAddIn : public vexa::AddIn {
+public:
+    void SetDefaultKnowledgebase(const std::wstring&) override {}
+    void SetLogging(bool) override {}
+    void NotifyKbAdded(const std::wstring&) override {}
+    void NotifyKbRemoved(const std::wstring&) override {}
+    void NotifyKbRenamed(const std::wstring&, const std::wstring&) override {}
+    void NotifyKbRebuild(const std::wstring&) override {}
+    void NotifyKbUpdate(const std::wstring&) override {}
+    bool IsProcessing() override { return false; }
+    bool IsAutoUpdateRunning() override { return false; }
+    bool IsSearching() override { return false; }
+    void SetFindShortcut(std::int32_t) override {}
+    void SendMail(const vexa::MailReport&) override {}
+    std::unique_ptr<vexa::EventConnection> connect(ProcessFinished) override { return nullptr; }
+};
+
+class IdleLocator : public vexa::AddInLocator {
+public:
+    std::shared_ptr<vexa::AddIn> running() override { return addIn_; }
+
+private:
+    std::shared_ptr<vexa::AddIn> addIn_ = std::make_shared<IdleAddIn>();
+};
+
+/// The real clock, but sleeping takes no time.
+class WakefulClock : public vexa::Clock {
+public:
+    vexa::LocalTime localTime() override { return real_.localTime(); }
+    void sleep(int) override {}
+
+private:
+    win::Clock real_;
+};
+
+class NoSite : public vexa::PageSite {
+public:
+    void onStatusChange() override {}
+    std::wstring displayName() override { return {}; }
+};
+
+/// A page on the real machine, in a window nobody sees.
+class Fixture {
+public:
+    Fixture() {
+        host_ =
+            CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 400, 420, nullptr, nullptr, nullptr, nullptr);
+        vexa::Platform platform = machine_.platform();
+        ports_ = std::make_unique<vexa::Platform>(
+            vexa::Platform{platform.registry, platform.ansi, platform.conversions, platform.files, clock_,
+                           locator_, platform.desktop, platform.timers});
+        application = std::make_unique<vexa::Application>(*ports_, screen_);
+        page = std::make_unique<vexa::ctlPPE>(*application, screen_.createPage(IDD_ctlPPE, host_), site_);
+        page->UserControl_Initialize();
+        page->PropertyPage_Apply();
+    }
+    void tick() { SendMessageW(reinterpret_cast<HWND>(page->window().handle()), WM_TIMER, POLL_TIMER, 0); }
+
+private:
+    IdleLocator locator_;
+    win::Machine machine_{locator_};
+    WakefulClock clock_;
+    win::Screen screen_{GetModuleHandleW(nullptr)};
+    NoSite site_;
+    HWND host_ = nullptr;
+    std::unique_ptr<vexa::Platform> ports_;
+
+public:
+    std::unique_ptr<vexa::Application> application;
+    std::unique_ptr<vexa::ctlPPE> page;
+};
+
+const char* const READ_AT_START[] = {"CurrentProfile",
+                                     "LogPath",
+                                     "VexaBaseDir",
+                                     "Projectname",
+                                     "DefaultProject",
+                                     "ProjectCount",
+                                     "MaxEntries",
+                                     "MinRel",
+                                     "LoggingInformation",
+                                     "AutoInfo",
+                                     "AutoFindUnread",
+                                     "AutoFindAll",
+                                     "AutoFindDelay",
+                                     "FindShortcut",
+                                     "AutoAddUnreadMail",
+                                     "AutoAddSentMail",
+                                     "DisplayHotSpots",
+                                     "DisplayTextMarks",
+                                     "KeepHighlights",
+                                     "ColorHotSpots",
+                                     "Penalty0",
+                                     "Penalty1",
+                                     "Penalty2",
+                                     "Penalty3",
+                                     "Penalty4",
+                                     "Penalty5",
+                                     "AddAttachments",
+                                     "AddAllAttachments",
+                                     "AddSizelimitedAttachments",
+                                     "AttachmentsMaxSize",
+                                     "AddAttachmentsToQuery"};
+
+using bench::bareAppend;
+using bench::bareRead;
+using bench::bareWrite;
+using bench::bareWriteNumber;
+
+void bareRule(int knowledgebases) {
+    for (const char* name : {"KBProcessState", "ProjectCount", "VexaBaseDir"})
+        bareRead(HKEY_CURRENT_USER, PROFILE, name);
+    for (int index = 1; index <= knowledgebases; ++index) {
+        char name[32];
+        std::snprintf(name, sizeof name, "Project%d", index);
+        bareRead(HKEY_CURRENT_USER, PROFILE, name);
+        wchar_t path[MAX_PATH];
+        swprintf(path, MAX_PATH, L"C:\\kb\\Empty%d.dct", index);
+        GetFileAttributesW(path);
+        swprintf(path, MAX_PATH, L"C:\\kb\\Temp\\Empty%d.dct", index);
+        GetFileAttributesW(path);
+    }
+}
+
+/// The page's buttons as the poll sets them.
+void bareButtons(vexa::ctlPPE& page) {
+    for (ui::Button* button : {&page.cmdKnowledgeBase, &page.cmdSettings, &page.cmdAttachments,
+                               &page.cmdDispMatches, &page.cmdWizard})
+        EnableWindow(reinterpret_cast<HWND>(button->handle()), TRUE);
+}
+
+void bareLog(const vexa::Application& application) {
+    static const char line[] = "11/28/2026 14:03:09:045\tctlPPE, a line of the log.\r\n";
+    static const std::wstring file = application.log.LogPath + L"bare.log";
+    bareAppend(application.log.LogPath.c_str(), file.c_str(), line, sizeof line - 1);
+}
+
+void bareStart(Fixture& fixture) {
+    const HWND page = reinterpret_cast<HWND>(fixture.page->window().handle());
+    KillTimer(page, 7);
+    SetTimer(page, 7, 250, nullptr);
+    for (const char* name : READ_AT_START) bareRead(HKEY_CURRENT_USER, PROFILE, name);
+    bareRule(0);
+    EnableWindow(reinterpret_cast<HWND>(fixture.page->cmdWizard.handle()), TRUE);
+    bareWriteNumber(HKEY_CURRENT_USER, PROFILE, "hWndProperties", 1);
+    bareRule(0);
+    bareButtons(*fixture.page);
+    bareLog(*fixture.application);
+    bareLog(*fixture.application);
+    KillTimer(page, 7);
+}
+
+void bareApply(Fixture& fixture) {
+    bareLog(*fixture.application);
+    bareWrite(HKEY_CURRENT_USER, PROFILE, "VexaBaseDir", REG_SZ, "", 1);
+    bareWrite(HKEY_CURRENT_USER, PROFILE, "DefaultProject", REG_SZ, "default", 8);
+    for (int written = 2; written < 27; ++written)
+        bareWriteNumber(HKEY_CURRENT_USER, PROFILE, READ_AT_START[written + 4], 1);
+}
+
+void addEmptyKnowledgebases(int count) {
+    for (int index = 1; index <= count; ++index) {
+        char name[32];
+        char value[32];
+        std::snprintf(name, sizeof name, "Project%d", index);
+        const int length = std::snprintf(value, sizeof value, "Empty%d", index);
+        bareWrite(HKEY_CURRENT_USER, PROFILE, name, REG_SZ, value, static_cast<DWORD>(length) + 1);
+    }
+    bareWriteNumber(HKEY_CURRENT_USER, PROFILE, "ProjectCount", static_cast<DWORD>(count));
+    bareWrite(HKEY_CURRENT_USER, PROFILE, "VexaBaseDir", REG_SZ, "C:\\kb", 6);
+}
+
+}  // namespace
+
+int main() {
+    const bench::OwnHive hive;
+    Fixture fixture;
+    bool met = true;
+    met &=
+        bench::measure({"page start without its sleep", 1.25, [&] { fixture.page->UserControl_Initialize(); },
+                        [&] { bareStart(fixture); }, 31, 4});
+    met &= bench::measure(
+        {"Apply", 1.15, [&] { fixture.page->PropertyPage_Apply(); }, [&] { bareApply(fixture); }, 31, 4});
+    met &= bench::measure({"a log line", 1.2,
+                           [&] { fixture.application->WriteLogLine(L"ctlPPE, a line of the log."); },
+                           [&] { bareLog(*fixture.application); }, 31, 40});
+    met &= bench::measure({"a poll tick with no knowledgebase", 1.3, [&] { fixture.tick(); },
+                           [&] {
+                               bareRule(0);
+                               bareButtons(*fixture.page);
+                           },
+                           31, 40});
+    addEmptyKnowledgebases(1000);
+    met &= bench::measure({"a poll tick with 1,000 empty knowledgebases", 1.15, [&] { fixture.tick(); },
+                           [&] {
+                               bareRule(1000);
+                               bareButtons(*fixture.page);
+                           },
+                           15, 1});
+    return met ? 0 : 1;
+}
