@@ -14,6 +14,7 @@ namespace tests {
 ///   connect", "locate addin", "message <window> <message> <wParam> <lParam>", "pointer <number>",
 ///   "doevents", "timer set <ms>", "timer kill <identifier>", "screen message <text>", "screen colour
 ///   <initial> <title>", "site OnStatusChange", "site DisplayName".
+/// Wide texts are UTF-8, truth values 1 or 0, binary values pairs of hexadecimal digits.
 class CallLog {
 public:
     /// Called by the ports before each call; answers whether this call shall fail, and runs what is to

@@ -1,0 +1,240 @@
+#include "tests/headless/locale_conversions.h"
+
+#include <charconv>
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+#include "common/error.h"
+#include "tests/headless/letters.h"
+
+namespace headless {
+namespace {
+
+bool isBlank(wchar_t character) {
+    return character == L' ' || (character >= 9 && character <= 13) || character == 0xA0;
+}
+bool isDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
+
+/// Reads a text from left to right.
+class Reader {
+public:
+    explicit Reader(const std::wstring& text) : text_(text) {}
+    [[nodiscard]] bool atEnd() const { return position_ >= text_.size(); }
+    [[nodiscard]] wchar_t peek() const { return atEnd() ? L'\0' : text_[position_]; }
+    wchar_t take() { return text_[position_++]; }
+    bool take(wchar_t character) {
+        if (atEnd() || text_[position_] != character) return false;
+        ++position_;
+        return true;
+    }
+    bool take(const std::wstring& word) {
+        if (word.empty() || text_.compare(position_, word.size(), word) != 0) return false;
+        position_ += word.size();
+        return true;
+    }
+    bool takeBlanks() {
+        const std::size_t start = position_;
+        while (!atEnd() && isBlank(text_[position_])) ++position_;
+        return position_ > start;
+    }
+
+private:
+    const std::wstring& text_;
+    std::size_t position_ = 0;
+};
+
+[[noreturn]] void typeMismatch() { throw vexa::Error(L"Type mismatch"); }
+
+/// A number as the system's parser takes it: blanks, one sign before or behind or parentheses, a currency
+/// sign, digits with separators between thousands, a decimal point, an exponent; or &H and &O with digits.
+class NumberParser {
+public:
+    NumberParser(const std::wstring& text, const Locale& locale) : reader_(text), locale_(locale) {}
+
+    double parse() {
+        takeSurroundings(true);
+        if (reader_.take(L'&')) return takePlain();
+        takeDigits();
+        takeExponent();
+        takeSurroundings(false);
+        if (!reader_.atEnd() || !anyDigit_ || openParenthesis_) typeMismatch();
+        return value();
+    }
+
+private:
+    void takeSurroundings(bool leading) {
+        while (reader_.takeBlanks() || takeSign() || takeParenthesis(leading) || takeCurrency()) {
+        }
+    }
+    bool takeSign() {
+        if (signed_ || (reader_.peek() != L'-' && reader_.peek() != L'+')) return false;
+        signed_ = true;
+        negative_ = reader_.take() == L'-';
+        return true;
+    }
+    bool takeParenthesis(bool leading) {
+        if (leading ? signed_ : !openParenthesis_) return false;
+        if (!reader_.take(leading ? L'(' : L')')) return false;
+        signed_ = negative_ = true;
+        openParenthesis_ = leading;
+        return true;
+    }
+    bool takeCurrency() {
+        if (currency_ || !reader_.take(locale_.currency)) return false;
+        return currency_ = true;
+    }
+    void takeDigits() {
+        while (!reader_.atEnd()) {
+            if (isDigit(reader_.peek())) {
+                digits_ += static_cast<char>(reader_.take());
+                anyDigit_ = true;
+            } else if (!point_ && reader_.take(locale_.decimalPoint)) {
+                digits_ += '.';
+                point_ = true;
+            } else if (!reader_.take(locale_.thousandsSeparator)) {
+                return;
+            }
+        }
+    }
+    void takeExponent() {
+        if (!anyDigit_ || (reader_.peek() != L'e' && reader_.peek() != L'E')) return;
+        reader_.take();
+        digits_ += 'e';
+        if (reader_.take(L'-'))
+            digits_ += '-';
+        else
+            reader_.take(L'+');
+        if (!isDigit(reader_.peek())) digits_ += '0';
+        while (isDigit(reader_.peek())) digits_ += static_cast<char>(reader_.take());
+    }
+    /// Hexadecimal or octal digits, with no regard to the locale.
+    double takePlain() {
+        const wchar_t letter = lower(reader_.peek());
+        if (letter != L'h' && letter != L'o') typeMismatch();
+        reader_.take();
+        const int base = letter == L'h' ? 16 : 8;
+        std::string digits;
+        while (!reader_.atEnd() && reader_.peek() < 0x80) digits += static_cast<char>(reader_.take());
+        std::uint32_t number = 0;
+        const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number, base);
+        if (error != std::errc() || end != digits.data() + digits.size()) typeMismatch();
+        return static_cast<std::int32_t>(number);
+    }
+    [[nodiscard]] double value() const {
+        double number = 0;
+        const auto [end, error] = std::from_chars(digits_.data(), digits_.data() + digits_.size(), number);
+        if (error == std::errc::result_out_of_range) throw vexa::Error(L"Overflow");
+        if (error != std::errc()) typeMismatch();
+        return negative_ ? -number : number;
+    }
+
+    Reader reader_;
+    const Locale& locale_;
+    std::string digits_;
+    bool anyDigit_ = false;
+    bool point_ = false;
+    bool signed_ = false;
+    bool negative_ = false;
+    bool openParenthesis_ = false;
+    bool currency_ = false;
+};
+
+/// "month/day/year hour:minute:second AM", each part of it where it is given.
+class DateParser {
+public:
+    DateParser(const std::wstring& text, const Locale& locale) : reader_(text), locale_(locale) {}
+
+    double parse() {
+        reader_.takeBlanks();
+        int first = takeNumber();
+        double serial = 0;
+        if (reader_.peek() != L':') {
+            serial = takeDate(first);
+            reader_.takeBlanks();
+            if (reader_.atEnd()) return serial;
+            first = takeNumber();
+        }
+        const double time = takeTime(first);
+        reader_.takeBlanks();
+        if (!reader_.atEnd()) typeMismatch();
+        return serial < 0 ? serial - time : serial + time;
+    }
+
+private:
+    int takeNumber() {
+        if (!isDigit(reader_.peek())) typeMismatch();
+        int number = 0;
+        for (int count = 0; count < 4 && isDigit(reader_.peek()); ++count)
+            number = number * 10 + static_cast<int>(reader_.take() - L'0');
+        return number;
+    }
+    void takeSeparator() {
+        if (!reader_.take(L'/') && !reader_.take(L'-') && !reader_.take(L'.')) typeMismatch();
+    }
+    double takeDate(int first) {
+        takeSeparator();
+        const int second = takeNumber();
+        takeSeparator();
+        int year = takeNumber();
+        if (year < 30) year += 2000;
+        if (year < 100) year += 1900;
+        int month = locale_.monthFirst ? first : second;
+        int day = locale_.monthFirst ? second : first;
+        if (month > 12) std::swap(month, day);
+        if (month < 1 || month > 12 || day < 1 || day > 31) typeMismatch();
+        return static_cast<double>(dateSerial(year, month, day));
+    }
+    double takeTime(int hour) {
+        int parts[3] = {hour, 0, 0};
+        for (int index = 1; index < 3 && reader_.take(L':'); ++index) parts[index] = takeNumber();
+        reader_.takeBlanks();
+        const bool afternoon = reader_.take(L"PM") || reader_.take(L"pm");
+        const bool morning = !afternoon && (reader_.take(L"AM") || reader_.take(L"am"));
+        if ((afternoon || morning) && parts[0] == 12) parts[0] = 0;
+        if (afternoon) parts[0] += 12;
+        if (parts[0] > 23 || parts[1] > 59 || parts[2] > 59) typeMismatch();
+        return (parts[0] * 3600 + parts[1] * 60 + parts[2]) / 86400.0;
+    }
+
+    Reader reader_;
+    const Locale& locale_;
+};
+
+}  // namespace
+
+Locale english() { return {}; }
+
+Locale german() { return {L',', L'.', L"\x20AC", false}; }
+
+std::int32_t LocaleConversions::toInteger(const std::wstring& text) {
+    const double rounded = std::nearbyint(toNumber(text));  // halves to even, the mode that is in force
+    using Limits = std::numeric_limits<std::int32_t>;
+    if (rounded < Limits::min() || rounded > Limits::max()) throw vexa::Error(L"Overflow");
+    return static_cast<std::int32_t>(rounded);
+}
+
+double LocaleConversions::toNumber(const std::wstring& text) { return NumberParser(text, locale).parse(); }
+
+double LocaleConversions::toDate(const std::wstring& text) {
+    try {
+        return DateParser(text, locale).parse();
+    } catch (const vexa::Error&) {
+        return toNumber(text);
+    }
+}
+
+std::wstring LocaleConversions::lower(const std::wstring& text) { return headless::lower(text); }
+
+std::int64_t dateSerial(int year, int month, int day) {
+    using namespace std::chrono;
+    const auto days = [](const year_month_day& date) { return sys_days(date).time_since_epoch().count(); };
+    const year_month_day date(std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
+                              std::chrono::day(static_cast<unsigned>(day)));
+    if (!date.ok()) throw vexa::Error(L"Type mismatch");
+    constexpr year_month_day epoch(std::chrono::year(1899), December, std::chrono::day(30));
+    return days(date) - days(epoch);
+}
+
+}  // namespace headless

@@ -1,0 +1,33 @@
+// Controls that nobody can press, and the push button.
+#pragma once
+
+#include "tests/forms/user.h"
+#include "tests/headless/item.h"
+#include "ui/controls.h"
+
+namespace headless {
+
+using Label = Typed<ui::Label>;
+using Frame = Typed<ui::Frame>;
+using Line = Typed<ui::Line>;
+using Picture = Typed<ui::Picture>;
+
+/// A control that has the focus and is pressed by click, space bar or access key.
+template <class Ui>
+class Pressable : public Typed<Ui> {
+public:
+    using Typed<Ui>::Typed;
+    [[nodiscard]] bool focusable() const override { return true; }
+    void handleKey(const ui::KeyEvent& event) override {
+        if (event.key == tests::key::space && event.modifiers == 0) this->press();
+    }
+};
+
+class Button : public Pressable<ui::Button> {
+public:
+    using Pressable::Pressable;
+    [[nodiscard]] bool isPushButton() const override { return true; }
+    void press() override { raise(onClick); }
+};
+
+}  // namespace headless

@@ -1,0 +1,28 @@
+// The user of headless windows: plain calls on the controls, under the rules of real windows.
+#pragma once
+
+#include "tests/forms/user.h"
+#include "tests/headless/event_loop.h"
+#include "tests/headless/window.h"
+
+namespace headless {
+
+class User : public tests::User {
+public:
+    explicit User(EventLoop& loop) : loop_(loop) {}
+
+    void click(ui::Control& control) override;
+    void moveMouse(ui::Control& control, int x, int y) override;
+    void press(ui::Window& window, int key, int modifiers) override;
+    void sendKey(ui::Control& control, int key) override;
+    void type(ui::Control& control, const std::wstring& text) override;
+    void choose(ui::ComboBox& combo, int index) override;
+    void resize(ui::Window& window, const ui::Size& outerSize) override;
+    void closeWindow(ui::Window& window) override;
+    void wait(int milliseconds) override { loop_.pass(milliseconds); }
+
+private:
+    EventLoop& loop_;
+};
+
+}  // namespace headless
