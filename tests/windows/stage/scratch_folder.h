@@ -1,0 +1,39 @@
+// A folder for the files of one test, removed with everything in it.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "windows/platform/files.h"
+
+namespace tests {
+
+class ScratchFolder {
+public:
+    ScratchFolder();
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    ~ScratchFolder();
+
+    /// Without the final backslash.
+    [[nodiscard]] const std::wstring& path() const { return path_; }
+    static void write(const std::wstring& path, const std::string& content);
+    [[nodiscard]] static std::optional<std::string> read(const std::wstring& path);
+    /// Also the missing folders above it.
+    static void createFolders(const std::wstring& path);
+
+private:
+    std::wstring path_;
+};
+
+/// The real file system, with the component installed in another folder.
+class InstalledElsewhere : public win::FileSystem {
+public:
+    explicit InstalledElsewhere(std::wstring folder) : folder_(std::move(folder)) {}
+    [[nodiscard]] std::wstring installationFolder() override { return folder_; }
+
+private:
+    std::wstring folder_;
+};
+
+}  // namespace tests

@@ -1,0 +1,133 @@
+#include "tests/windows/stage/user.h"
+
+#include "tests/windows/stage/messages.h"
+
+namespace tests {
+namespace {
+
+constexpr LPARAM ONE_PRESS = 1;
+constexpr LPARAM ALT_HELD = 1 << 29;
+constexpr LPARAM RELEASED = static_cast<LPARAM>(0xC0000001);
+
+HWND windowOf(const ui::Window& window) { return reinterpret_cast<HWND>(window.handle()); }
+
+/// Where keys go that are typed at `window`.
+HWND focusIn(HWND window) {
+    const HWND focus = GetFocus();
+    return focus != nullptr && (focus == window || IsChild(window, focus)) ? focus : window;
+}
+
+bool isLetterOrDigit(int key) { return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9'); }
+
+void pressAccessKey(HWND target, int key) {
+    PostMessageW(target, WM_SYSKEYDOWN, static_cast<WPARAM>(key), ONE_PRESS | ALT_HELD);
+    deliverMessages();
+}
+
+void typeCharacter(HWND target, wchar_t character) {
+    PostMessageW(target, WM_CHAR, character, ONE_PRESS);
+    deliverMessages();
+}
+
+}  // namespace
+
+HWND windowOf(const ui::Control& control) { return reinterpret_cast<HWND>(control.handle()); }
+
+bool isReachable(HWND window) {
+    if (!IsWindowVisible(window)) return false;
+    const HWND desktop = GetDesktopWindow();
+    for (; window != nullptr && window != desktop; window = GetAncestor(window, GA_PARENT))
+        if (!IsWindowEnabled(window)) return false;
+    return true;
+}
+
+void clickAt(HWND window, int x, int y) {
+    // Both wait in the queue: a control may look for the button's release while it handles the press.
+    PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+    PostMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+    deliverMessages();
+}
+
+HeldKeys::HeldKeys(int modifiers) {
+    GetKeyboardState(before_);
+    BYTE held[256];
+    GetKeyboardState(held);
+    const auto set = [&](int bit, int key) { held[key] = modifiers & bit ? 0x80 : 0; };
+    set(ui::modifier::shift, VK_SHIFT);
+    set(ui::modifier::control, VK_CONTROL);
+    set(ui::modifier::alt, VK_MENU);
+    SetKeyboardState(held);
+}
+
+HeldKeys::~HeldKeys() { SetKeyboardState(before_); }
+
+void WindowsUser::click(ui::Control& control) {
+    const HWND window = windowOf(control);
+    if (!isReachable(window)) return;
+    RECT area{};
+    GetClientRect(window, &area);
+    clickAt(window, area.right / 2, area.bottom / 2);
+}
+
+void WindowsUser::moveMouse(ui::Control& control, int x, int y) {
+    SendMessageW(windowOf(control), WM_MOUSEMOVE, 0, MAKELPARAM(x, y));
+    deliverMessages();
+}
+
+void WindowsUser::press(ui::Window& window, int key, int modifiers) {
+    const HWND form = windowOf(window);
+    if (!isReachable(form)) return;
+    const HeldKeys held(modifiers);
+    if ((modifiers & ui::modifier::alt) && isLetterOrDigit(key)) return pressAccessKey(focusIn(form), key);
+    PostMessageW(focusIn(form), WM_KEYDOWN, static_cast<WPARAM>(key), ONE_PRESS);
+    deliverMessages();
+    // The release goes to whoever has the focus by then.
+    if (const HWND focus = GetFocus()) PostMessageW(focus, WM_KEYUP, static_cast<WPARAM>(key), RELEASED);
+    deliverMessages();
+}
+
+void WindowsUser::sendKey(ui::Control& control, int key) {
+    SendMessageW(windowOf(control), WM_KEYDOWN, static_cast<WPARAM>(key), ONE_PRESS);
+    deliverMessages();
+}
+
+void WindowsUser::type(ui::Control& control, const std::wstring& text) {
+    const HWND window = windowOf(control);
+    if (!isReachable(window)) return;
+    if (GetFocus() != window && !IsChild(window, GetFocus())) SetFocus(window);
+    deliverMessages();
+    for (const wchar_t character : text)
+        if (const HWND focus = GetFocus(); focus == window || IsChild(window, focus))
+            typeCharacter(focus, character);
+}
+
+void WindowsUser::choose(ui::ComboBox& combo, int index) {
+    const HWND window = windowOf(combo);
+    if (!isReachable(window)) return;
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    GetComboBoxInfo(window, &parts);
+    clickAt(window, (parts.rcButton.left + parts.rcButton.right) / 2,
+            (parts.rcButton.top + parts.rcButton.bottom) / 2);
+    SendMessageW(parts.hwndList, LB_SETTOPINDEX, static_cast<WPARAM>(index), 0);
+    RECT entry{};
+    SendMessageW(parts.hwndList, LB_GETITEMRECT, static_cast<WPARAM>(index),
+                 reinterpret_cast<LPARAM>(&entry));
+    clickAt(parts.hwndList, (entry.left + entry.right) / 2, (entry.top + entry.bottom) / 2);
+}
+
+void WindowsUser::resize(ui::Window& window, const ui::Size& outerSize) {
+    SetWindowPos(windowOf(window), nullptr, 0, 0, outerSize.width, outerSize.height,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    deliverMessages();
+}
+
+void WindowsUser::closeWindow(ui::Window& window) {
+    if (!isReachable(windowOf(window))) return;
+    PostMessageW(windowOf(window), WM_SYSCOMMAND, SC_CLOSE, 0);
+    deliverMessages();
+}
+
+void WindowsUser::wait(int milliseconds) { deliverFor(milliseconds); }
+
+}  // namespace tests
