@@ -8,14 +8,15 @@ if(WIN32)
                                WIN32_LEAN_AND_MEAN STRICT)
     target_compile_options(project_options INTERFACE -Os -g1 -ffunction-sections -fdata-sections
                            -fstack-protector-strong)
-    target_link_options(project_options INTERFACE -fstack-protector-strong -static -static-libgcc -static-libstdc++ -Wl,--gc-sections
+    target_link_options(project_options INTERFACE -static -static-libgcc -static-libstdc++
+                        -fstack-protector-strong -Wl,--gc-sections
                         -Wl,--dynamicbase,--nxcompat -Wl,--no-insert-timestamp)
     if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
         target_link_options(project_options INTERFACE -Wl,--high-entropy-va)
     endif()
 else()
     set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    target_compile_options(project_options INTERFACE ${sanitizers} -O1 -g)
+    target_compile_options(project_options INTERFACE ${sanitizers} -O1 -g1)
     target_link_options(project_options INTERFACE ${sanitizers})
 endif()
 

@@ -49,9 +49,9 @@ private:
 template <class Body>
 void ctlPPE::runLogged(const wchar_t* procedure, Body body) noexcept {
     try {
-        guarded(application_, name().c_str(), procedure, body);
+        body();
     } catch (...) {
-        return;  // the container fails to tell the page's name
+        application_.logCurrentError(name().c_str(), procedure);
     }
 }
 
@@ -162,8 +162,10 @@ void ctlPPE::UserControl_Terminate() noexcept {
     attempt([&] { trace(L", terminated."); });
 }
 
-std::wstring ctlPPE::name() {
-    const std::wstring displayName = site_.displayName();
+std::wstring ctlPPE::name() noexcept {
+    std::wstring displayName;
+    // A container that fails to tell the control's name is as good as one that gives none.
+    attempt([&] { displayName = site_.displayName(); });
     return displayName.empty() ? L"ctlPPE" : displayName;
 }
 

@@ -74,7 +74,7 @@ private:
     void layOut();
     void placeRow(Row& row, int top);
     /// The name in front of the page's log lines.
-    [[nodiscard]] std::wstring name();
+    [[nodiscard]] std::wstring name() noexcept;
     void trace(const std::wstring& text);
     /// Runs a handler's body; its error goes to the log.
     template <class Body>

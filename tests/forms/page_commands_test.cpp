@@ -260,7 +260,7 @@ TEST_F(PageCommands, ADialogThatChangedNothingLeavesThePageClean) {
     stage->whenShown<vexa::frmDispMatches>([&](vexa::frmDispMatches& form) { user.click(form.cmdOk); });
     user.click(page->cmdDispMatches);
     EXPECT_FALSE(page->PropertyPage_Dirty());
-    EXPECT_THAT(calls.linesWith("site"), IsEmpty());
+    EXPECT_THAT(calls.linesWith("site OnStatusChange"), IsEmpty());
 }
 
 TEST_F(PageCommands, ADialogThatChangedASettingMarksThePageChangedWhenItHasClosed) {
