@@ -18,6 +18,7 @@ function(compile_interface output switches idl)
         COMMAND ${WIDL} ${WIDL_BITNESS} -I ${PROJECT_SOURCE_DIR}/interfaces -L ${STDOLE_FOLDER} ${switches}
                 ${output} ${idl}
         DEPENDS ${idl} ${PROJECT_SOURCE_DIR}/interfaces/oaidl.idl
+                ${PROJECT_SOURCE_DIR}/interfaces/ocidl.idl
                 ${PROJECT_SOURCE_DIR}/interfaces/OutlookPages.idl
         VERBATIM)
 endfunction()

@@ -88,11 +88,22 @@ std::vector<std::wstring> Screen::fonts() const {
 Screen::Modal::Modal(Screen& screen, Window* asker, HWND owner, WORD cancel)
     : screen_(screen), window_(asker), owner_(owner), cancel_(cancel) {
     screen_.modals_.push_back(this);
+    if (screen_.modals_.size() == 1) screen_.tellModalState(true);
 }
 
 Screen::Modal::~Modal() {
     std::erase(screen_.modals_, this);
-    if (screen_.modals_.empty()) screen_.closing_ = false;
+    if (!screen_.modals_.empty()) return;
+    screen_.closing_ = false;
+    screen_.tellModalState(false);
+}
+
+void Screen::tellModalState(bool runs) noexcept {
+    try {
+        raise(onModalState, runs);
+    } catch (...) {
+        return;  // the loop runs, whether its watcher likes it or not
+    }
 }
 
 void Screen::Modal::cancel() const {

@@ -38,6 +38,9 @@ public:
     /// Called inside the modal loop of each dialog once it is shown.
     std::function<void(ui::Form&)> onModal;
 
+    /// Called with true when a modal loop begins and none ran before, with false when the last has ended.
+    std::function<void(bool runs)> onModalState;
+
     [[nodiscard]] HINSTANCE instance() const { return instance_; }
     [[nodiscard]] const ActivationContext& context() const { return context_; }
 
@@ -70,6 +73,8 @@ public:
     [[nodiscard]] bool isClosing() const { return closing_; }
 
 private:
+    void tellModalState(bool runs) noexcept;
+
     HINSTANCE instance_;
     ActivationContext context_;
     std::vector<Window*> windows_;

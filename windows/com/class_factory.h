@@ -1,0 +1,27 @@
+// Makes controls for whoever asks the component for its class.
+#pragma once
+
+#include <ole2.h>
+
+#include <atomic>
+
+#include "windows/com/module.h"
+
+namespace com {
+
+class ClassFactory : public IClassFactory {
+public:
+    STDMETHODIMP QueryInterface(REFIID iid, void** out) noexcept override;
+    STDMETHODIMP_(ULONG) AddRef() noexcept override;
+    STDMETHODIMP_(ULONG) Release() noexcept override;
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** out) noexcept override;
+    STDMETHODIMP LockServer(BOOL lock) noexcept override;
+
+private:
+    virtual ~ClassFactory() = default;
+
+    ModuleReference module_;
+    std::atomic<ULONG> references_ = 1;
+};
+
+}  // namespace com

@@ -1,0 +1,83 @@
+// Late binding for the control's dual interfaces, by their descriptions in the type library; and the error
+// information that callers of such interfaces expect.
+#pragma once
+
+#include <oaidl.h>
+
+#include "windows/com/boundary.h"
+#include "windows/com/part.h"
+#include "windows/com/type_library.h"
+
+namespace com {
+
+/// Leaves the description of a failure for the caller of a method of `iid`.
+void leaveErrorInfo(REFIID iid, HRESULT code) noexcept;
+
+template <class Interface>
+class DispatchPart : public Part<Interface> {
+public:
+    using Part<Interface>::Part;
+
+    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
+        if (count == nullptr) return E_POINTER;
+        *count = 1;
+        return S_OK;
+    }
+    STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** out) noexcept override {
+        return atBoundary([&] {
+            required(out) = nullptr;
+            if (index != 0) return DISP_E_BADINDEX;
+            *out = description().detach();
+            return S_OK;
+        });
+    }
+    STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept override {
+        return atBoundary([&] {
+            if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+            required(names);
+            required(ids);
+            return description()->GetIDsOfNames(names, count, ids);
+        });
+    }
+    STDMETHODIMP Invoke(DISPID member, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO* error, UINT* badArgument) noexcept override {
+        return atBoundary([&] {
+            if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+            required(parameters);
+            // Callers may leave these out; the system's implementation writes to them all the same.
+            EXCEPINFO ignoredError{};
+            UINT ignoredArgument = 0;
+            Variant ignoredResult;
+            const HRESULT code = description()->Invoke(
+                static_cast<Interface*>(this), member, flags, parameters, result ? result : &ignoredResult,
+                error ? error : &ignoredError, badArgument ? badArgument : &ignoredArgument);
+            clear(ignoredError);
+            return code;
+        });
+    }
+
+protected:
+    /// Runs a method's body; its failure leaves error information.
+    template <class Body>
+    static HRESULT automation(Body body) noexcept {
+        SetErrorInfo(0, nullptr);
+        const HRESULT code = atBoundary(body);
+        if (FAILED(code)) leaveErrorInfo(__uuidof(Interface), code);
+        return code;
+    }
+
+private:
+    static void clear(EXCEPINFO& error) {
+        SysFreeString(error.bstrSource);
+        SysFreeString(error.bstrDescription);
+        SysFreeString(error.bstrHelpFile);
+    }
+    [[nodiscard]] Ptr<ITypeInfo>& description() {
+        if (!description_) description_ = typeInfo(__uuidof(Interface));
+        return description_;
+    }
+
+    Ptr<ITypeInfo> description_;
+};
+
+}  // namespace com

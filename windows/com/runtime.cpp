@@ -1,0 +1,46 @@
+#include "windows/com/runtime.h"
+
+#include "common/CTimer.h"
+#include "windows/com/boundary.h"
+#include "windows/com/host_window.h"
+#include "windows/com/page_host.h"
+#include "windows/platform/module.h"
+
+namespace com {
+namespace {
+
+/// Not destroyed when the process ends: COM is gone by then, and with it the add-in that it refers to.
+Runtime* runtime = nullptr;
+
+}  // namespace
+
+Runtime::Runtime()
+    : machine_(addIns_), screen_(win::thisModule()), application_(machine_.platform(), screen_) {
+    screen_.onModalState = [this](bool runs) { tellModal(runs); };
+}
+
+Runtime::~Runtime() {
+    vexa::modTimer::stop(machine_.platform().timers);
+    vexa::modTimer::clear();
+    HostWindow::unregisterClass();
+}
+
+Runtime& Runtime::get() {
+    if (runtime == nullptr) runtime = new Runtime;
+    if (runtime->thread_ != GetCurrentThreadId()) throw Failure(RPC_E_WRONG_THREAD);
+    return *runtime;
+}
+
+bool Runtime::shutDown() noexcept {
+    if (runtime == nullptr) return true;
+    if (runtime->thread_ != GetCurrentThreadId()) return false;
+    delete std::exchange(runtime, nullptr);
+    return true;
+}
+
+void Runtime::tellModal(bool runs) {
+    const std::vector<PageHost*> pages = pages_;
+    for (PageHost* page : pages) page->tellModal(runs);
+}
+
+}  // namespace com
