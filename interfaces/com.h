@@ -1,8 +1,9 @@
 // Owners for COM's references and strings.
 #pragma once
 
-#include <ole2.h>
 #include <windows.h>
+
+#include <ole2.h>
 
 #include <cwchar>
 #include <new>

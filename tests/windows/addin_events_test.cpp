@@ -1,8 +1,9 @@
 // The connection to the add-in's event: found in several ways, tolerant in its arguments, harmless at its
 // end.
 #include <gmock/gmock.h>
-#include <olectl.h>
 #include <windows.h>
+
+#include <olectl.h>
 
 #include "common/error.h"
 #include "tests/windows/addin_stand_in.h"
