@@ -33,6 +33,9 @@ void modTimer::callback() noexcept {
     }
 }
 
-void modTimer::clear() noexcept { activeTimer.reset(); }
+void modTimer::clear() noexcept {
+    activeTimer.reset();
+    timerIdentifier = 0;
+}
 
 }  // namespace vexa

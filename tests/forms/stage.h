@@ -49,6 +49,9 @@ public:
     virtual void createFolder(const std::wstring& path) = 0;
     /// The time that the program's clock shows from now on; sleeping does not wait.
     virtual void setTime(const vexa::LocalTime& time) = 0;
+    /// From now on numbers and dates convert as in a German locale: a decimal comma, points between
+    /// thousands, the day before the month.
+    virtual void useDecimalComma() = 0;
 
     /// A window from a page template, shown in a container of this size (pixels).
     [[nodiscard]] virtual std::unique_ptr<ui::Window> createPage(int templateIdentifier,
@@ -63,6 +66,9 @@ public:
     void whenShown(std::function<void(Form&)> script) {
         whenShown(Script([script](ui::Form& form) { script(dynamic_cast<Form&>(form)); }));
     }
+
+    /// What happens to open dialogs when the host closes the page: they close, the innermost first.
+    virtual void closeDialogs() = 0;
 
     /// The answers to the next message boxes, in order; without one a box is answered by OK or No.
     virtual void answerMessages(std::vector<ui::MessageAnswer> answers) = 0;

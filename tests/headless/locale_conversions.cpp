@@ -45,40 +45,51 @@ private:
     std::size_t position_ = 0;
 };
 
+/// The bounds of a date serial: the years 100 to 9999.
+constexpr double FIRST_DATE = -657434.0;
+constexpr double END_OF_DATES = 2958466.0;
+
 [[noreturn]] void typeMismatch() { throw vexa::Error(L"Type mismatch"); }
 
-/// A number as the system's parser takes it: blanks, one sign before or behind or parentheses, a currency
+/// A number as the system's parser takes it: blanks, signs before or one behind, parentheses, a currency
 /// sign, digits with separators between thousands, a decimal point, an exponent; or &H and &O with digits.
 class NumberParser {
 public:
     NumberParser(const std::wstring& text, const Locale& locale) : reader_(text), locale_(locale) {}
 
     double parse() {
-        takeSurroundings(true);
+        takeLeading();
         if (reader_.take(L'&')) return takePlain();
         takeDigits();
         takeExponent();
-        takeSurroundings(false);
+        takeTrailing();
         if (!reader_.atEnd() || !anyDigit_ || openParenthesis_) typeMismatch();
         return value();
     }
 
 private:
-    void takeSurroundings(bool leading) {
-        while (reader_.takeBlanks() || takeSign() || takeParenthesis(leading) || takeCurrency()) {
+    void takeLeading() {
+        while (reader_.takeBlanks() || takeOnce(plus_, L'+') || takeOnce(minus_, L'-') ||
+               takeOnce(openParenthesis_, L'(') || takeCurrency()) {
+        }
+        negative_ = minus_ || openParenthesis_;
+    }
+    void takeTrailing() {
+        while (reader_.takeBlanks() || takeTrailingSign() || takeClosing() || takeCurrency()) {
         }
     }
-    bool takeSign() {
-        if (signed_ || (reader_.peek() != L'-' && reader_.peek() != L'+')) return false;
-        signed_ = true;
-        negative_ = reader_.take() == L'-';
-        return true;
+    bool takeOnce(bool& taken, wchar_t character) {
+        if (taken || !reader_.take(character)) return false;
+        return taken = true;
     }
-    bool takeParenthesis(bool leading) {
-        if (leading ? signed_ : !openParenthesis_) return false;
-        if (!reader_.take(leading ? L'(' : L')')) return false;
-        signed_ = negative_ = true;
-        openParenthesis_ = leading;
+    bool takeTrailingSign() {
+        if (plus_ || minus_) return false;
+        if (takeOnce(minus_, L'-')) return negative_ = true;
+        return takeOnce(plus_, L'+');
+    }
+    bool takeClosing() {
+        if (!openParenthesis_ || !reader_.take(L')')) return false;
+        openParenthesis_ = false;
         return true;
     }
     bool takeCurrency() {
@@ -93,7 +104,7 @@ private:
             } else if (!point_ && reader_.take(locale_.decimalPoint)) {
                 digits_ += '.';
                 point_ = true;
-            } else if (!reader_.take(locale_.thousandsSeparator)) {
+            } else if (digits_.empty() || !reader_.take(locale_.thousandsSeparator)) {
                 return;
             }
         }
@@ -106,7 +117,7 @@ private:
             digits_ += '-';
         else
             reader_.take(L'+');
-        if (!isDigit(reader_.peek())) digits_ += '0';
+        if (!isDigit(reader_.peek())) typeMismatch();
         while (isDigit(reader_.peek())) digits_ += static_cast<char>(reader_.take());
     }
     /// Hexadecimal or octal digits, with no regard to the locale.
@@ -116,10 +127,12 @@ private:
         reader_.take();
         const int base = letter == L'h' ? 16 : 8;
         std::string digits;
-        while (!reader_.atEnd() && reader_.peek() < 0x80) digits += static_cast<char>(reader_.take());
+        while (!reader_.atEnd() && !isBlank(reader_.peek()) && reader_.peek() < 0x80)
+            digits += static_cast<char>(reader_.take());
         std::uint32_t number = 0;
         const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number, base);
-        if (error != std::errc() || end != digits.data() + digits.size()) typeMismatch();
+        reader_.takeBlanks();
+        if (error != std::errc() || end != digits.data() + digits.size() || !reader_.atEnd()) typeMismatch();
         return static_cast<std::int32_t>(number);
     }
     [[nodiscard]] double value() const {
@@ -135,7 +148,8 @@ private:
     std::string digits_;
     bool anyDigit_ = false;
     bool point_ = false;
-    bool signed_ = false;
+    bool plus_ = false;
+    bool minus_ = false;
     bool negative_ = false;
     bool openParenthesis_ = false;
     bool currency_ = false;
@@ -177,11 +191,16 @@ private:
         takeSeparator();
         const int second = takeNumber();
         takeSeparator();
-        int year = takeNumber();
-        if (year < 30) year += 2000;
-        if (year < 100) year += 1900;
+        const int third = takeNumber();
+        if (first > 31) return serialOf(first, second, third);
         int month = locale_.monthFirst ? first : second;
         int day = locale_.monthFirst ? second : first;
+        return serialOf(third, month, day);
+    }
+    /// A year of two digits lies between 1950 and 2049; a month above 12 is the day.
+    static double serialOf(int year, int month, int day) {
+        if (year < 50) year += 2000;
+        if (year < 100) year += 1900;
         if (month > 12) std::swap(month, day);
         if (month < 1 || month > 12 || day < 1 || day > 31) typeMismatch();
         return static_cast<double>(dateSerial(year, month, day));
@@ -221,7 +240,9 @@ double LocaleConversions::toDate(const std::wstring& text) {
     try {
         return DateParser(text, locale).parse();
     } catch (const vexa::Error&) {
-        return toNumber(text);
+        const double serial = toNumber(text);
+        if (!(serial > FIRST_DATE - 1 && serial < END_OF_DATES)) typeMismatch();
+        return serial;
     }
 }
 

@@ -14,7 +14,7 @@ class StillClock : public vexa::Clock {
 public:
     [[nodiscard]] vexa::LocalTime localTime() override { return time; }
     void sleep(int) override {}
-    vexa::LocalTime time{2026, 11, 28, 14, 3, 9, 45};
+    vexa::LocalTime time{2026, 2, 3, 9, 5, 7, 4};
 };
 
 /// Nobody else is there: messages reach no window.

@@ -71,12 +71,14 @@ public:
     }
     void createFolder(const std::wstring& path) override { machine_.files.createFolders(path); }
     void setTime(const vexa::LocalTime& time) override { machine_.clock.time = time; }
+    void useDecimalComma() override { machine_.conversions.locale = german(); }
 
     [[nodiscard]] std::unique_ptr<ui::Window> createPage(int templateIdentifier,
                                                          const ui::Size& size) override;
     [[nodiscard]] ui::Window& owner() override { return owner_; }
 
     void whenShown(tests::Script script) override { scripts_.push_back(std::move(script)); }
+    void closeDialogs() override { screen_.closeAll(); }
     void answerMessages(std::vector<ui::MessageAnswer> answers) override {
         scripted_.answerMessages(answers);
     }

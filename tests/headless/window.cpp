@@ -59,7 +59,17 @@ Window::Window(Screen& screen, const DialogTemplate& source, Window* owner)
     screen_.windows_.push_back(this);
 }
 
-Window::~Window() { std::erase(screen_.windows_, this); }
+Window::~Window() {
+    std::erase(screen_.windows_, this);
+    for (Window* window : std::vector(screen_.modal_.rbegin(), screen_.modal_.rend()))
+        if (window->descendsFrom(*this)) window->close();
+    for (Window* window : screen_.windows_)
+        if (window->owner_ == this) window->owner_ = nullptr;
+}
+
+bool Window::descendsFrom(const Window& other) const {
+    return owner_ != nullptr && (owner_ == &other || owner_->descendsFrom(other));
+}
 
 std::unique_ptr<ui::Timer> Window::createTimer() { return std::make_unique<WindowTimer>(screen_.loop_); }
 
@@ -98,6 +108,7 @@ public:
     Modal& operator=(const Modal&) = delete;
     ~Modal() {
         std::erase(screen_.modal_, &window_);
+        if (screen_.modal_.empty()) screen_.closing_ = false;
         if (std::ranges::count(screen_.windows_, below_) > 0) below_->announceFocus();
     }
 
@@ -108,6 +119,7 @@ private:
 };
 
 void Window::runModal(ui::Form& form) {
+    if (screen_.closing_) close();
     if (!open_) return;
     const Screen::Modal modal(screen_, *this, screen_.modal_.empty() ? owner_ : screen_.modal_.back());
     shown_ = true;
@@ -210,6 +222,7 @@ ui::MessageAnswer Screen::showMessage(ui::Window*, const ui::Message& message) {
 std::optional<ui::Colour> Screen::chooseColour(ui::Window&, ui::Colour, const std::wstring&) { return {}; }
 
 void Screen::closeAll() {
+    closing_ = !modal_.empty();
     const std::vector<Window*> open = modal_;
     for (auto window = open.rbegin(); window != open.rend(); ++window) (*window)->close();
 }

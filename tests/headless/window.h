@@ -60,6 +60,7 @@ private:
     friend class Screen;
     [[nodiscard]] ui::Size frame() const;
     void announceFocus();
+    [[nodiscard]] bool descendsFrom(const Window& other) const;
 
     Screen& screen_;
     const DialogTemplate& source_;
@@ -89,7 +90,8 @@ public:
 
     /// Plays the user's part in a window that was just shown modally.
     std::function<void(ui::Form&)> whenShown;
-    /// Closes every modal window, the innermost first, as when the host ends.
+    /// Closes every modal window, the innermost first; until the last one has returned, new ones close at
+    /// once.
     void closeAll();
 
     double twipsPerPixel = 15;  ///< 96 DPI
@@ -103,6 +105,7 @@ private:
     EventLoop& loop_;
     std::vector<Window*> modal_;    ///< the innermost last
     std::vector<Window*> windows_;  ///< all that live
+    bool closing_ = false;
     std::intptr_t nextHandle_;
 };
 
