@@ -85,12 +85,17 @@ public:
     }
     void createFolder(const std::wstring& path) override { ScratchFolder::createFolders(path); }
     void setTime(const vexa::LocalTime& time) override { clock_.time = time; }
+    void useDecimalComma() override {
+        constexpr std::uint32_t GERMAN = 0x0407;
+        conversions_ = win::Conversions(GERMAN);
+    }
 
     [[nodiscard]] std::unique_ptr<ui::Window> createPage(int templateIdentifier,
                                                          const ui::Size& size) override;
     [[nodiscard]] ui::Window& owner() override;
 
     void whenShown(Script script) override { scripts_.push_back(std::move(script)); }
+    void closeDialogs() override { screen_.closeAll(); }
     void answerMessages(std::vector<ui::MessageAnswer> answers) override {
         scripted_.answerMessages(answers);
     }
