@@ -29,8 +29,8 @@ public:
     ~Activation();
 
 private:
+    ULONG_PTR cookie_ = 0;  // before the flag, whose initialiser fills it
     bool active_;
-    ULONG_PTR cookie_ = 0;
 };
 
 }  // namespace win
