@@ -1,0 +1,182 @@
+// The timer object and the single slot behind it.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "common/CTimer.h"
+#include "tests/forms/form_test.h"
+
+namespace tests {
+namespace {
+
+using testing::ElementsAre;
+using vexa::CTimer;
+using vexa::modTimer;
+
+/// A system whose timers tick when a test says so.
+class ManualTimers : public vexa::SystemTimers {
+public:
+    std::uintptr_t setTimer(std::uint32_t milliseconds, Callback callback) override {
+        intervals.push_back(milliseconds);
+        if (exhausted) return 0;
+        running[++last] = callback;
+        return last;
+    }
+    void killTimer(std::uintptr_t identifier) override {
+        killed.push_back(identifier);
+        running.erase(identifier);
+    }
+    void tick(std::uintptr_t identifier) { running.at(identifier)(); }
+
+    bool exhausted = false;
+    std::vector<std::uint32_t> intervals;
+    std::vector<std::uintptr_t> killed;
+    std::map<std::uintptr_t, Callback> running;
+
+private:
+    std::uintptr_t last = 40;
+};
+
+class TimerTest : public testing::Test {
+protected:
+    TimerTest() { modTimer::clear(); }
+    ~TimerTest() override { modTimer::clear(); }
+
+    std::shared_ptr<CTimer> makeTimer(int& notified) {
+        auto timer = CTimer::create(system);
+        timer->Interval = 150;
+        timer->Notify = [&notified] { ++notified; };
+        return timer;
+    }
+    ManualTimers system;
+};
+
+TEST_F(TimerTest, RaisesNotifyOncePerTick) {
+    int notified = 0;
+    makeTimer(notified)->StartTimer();
+    EXPECT_THAT(system.intervals, ElementsAre(150U));
+    system.tick(41);
+    system.tick(41);
+    EXPECT_EQ(notified, 2);
+}
+
+TEST_F(TimerTest, ANewIntervalTakesEffectAtTheNextStart) {
+    int notified = 0;
+    const auto timer = makeTimer(notified);
+    timer->StartTimer();
+    timer->Interval = 20;
+    EXPECT_EQ(system.intervals.size(), 1U);
+    timer->StopTimer();
+    timer->StartTimer();
+    EXPECT_THAT(system.intervals, ElementsAre(150U, 20U));
+}
+
+TEST_F(TimerTest, StoppingBeforeAnyStartKillsTheIdentifierZero) {
+    CTimer::create(system)->StopTimer();
+    EXPECT_THAT(system.killed, ElementsAre(0U));
+}
+
+TEST_F(TimerTest, StoppingKillsTheTimerAndKeepsTheActiveObject) {
+    int notified = 0;
+    const auto timer = makeTimer(notified);
+    timer->StartTimer();
+    timer->StopTimer();
+    EXPECT_THAT(system.killed, ElementsAre(41U));
+    modTimer::callback();  // a tick that was on its way
+    EXPECT_EQ(notified, 1);
+}
+
+TEST_F(TimerTest, StartingTwiceLeavesTheFirstTimerTickingForTheSameObject) {
+    int notified = 0;
+    const auto timer = makeTimer(notified);
+    timer->StartTimer();
+    timer->StartTimer();
+    system.tick(41);
+    system.tick(42);
+    EXPECT_EQ(notified, 2);
+    timer->StopTimer();
+    EXPECT_THAT(system.killed, ElementsAre(42U)) << "the first one can no longer be stopped";
+    system.tick(41);
+    EXPECT_EQ(notified, 3);
+}
+
+TEST_F(TimerTest, ASecondObjectTakesTheSlotAndTheTicksOfTheFirst) {
+    int first = 0;
+    int second = 0;
+    const auto firstTimer = makeTimer(first);
+    const auto secondTimer = makeTimer(second);
+    firstTimer->StartTimer();
+    secondTimer->StartTimer();
+    system.tick(41);
+    system.tick(42);
+    EXPECT_EQ(first, 0);
+    EXPECT_EQ(second, 2);
+    firstTimer->StopTimer();
+    EXPECT_THAT(system.killed, ElementsAre(42U)) << "whoever stops, the timer that was started last ends";
+}
+
+TEST_F(TimerTest, TheSlotKeepsItsObjectAliveUntilItIsCleared) {
+    int notified = 0;
+    std::weak_ptr<CTimer> observed;
+    {
+        const auto timer = makeTimer(notified);
+        observed = timer;
+        timer->StartTimer();
+    }
+    system.tick(41);
+    EXPECT_EQ(notified, 1);
+    modTimer::clear();
+    EXPECT_TRUE(observed.expired());
+    system.tick(41);
+    EXPECT_EQ(notified, 1);
+}
+
+TEST_F(TimerTest, AHandlerMayStartAnotherTimer) {
+    int second = 0;
+    const auto secondTimer = makeTimer(second);
+    const auto first = CTimer::create(system);
+    first->Notify = [&] { secondTimer->StartTimer(); };
+    first->StartTimer();
+    system.tick(41);
+    system.tick(42);
+    EXPECT_EQ(second, 1);
+}
+
+TEST_F(TimerTest, NothingThatAHandlerThrowsReachesTheSystem) {
+    const auto timer = CTimer::create(system);
+    timer->Notify = [] { throw vexa::Error(L"failed"); };
+    timer->StartTimer();
+    EXPECT_NO_THROW(system.tick(41));
+    timer->Notify = nullptr;
+    EXPECT_NO_THROW(system.tick(41));
+}
+
+TEST_F(TimerTest, ASystemWithoutTimersLeavesNothingToStop) {
+    int notified = 0;
+    const auto timer = makeTimer(notified);
+    system.exhausted = true;
+    timer->StartTimer();
+    timer->StopTimer();
+    EXPECT_THAT(system.killed, ElementsAre(0U));
+    EXPECT_EQ(notified, 0);
+}
+
+using TimerOnStage = FormTest;
+
+TEST_F(TimerOnStage, TicksOfTheSystemReachTheObjectUntilItIsStopped) {
+    int notified = 0;
+    const auto timer = CTimer::create(application.platform.timers);
+    timer->Interval = 20;
+    timer->Notify = [&] { ++notified; };
+    timer->StartTimer();
+    user.wait(300);
+    EXPECT_GE(notified, 3);
+    timer->StopTimer();
+    const int atStop = notified;
+    user.wait(100);
+    EXPECT_EQ(notified, atStop);
+    EXPECT_EQ(calls.linesWith("timer set 20").size(), 1U);
+    EXPECT_EQ(calls.linesWith("timer kill").size(), 1U);
+}
+
+}  // namespace
+}  // namespace tests
