@@ -109,6 +109,16 @@ inline constexpr const wchar_t* VexaBaseDir = L"VexaBaseDir";
 // The attachment dialog's own lists of file extensions.
 inline constexpr const wchar_t* SelectedExtensions = L"SelectedExtensions";
 inline constexpr const wchar_t* AvailableExtensions = L"AvailableExtensions";
+inline constexpr const wchar_t* EditNoChange = L"EditNoChange";
+// How the list of knowledgebases was sorted when it was last closed.
+inline constexpr const wchar_t* KBConfigSortOrder = L"KBConfigSortOrder";
+inline constexpr const wchar_t* KBConfigColumn = L"KBConfigColumn";
+inline constexpr const wchar_t* KBConfigSortType = L"KBConfigSortType";
+// Below a knowledgebase's own key.
+inline constexpr const wchar_t* KBLastUpdate = L"KBLastUpdate";
+inline constexpr const wchar_t* KBSize = L"KBSize";
+inline constexpr const wchar_t* KBDocuments = L"KBDocuments";
+inline constexpr const wchar_t* Foldersize = L"Foldersize";
 }  // namespace valueName
 
 }  // namespace vexa

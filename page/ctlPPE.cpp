@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "common/knowledgebase_names.h"
+#include "kb/frmKBConfiguration.h"
+#include "kb/frmKnowledgeBase.h"
 #include "page/ctlPPE.ids.h"
 #include "page/wizard_rule.h"
 #include "settings/frmAttachment.h"
@@ -218,10 +220,32 @@ void ctlPPE::markChangedByDialog() {
 
 void ctlPPE::cmdKnowledgeBase_Click() {
     runLogged(L"cmdKnowledgeBase_Click", [&] {
-        trace(L", showing kb configuration dialog.");
+        {
+            frmKBConfiguration kbForm(application_, window());
+            connectKBForm(kbForm);
+            trace(L", showing kb configuration dialog.");
+            kbForm.Show();
+        }
         markChangedByDialog();
         enableWizardByRule();
         application_.DoEvents();
+    });
+}
+
+void ctlPPE::connectKBForm(frmKBConfiguration& form) {
+    form.KBClick = [this](bool& bProcessing, std::wstring& strName, std::int32_t& nAction) {
+        m_KBForm_KBClick(bProcessing, strName, nAction);
+    };
+    form.DefaultKBChanged = [this] { m_KBForm_DefaultKBChanged(); };
+    form.BaseFolderRequested = [this, &form] { showBaseFolder(form.window()); };
+}
+
+void ctlPPE::showBaseFolder(ui::Window& owner) {
+    runLogged(L"showBaseFolder", [&] {
+        frmKnowledgeBase(application_, owner).Show();
+        if (!application_.bBaseDirChanged) return;
+        application_.bBaseDirChanged = false;
+        application_.flags.dialogChanged = true;
     });
 }
 

@@ -10,6 +10,8 @@
 
 namespace vexa {
 
+class frmKBConfiguration;
+
 /// Codes of the knowledgebase event.
 enum class KBAction : std::int32_t {
     added = 0,
@@ -86,6 +88,8 @@ private:
     void markChangedByDialog();
 
     void cmdKnowledgeBase_Click();
+    void connectKBForm(frmKBConfiguration& form);
+    void showBaseFolder(ui::Window& owner);
     void cmdWizard_Click();
     void cmdWizard_GotFocus();
     void cmdMsg_KeyDown(const ui::KeyEvent& event);

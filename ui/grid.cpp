@@ -36,6 +36,12 @@ const std::wstring& Grid::cellText(int row, int column) const {
     return index < cells.size() ? cells[index].text : none;
 }
 
+double Grid::cellNumber(int row, int column) const {
+    const std::vector<GridCell>& cells = rows_[checked(row)].cells;
+    const auto index = static_cast<std::size_t>(column);
+    return index < cells.size() ? cells[index].number : 0;
+}
+
 int Grid::addRow(GridRow row) {
     rows_.push_back(std::move(row));
     rowsChanged();

@@ -51,6 +51,7 @@ public:
     [[nodiscard]] const GridRow& row(int row) const;
     /// The text of a cell; empty where the row has no such cell.
     [[nodiscard]] const std::wstring& cellText(int row, int column) const;
+    [[nodiscard]] double cellNumber(int row, int column) const;
     /// Adds at the end and returns the number of the new row.
     int addRow(GridRow row);
     void removeRow(int row);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "ui/form.h"
+#include "ui/grid.h"
 
 namespace tests {
 
@@ -40,6 +41,12 @@ public:
     virtual void type(ui::Control& control, const std::wstring& text) = 0;
     /// Opens the combo's list and picks the entry.
     virtual void choose(ui::ComboBox& combo, int index) = 0;
+    /// Left click on a row's first cell; also brings it into view.
+    virtual void clickRow(ui::Grid& grid, int row) = 0;
+    virtual void doubleClickRow(ui::Grid& grid, int row) = 0;
+    virtual void clickHeader(ui::Grid& grid, int column) = 0;
+    /// Types into the grid's open in-place editor, in place of all that is in it.
+    virtual void rewrite(ui::Grid& grid, const std::wstring& text) = 0;
     virtual void resize(ui::Window& window, const ui::Size& outerSize) = 0;
     /// The window's close box.
     virtual void closeWindow(ui::Window& window) = 0;

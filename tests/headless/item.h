@@ -51,6 +51,8 @@ public:
     virtual void handleCharacter(wchar_t) {}
     virtual void focusGained(FocusBy) {}
     virtual void focusLost() {}
+    /// The focus has arrived where it went.
+    virtual void focusGone() {}
 
     [[nodiscard]] Window& window() const { return window_; }
     [[nodiscard]] const TemplateControl& source() const { return source_; }

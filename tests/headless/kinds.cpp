@@ -6,6 +6,7 @@
 
 #include "tests/headless/choice_controls.h"
 #include "tests/headless/combo_box.h"
+#include "tests/headless/grid.h"
 #include "tests/headless/plain_controls.h"
 #include "tests/headless/text_box.h"
 
@@ -37,6 +38,7 @@ const KindRow KINDS[] = {
     {"Static", "", ui::Kind::label, make<Label>},
     {"Edit", "", ui::Kind::textBox, make<TextBox>},
     {"ComboBox", "", ui::Kind::comboBox, make<ComboBox>},
+    {"SysListView32", "LVS_OWNERDATA", ui::Kind::grid, make<Grid>},
 };
 
 bool sameClass(const std::string& one, const std::string& other) {

@@ -164,10 +164,12 @@ Item* Window::defaultButton() const {
 
 void Window::focus(Item& item, FocusBy by) {
     if (!item.focusable() || !item.usable() || focused_ == &item) return;
-    if (focused_ != nullptr) focused_->focusLost();
+    Item* before = focused_;
+    if (before != nullptr) before->focusLost();
     focused_ = &item;
     item.focusGained(by);
     announceFocus();
+    if (before != nullptr) before->focusGone();
 }
 
 void Window::dropFocus(const Item& item) {

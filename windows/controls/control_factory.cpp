@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "windows/controls/combo_box.h"
+#include "windows/controls/grid.h"
 #include "windows/controls/picture.h"
 #include "windows/controls/plain_controls.h"
 #include "windows/controls/swatch.h"
@@ -21,6 +22,7 @@ std::unique_ptr<ControlBase> makeControl(ui::Kind kind, Window& window, HWND con
         case ui::Kind::optionButton: return std::make_unique<OptionButton>(window, control);
         case ui::Kind::swatch: return std::make_unique<Swatch>(window, control);
         case ui::Kind::textBox: return std::make_unique<TextBox>(window, control);
+        case ui::Kind::grid: return std::make_unique<Grid>(window, control);
         case ui::Kind::comboBox: return std::make_unique<ComboBox>(window, control);
         default: throw std::logic_error("no wrapper for this kind of control");
     }

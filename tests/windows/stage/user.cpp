@@ -1,5 +1,9 @@
 #include "tests/windows/stage/user.h"
 
+#include <commctrl.h>
+
+#include <optional>
+
 #include "tests/windows/stage/messages.h"
 
 namespace tests {
@@ -114,6 +118,55 @@ void WindowsUser::choose(ui::ComboBox& combo, int index) {
     SendMessageW(parts.hwndList, LB_GETITEMRECT, static_cast<WPARAM>(index),
                  reinterpret_cast<LPARAM>(&entry));
     clickAt(parts.hwndList, (entry.left + entry.right) / 2, (entry.top + entry.bottom) / 2);
+}
+
+namespace {
+
+/// The middle of a row's first cell, once it is in view; nothing where there is no such row.
+std::optional<POINT> placeOfRow(HWND list, int row) {
+    if (row < 0 || row >= SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)) return {};
+    SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+    RECT area{};
+    area.left = LVIR_LABEL;
+    SendMessageW(list, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&area));
+    return POINT{area.left + 4, (area.top + area.bottom) / 2};
+}
+
+}  // namespace
+
+void WindowsUser::clickRow(ui::Grid& grid, int row) {
+    const HWND list = windowOf(grid);
+    if (!isReachable(list)) return;
+    if (const auto place = placeOfRow(list, row)) clickAt(list, place->x, place->y);
+}
+
+void WindowsUser::doubleClickRow(ui::Grid& grid, int row) {
+    clickRow(grid, row);
+    const HWND list = windowOf(grid);
+    if (!isReachable(list)) return;
+    const auto place = placeOfRow(list, row);
+    if (!place) return;
+    PostMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(place->x, place->y));
+    PostMessageW(list, WM_LBUTTONUP, 0, MAKELPARAM(place->x, place->y));
+    deliverMessages();
+}
+
+void WindowsUser::clickHeader(ui::Grid& grid, int column) {
+    const HWND list = windowOf(grid);
+    if (!isReachable(list)) return;
+    const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+    RECT area{};
+    SendMessageW(header, HDM_GETITEMRECT, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&area));
+    clickAt(header, (area.left + area.right) / 2, (area.top + area.bottom) / 2);
+}
+
+void WindowsUser::rewrite(ui::Grid& grid, const std::wstring& text) {
+    const auto editor = reinterpret_cast<HWND>(SendMessageW(windowOf(grid), LVM_GETEDITCONTROL, 0, 0));
+    if (editor == nullptr) return;
+    SendMessageW(editor, EM_SETSEL, 0, -1);
+    constexpr wchar_t BACKSPACE = 8;
+    typeCharacter(editor, BACKSPACE);
+    for (const wchar_t character : text) typeCharacter(editor, character);
 }
 
 void WindowsUser::resize(ui::Window& window, const ui::Size& outerSize) {

@@ -15,6 +15,10 @@ public:
     void sendKey(ui::Control& control, int key) override;
     void type(ui::Control& control, const std::wstring& text) override;
     void choose(ui::ComboBox& combo, int index) override;
+    void clickRow(ui::Grid& grid, int row) override;
+    void doubleClickRow(ui::Grid& grid, int row) override;
+    void clickHeader(ui::Grid& grid, int column) override;
+    void rewrite(ui::Grid& grid, const std::wstring& text) override;
     void resize(ui::Window& window, const ui::Size& outerSize) override;
     void closeWindow(ui::Window& window) override;
     void wait(int milliseconds) override;

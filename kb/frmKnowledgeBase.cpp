@@ -1,0 +1,101 @@
+#include "kb/frmKnowledgeBase.h"
+
+#include "kb/frmKnowledgeBase.ids.h"
+#include "kb/frmNewFolder.h"
+#include "ui/dialog_ids.h"
+
+namespace vexa {
+namespace {
+
+/// "C:" of a path on a drive.
+std::wstring driveOf(const std::wstring& path) { return path.substr(0, 2); }
+
+}  // namespace
+
+frmKnowledgeBase::frmKnowledgeBase(Application& application, ui::Window& owner)
+    : Form(application.screen.createDialog(IDD_frmKnowledgeBase, &owner)),
+      drvVexaBaseDir(window().control<ui::ComboBox>(IDC_drvVexaBaseDir)),
+      dirVexaBaseDir(window().control<ui::Grid>(IDC_dirVexaBaseDir)),
+      cmdNewDirectory(window().control<ui::Button>(IDC_cmdNewDirectory)),
+      cmdRepository(window().control<ui::Button>(IDC_cmdRepository)),
+      cmdOk(window().control<ui::Button>(IDC_cmdOk)),
+      cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
+      application_(application),
+      folders_(dirVexaBaseDir, application.platform.files) {
+    drvVexaBaseDir.onClick = [this] { attempt([&] { drvVexaBaseDir_Change(); }); };
+    cmdNewDirectory.onClick = [this] { attempt([&] { cmdNewDirectory_Click(); }); };
+    cmdOk.onClick = [this] { cmdOK_Click(); };
+    cmdCancel.onClick = [this] { Unload(); };
+    folders_.onFailure = [this] { reportFailure(L"The folder cannot be opened."); };
+}
+
+void frmKnowledgeBase::Form_Load() {
+    const std::wstring& baseFolder = application_.settings.VexaBaseDir;
+    attempt([&] { listDrives(); });
+    attempt([&] { selectDrive(driveOf(baseFolder)); });
+    attempt([&] {
+        folders_.showPath(baseFolder);  // kept as it is where it cannot be read
+        if (!baseFolder.empty()) folders_.setPath(baseFolder);
+    });
+}
+
+void frmKnowledgeBase::listDrives() {
+    for (const std::wstring& drive : application_.platform.files.drives()) drvVexaBaseDir.add(drive);
+}
+
+void frmKnowledgeBase::selectDrive(const std::wstring& drive) {
+    Conversions& conversions = application_.platform.conversions;
+    const std::wstring wanted = conversions.lower(drive);
+    int found = -1;
+    for (int index = 0; index < drvVexaBaseDir.count() && found == -1; ++index)
+        if (conversions.lower(drvVexaBaseDir.item(index)) == wanted) found = index;
+    drvVexaBaseDir.select(found);
+}
+
+void frmKnowledgeBase::drvVexaBaseDir_Change() {
+    const std::wstring drive = drvVexaBaseDir.item(drvVexaBaseDir.selectedIndex());
+    try {
+        folders_.setPath(drive + L"\\");
+    } catch (const Error&) {
+        application_.screen.showMessage(&window(),
+                                        {L"Drive '" + drive + L"' is not available.", L"Orbisearch",
+                                         ui::MessageIcon::information, ui::MessageButtons::ok});
+        selectDrive(driveOf(folders_.path()));
+    }
+}
+
+void frmKnowledgeBase::cmdNewDirectory_Click() {
+    if (folders_.path().empty()) return;
+    frmNewFolder question(application_, window());
+    question.Show();
+    if (question.name() && window().isOpen()) createFolder(*question.name());
+}
+
+void frmKnowledgeBase::createFolder(const std::wstring& name) {
+    const std::wstring path = subfolderPath(folders_.path(), name);
+    try {
+        application_.platform.files.createFolder(path);
+        folders_.setPath(path);
+    } catch (const Error&) {
+        reportFailure(L"The folder '" + name + L"' cannot be created.");
+    }
+}
+
+void frmKnowledgeBase::reportFailure(const std::wstring& what) {
+    const std::wstring why = currentErrorDescription();
+    attempt([&] {
+        application_.screen.showMessage(&window(), {what + L"\r\n" + why, L"Quillmark",
+                                                    ui::MessageIcon::exclamation, ui::MessageButtons::ok});
+    });
+}
+
+void frmKnowledgeBase::cmdOK_Click() {
+    attempt([&] {
+        Settings& settings = application_.settings;
+        if (folders_.path() != settings.VexaBaseDir) application_.bBaseDirChanged = true;
+        settings.VexaBaseDir = folders_.path();
+    });
+    Unload();
+}
+
+}  // namespace vexa

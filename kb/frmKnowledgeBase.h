@@ -1,0 +1,42 @@
+// "Knowledgebase": the base folder below which the add-in keeps its knowledgebases.
+#pragma once
+
+#include "common/application.h"
+#include "kb/folder_list.h"
+#include "ui/form.h"
+#include "ui/grid.h"
+
+namespace vexa {
+
+/// Changes the settings record alone.
+class frmKnowledgeBase : public ui::Form {
+public:
+    frmKnowledgeBase(Application& application, ui::Window& owner);
+
+    ui::ComboBox& drvVexaBaseDir;
+    ui::Grid& dirVexaBaseDir;
+    ui::Button& cmdNewDirectory;
+    ui::Button& cmdRepository;  ///< nothing happens at its click
+    ui::Button& cmdOk;
+    ui::Button& cmdCancel;
+
+    /// The folder that is shown.
+    [[nodiscard]] const std::wstring& folder() const { return folders_.path(); }
+
+protected:
+    void Form_Load() override;
+
+private:
+    void listDrives();
+    void selectDrive(const std::wstring& drive);
+    void drvVexaBaseDir_Change();
+    void cmdNewDirectory_Click();
+    void createFolder(const std::wstring& name);
+    void cmdOK_Click();
+    void reportFailure(const std::wstring& what);
+
+    Application& application_;
+    FolderList folders_;
+};
+
+}  // namespace vexa

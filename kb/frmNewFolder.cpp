@@ -1,0 +1,29 @@
+#include "kb/frmNewFolder.h"
+
+#include "kb/frmNewFolder.ids.h"
+#include "ui/dialog_ids.h"
+
+namespace vexa {
+
+frmNewFolder::frmNewFolder(Application& application, ui::Window& owner)
+    : Form(application.screen.createDialog(IDD_frmNewFolder, &owner)),
+      txtFolderName(window().control<ui::TextBox>(IDC_txtFolderName)),
+      cmdOk(window().control<ui::Button>(IDC_cmdOk)),
+      cmdCancel(window().control<ui::Button>(IDC_cmdCancel)) {
+    txtFolderName.onChange = [this] { attempt([&] { txtFolderName_Change(); }); };
+    cmdOk.onClick = [this] { cmdOK_Click(); };
+    cmdCancel.onClick = [this] { Unload(); };
+}
+
+void frmNewFolder::Form_Load() {
+    attempt([&] { txtFolderName_Change(); });
+}
+
+void frmNewFolder::txtFolderName_Change() { cmdOk.setEnabled(!txtFolderName.text().empty()); }
+
+void frmNewFolder::cmdOK_Click() {
+    attempt([&] { name_ = txtFolderName.text(); });
+    Unload();
+}
+
+}  // namespace vexa

@@ -1,0 +1,33 @@
+// "New folder": asks for a folder's name.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "common/application.h"
+#include "ui/form.h"
+
+namespace vexa {
+
+class frmNewFolder : public ui::Form {
+public:
+    frmNewFolder(Application& application, ui::Window& owner);
+
+    ui::TextBox& txtFolderName;
+    ui::Button& cmdOk;
+    ui::Button& cmdCancel;
+
+    /// What was entered; nothing where the dialog was cancelled.
+    [[nodiscard]] const std::optional<std::wstring>& name() const { return name_; }
+
+protected:
+    void Form_Load() override;
+
+private:
+    void txtFolderName_Change();
+    void cmdOK_Click();
+
+    std::optional<std::wstring> name_;
+};
+
+}  // namespace vexa

@@ -1,0 +1,251 @@
+#include "windows/controls/grid.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "windows/controls/screen.h"
+#include "windows/controls/window.h"
+
+namespace win {
+namespace {
+
+// To the list view itself, when it has done with what it is doing.
+constexpr UINT EDIT_ENDED = WM_APP + 10;
+constexpr UINT EDIT_WANTED = WM_APP + 11;
+
+constexpr UINT_PTR EDITOR_SUBCLASS = 2;
+
+std::wstring textOf(HWND window) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+bool startsWith(const std::wstring& text, const std::wstring& start) {
+    const auto length = static_cast<int>(start.size());
+    return text.size() >= start.size() &&
+           CompareStringOrdinal(text.c_str(), length, start.c_str(), length, TRUE) == CSTR_EQUAL;
+}
+
+}  // namespace
+
+Grid::Grid(Window& window, HWND handle) : ControlOf(window, handle) {
+    constexpr DWORD EXTENDED = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
+    send(LVM_SETEXTENDEDLISTVIEWSTYLE, EXTENDED, EXTENDED);
+    images_ = ImageList_Create(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON),
+                               ILC_COLOR32 | ILC_MASK, 2, 2);
+    send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images_));
+}
+
+Grid::~Grid() {
+    if (editor_ != nullptr) RemoveWindowSubclass(editor_, editorProcedure, EDITOR_SUBCLASS);
+}
+
+// --- Columns ----------------------------------------------------------------------------------------------
+
+void Grid::showColumns() {
+    while (send(LVM_DELETECOLUMN, 0)) continue;
+    for (std::size_t index = 0; index < columns().size(); ++index)
+        insertColumn(static_cast<int>(index), columns()[index]);
+}
+
+void Grid::insertColumn(int index, const ui::GridColumn& column) {
+    RECT area{};
+    GetClientRect(window(), &area);
+    LVCOLUMNW shown{};
+    shown.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT | LVCF_SUBITEM;
+    shown.fmt = column.rightAligned ? LVCFMT_RIGHT : LVCFMT_LEFT;
+    shown.cx = (area.right - GetSystemMetrics(SM_CXVSCROLL)) * column.share / 100;
+    shown.iSubItem = index;
+    shown.pszText = const_cast<wchar_t*>(column.caption.c_str());  // only read
+    send(LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&shown));
+}
+
+void Grid::showSortArrow(int column) {
+    const auto header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
+    HDITEMW item{};
+    item.mask = HDI_FORMAT;
+    SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+    item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+    if (sortArrow(column) == ui::SortArrow::up) item.fmt |= HDF_SORTUP;
+    if (sortArrow(column) == ui::SortArrow::down) item.fmt |= HDF_SORTDOWN;
+    SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+}
+
+// --- Rows -------------------------------------------------------------------------------------------------
+
+void Grid::showRows() noexcept {
+    send(LVM_SETITEMCOUNT, static_cast<WPARAM>(rowCount()));
+    showCurrentRow();
+    refresh();
+}
+
+void Grid::showRow(int row) { send(LVM_REDRAWITEMS, static_cast<WPARAM>(row), row); }
+
+void Grid::refresh() {
+    if (window() != nullptr) InvalidateRect(window(), nullptr, TRUE);
+}
+
+void Grid::showCurrentRow() {
+    telling_ = true;
+    LVITEMW state{};
+    state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    const auto selected = static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+    if (selected != -1 && selected != currentRow())
+        send(LVM_SETITEMSTATE, static_cast<WPARAM>(selected), reinterpret_cast<LPARAM>(&state));
+    if (currentRow() != -1) {
+        state.state = state.stateMask;
+        send(LVM_SETITEMSTATE, static_cast<WPARAM>(currentRow()), reinterpret_cast<LPARAM>(&state));
+        send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(currentRow()), FALSE);
+    }
+    telling_ = false;
+}
+
+void Grid::describe(LVITEMW& item) {
+    if (item.iItem < 0 || item.iItem >= rowCount()) return;
+    if ((item.mask & LVIF_TEXT) && item.pszText != nullptr && item.cchTextMax > 0)
+        lstrcpynW(item.pszText, cellText(item.iItem, item.iSubItem).c_str(), item.cchTextMax);
+    if (item.mask & LVIF_IMAGE) item.iImage = imageOf(row(item.iItem).picture);
+    if (item.mask & LVIF_INDENT) item.iIndent = row(item.iItem).indent;
+}
+
+int Grid::imageOf(int picture) {
+    if (picture == 0) return I_IMAGENONE;
+    const auto known = imageIndices_.find(picture);
+    if (known != imageIndices_.end()) return known->second;
+    return imageIndices_[picture] = addImage(picture);
+}
+
+int Grid::addImage(int picture) {
+    int width = 0;
+    int height = 0;
+    ImageList_GetIconSize(images_, &width, &height);
+    const auto icon = static_cast<HICON>(LoadImageW(dialog().screen().instance(), MAKEINTRESOURCEW(picture),
+                                                    IMAGE_ICON, width, height, LR_DEFAULTCOLOR));
+    if (icon == nullptr) return I_IMAGENONE;
+    const int index = ImageList_ReplaceIcon(images_, -1, icon);
+    DestroyIcon(icon);
+    return index;
+}
+
+/// Typing the start of a name leads to its row.
+LRESULT Grid::findRow(const NMLVFINDITEMW& wanted) const {
+    if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || wanted.lvfi.psz == nullptr) return -1;
+    for (int step = 0; step < rowCount(); ++step) {
+        const int row = (std::max(wanted.iStart, 0) + step) % rowCount();
+        if (startsWith(cellText(row, 0), wanted.lvfi.psz)) return row;
+    }
+    return -1;
+}
+
+LRESULT Grid::draw(NMLVCUSTOMDRAW& drawing) const {
+    if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+    const auto row = static_cast<int>(drawing.nmcd.dwItemSpec);
+    if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || row >= rowCount() || this->row(row).enabled)
+        return CDRF_DODEFAULT;
+    drawing.clrText = GetSysColor(COLOR_GRAYTEXT);
+    return CDRF_NEWFONT;
+}
+
+// --- What the list view tells -----------------------------------------------------------------------------
+
+std::optional<LRESULT> Grid::onNotify(NMHDR& notification) {
+    switch (notification.code) {
+        case LVN_GETDISPINFOW: describe(reinterpret_cast<NMLVDISPINFOW&>(notification).item); return 0;
+        case LVN_ODFINDITEMW: return findRow(reinterpret_cast<NMLVFINDITEMW&>(notification));
+        case NM_CUSTOMDRAW: return draw(reinterpret_cast<NMLVCUSTOMDRAW&>(notification));
+        case LVN_ITEMCHANGED: stateChanged(reinterpret_cast<NMLISTVIEW&>(notification)); return 0;
+        case LVN_COLUMNCLICK:
+            raise(onHeaderClick, reinterpret_cast<NMLISTVIEW&>(notification).iSubItem);
+            return 0;
+        case NM_CLICK: clicked(reinterpret_cast<NMITEMACTIVATE&>(notification).iItem); return 0;
+        case NM_DBLCLK: {
+            const int row = reinterpret_cast<NMITEMACTIVATE&>(notification).iItem;
+            if (row >= 0 && row < rowCount()) raise(onDoubleClick, row);
+            return 0;
+        }
+        case LVN_KEYDOWN:
+            if (reinterpret_cast<NMLVKEYDOWN&>(notification).wVKey == VK_F2 && currentRow() != -1)
+                raise(onBeginEdit, currentRow());
+            return 0;
+        case LVN_BEGINLABELEDITW:
+            return editorOpens(reinterpret_cast<NMLVDISPINFOW&>(notification).item.iItem);
+        case LVN_ENDLABELEDITW: editorCloses(); return FALSE;  // the program keeps the texts
+        default: return std::nullopt;
+    }
+}
+
+void Grid::stateChanged(const NMLISTVIEW& change) {
+    const bool selected = (change.uNewState & LVIS_SELECTED) != 0 && (change.uOldState & LVIS_SELECTED) == 0;
+    if (!telling_ && selected && change.iItem >= 0 && change.iItem < rowCount()) userMovedTo(change.iItem);
+}
+
+void Grid::clicked(int row) {
+    if (row >= 0 && row < rowCount()) return raise(onRowClick, row);
+    showCurrentRow();  // a click beside the rows does not take the current one away
+}
+
+// --- The in-place editor ----------------------------------------------------------------------------------
+
+void Grid::showEditor(int row) {
+    focus();  // the list view edits only while it has the focus
+    escaped_ = false;
+    left_.reset();
+    opening_ = true;
+    const LRESULT editor = send(LVM_EDITLABELW, static_cast<WPARAM>(row));
+    opening_ = false;
+    if (editor == 0) throw std::runtime_error("the list view opens no editor");
+}
+
+LRESULT Grid::editorOpens(int row) {
+    if (!opening_) {
+        PostMessageW(window(), EDIT_WANTED, static_cast<WPARAM>(row), 0);
+        return TRUE;
+    }
+    editor_ = reinterpret_cast<HWND>(send(LVM_GETEDITCONTROL));
+    if (editor_ != nullptr)
+        SetWindowSubclass(editor_, editorProcedure, EDITOR_SUBCLASS, reinterpret_cast<DWORD_PTR>(this));
+    return FALSE;
+}
+
+LRESULT CALLBACK Grid::editorProcedure(HWND editor, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                       DWORD_PTR grid) noexcept {
+    if (message == WM_KEYDOWN && wParam == VK_ESCAPE) reinterpret_cast<Grid*>(grid)->escaped_ = true;
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(editor, editorProcedure, EDITOR_SUBCLASS);
+    return DefSubclassProc(editor, message, wParam, lParam);
+}
+
+/// The list view says the same of a cancelled, an unchanged and an emptied text: the editor knows better.
+/// What follows may ask questions or open the editor again, so it waits until the list view has done.
+void Grid::editorCloses() {
+    if (editor_ == nullptr) return;
+    const std::wstring text = textOf(editor_);
+    RemoveWindowSubclass(editor_, editorProcedure, EDITOR_SUBCLASS);
+    editor_ = nullptr;
+    left_ = EditorContent{text, escaped_};
+    if (!taking_) PostMessageW(window(), EDIT_ENDED, 0, 0);
+}
+
+ui::Grid::EditorContent Grid::takeEditor() {
+    if (!left_) {
+        taking_ = true;
+        send(LVM_CANCELEDITLABEL);
+        taking_ = false;
+    }
+    const EditorContent content = left_.value_or(EditorContent{L"", true});
+    left_.reset();
+    return content;
+}
+
+std::optional<LRESULT> Grid::onMessage(UINT message, WPARAM wParam, LPARAM) {
+    if (message == EDIT_ENDED) {
+        if (left_) finishEdit();
+        return 0;
+    }
+    if (message != EDIT_WANTED) return std::nullopt;
+    const auto row = static_cast<int>(wParam);
+    if (row < rowCount() && editedRow() == -1) raise(onBeginEdit, row);
+    return 0;
+}
+
+}  // namespace win
