@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "tests/support/source_folder.h"
 #include "tests/support/text.h"
 
 namespace headless {
@@ -341,8 +342,8 @@ std::vector<std::string> dialogScripts(const std::string& sourceFolder) {
 const DialogTemplate& dialogTemplate(int id) {
     static const std::map<int, DialogTemplate> dialogs = [] {
         std::map<int, DialogTemplate> all;
-        for (const std::string& script : dialogScripts(SOURCE_FOLDER))
-            for (DialogTemplate& dialog : readDialogs(SOURCE_FOLDER, script))
+        for (const std::string& script : dialogScripts(tests::sourceFolder()))
+            for (DialogTemplate& dialog : readDialogs(tests::sourceFolder(), script))
                 all[dialog.id] = std::move(dialog);
         return all;
     }();
