@@ -17,7 +17,21 @@ const wchar_t* describe(HRESULT code) {
     }
 }
 
+bool fits(const FUNCDESC& function, DISPID member, WORD flags) {
+    return function.memid == member && (function.invkind & flags) != 0;
+}
+
 }  // namespace
+
+void checkCount(ITypeInfo& description, DISPID member, WORD flags, UINT arguments) {
+    FUNCDESC* function = nullptr;
+    for (UINT index = 0; SUCCEEDED(description.GetFuncDesc(index, &function)); ++index) {
+        const bool tooMany =
+            fits(*function, member, flags) && arguments > static_cast<UINT>(function->cParams);
+        description.ReleaseFuncDesc(function);
+        if (tooMany) throw Failure(DISP_E_BADPARAMCOUNT);
+    }
+}
 
 void leaveErrorInfo(REFIID iid, HRESULT code) noexcept {
     Ptr<ICreateErrorInfo> information;

@@ -13,6 +13,10 @@ namespace com {
 /// Leaves the description of a failure for the caller of a method of `iid`.
 void leaveErrorInfo(REFIID iid, HRESULT code) noexcept;
 
+/// Throws Failure(DISP_E_BADPARAMCOUNT) where a member gets more arguments than it has; not every system
+/// checks this by itself.
+void checkCount(ITypeInfo& description, DISPID member, WORD flags, UINT arguments);
+
 template <class Interface>
 class DispatchPart : public Part<Interface> {
 public:
@@ -43,11 +47,12 @@ public:
                         EXCEPINFO* error, UINT* badArgument) noexcept override {
         return atBoundary([&] {
             if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-            required(parameters);
+            checkCount(*description().get(), member, flags, required(parameters).cArgs);
             // Callers may leave these out; the system's implementation writes to them all the same.
             EXCEPINFO ignoredError{};
             UINT ignoredArgument = 0;
             Variant ignoredResult;
+            if (badArgument != nullptr) *badArgument = 0;
             const HRESULT code = description()->Invoke(
                 static_cast<Interface*>(this), member, flags, parameters, result ? result : &ignoredResult,
                 error ? error : &ignoredError, badArgument ? badArgument : &ignoredArgument);

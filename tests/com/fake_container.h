@@ -1,0 +1,173 @@
+// A container for the control's tests. It says which calls it expects, in which order; every other call fails
+// the test, and so does an expected one that does not come.
+#pragma once
+
+#include <ocidl.h>
+#include <olectl.h>
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "OutlookPages.h"
+#include "interfaces/com.h"
+#include "windows/com/part.h"
+
+namespace tests {
+
+class FakeContainer : public IUnknown {
+public:
+    /// `window` is the container's window; the control's place in it is `position`.
+    explicit FakeContainer(HWND window);
+    FakeContainer(const FakeContainer&) = delete;
+    FakeContainer& operator=(const FakeContainer&) = delete;
+    /// Fails the test where expected calls are missing or references are left.
+    virtual ~FakeContainer();
+
+    RECT position{10, 20, 410, 380};
+    RECT clip{0, 0, 1000, 1000};
+    /// What methods answer instead of S_OK, by their names.
+    std::map<std::string, HRESULT> answers;
+    /// What every method answers that is not in `answers`.
+    HRESULT usualAnswer = S_OK;
+    /// Interfaces that the container lacks, by their names in `interfaceNames`.
+    std::set<std::string> lacks;
+    /// Ambient properties; others are unknown to the container.
+    std::map<DISPID, com::Variant> ambients;
+    /// Runs inside a call, before it returns.
+    std::map<std::string, std::function<void()>> during;
+
+    /// The calls that come from now on until the next `expect` or `verify`, in this order.
+    void expect(std::initializer_list<const char*> calls);
+    /// Fails the test where an expected call has not come.
+    void verify();
+    /// From now on calls are noted, but neither expected nor unexpected: for tests of other things.
+    void acceptAnything() { strict_ = false; }
+    [[nodiscard]] int count(const std::string& call) const;
+
+    [[nodiscard]] IOleClientSite* site() { return &clientSite_; }
+    [[nodiscard]] ULONG references() const { return references_; }
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** out) noexcept override;
+    STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
+    STDMETHODIMP_(ULONG) Release() noexcept override { return --references_; }
+
+private:
+    HRESULT called(const std::string& call);
+
+    struct ClientSite : com::Part<IOleClientSite> {
+        explicit ClientSite(FakeContainer& whole) : Part(whole), fake(whole) {}
+        FakeContainer& fake;
+        STDMETHODIMP SaveObject() override { return fake.called("SaveObject"); }
+        STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker**) override { return fake.called("GetMoniker"); }
+        STDMETHODIMP GetContainer(IOleContainer**) override { return fake.called("GetContainer"); }
+        STDMETHODIMP ShowObject() override { return fake.called("ShowObject"); }
+        STDMETHODIMP OnShowWindow(BOOL) override { return fake.called("OnShowWindow"); }
+        STDMETHODIMP RequestNewObjectLayout() override { return fake.called("RequestNewObjectLayout"); }
+    } clientSite_{*this};
+
+    struct InPlaceSite : com::Part<IOleInPlaceSiteEx> {
+        explicit InPlaceSite(FakeContainer& whole) : Part(whole), fake(whole) {}
+        FakeContainer& fake;
+        STDMETHODIMP GetWindow(HWND* window) override;
+        STDMETHODIMP ContextSensitiveHelp(BOOL) override { return fake.called("ContextSensitiveHelp"); }
+        STDMETHODIMP CanInPlaceActivate() override { return fake.called("CanInPlaceActivate"); }
+        STDMETHODIMP OnInPlaceActivate() override { return fake.called("OnInPlaceActivate"); }
+        STDMETHODIMP OnUIActivate() override { return fake.called("OnUIActivate"); }
+        STDMETHODIMP GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, LPRECT place,
+                                      LPRECT clip, LPOLEINPLACEFRAMEINFO information) override;
+        STDMETHODIMP Scroll(SIZE) override { return fake.called("Scroll"); }
+        STDMETHODIMP OnUIDeactivate(BOOL) override { return fake.called("OnUIDeactivate"); }
+        STDMETHODIMP OnInPlaceDeactivate() override { return fake.called("OnInPlaceDeactivate"); }
+        STDMETHODIMP DiscardUndoState() override { return fake.called("DiscardUndoState"); }
+        STDMETHODIMP DeactivateAndUndo() override { return fake.called("DeactivateAndUndo"); }
+        STDMETHODIMP OnPosRectChange(LPCRECT) override { return fake.called("OnPosRectChange"); }
+        STDMETHODIMP OnInPlaceActivateEx(BOOL*, DWORD) override { return fake.called("OnInPlaceActivateEx"); }
+        STDMETHODIMP OnInPlaceDeactivateEx(BOOL) override { return fake.called("OnInPlaceDeactivateEx"); }
+        STDMETHODIMP RequestUIActivate() override { return fake.called("RequestUIActivate"); }
+    } inPlaceSite_{*this};
+
+    struct Frame : com::Part<IOleInPlaceFrame> {
+        explicit Frame(FakeContainer& whole) : Part(whole), fake(whole) {}
+        FakeContainer& fake;
+        STDMETHODIMP GetWindow(HWND*) override { return fake.called("Frame.GetWindow"); }
+        STDMETHODIMP ContextSensitiveHelp(BOOL) override { return fake.called("Frame.ContextSensitiveHelp"); }
+        STDMETHODIMP GetBorder(LPRECT) override { return fake.called("GetBorder"); }
+        STDMETHODIMP RequestBorderSpace(LPCBORDERWIDTHS) override {
+            return fake.called("RequestBorderSpace");
+        }
+        STDMETHODIMP SetBorderSpace(LPCBORDERWIDTHS) override { return fake.called("SetBorderSpace"); }
+        STDMETHODIMP SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) override {
+            return fake.called(object ? "SetActiveObject" : "SetActiveObject(NULL)");
+        }
+        STDMETHODIMP InsertMenus(HMENU, LPOLEMENUGROUPWIDTHS) override { return fake.called("InsertMenus"); }
+        STDMETHODIMP SetMenu(HMENU, HOLEMENU, HWND) override { return fake.called("SetMenu"); }
+        STDMETHODIMP RemoveMenus(HMENU) override { return fake.called("RemoveMenus"); }
+        STDMETHODIMP SetStatusText(LPCOLESTR) override { return fake.called("SetStatusText"); }
+        STDMETHODIMP EnableModeless(BOOL enable) override {
+            return fake.called(enable ? "EnableModeless(TRUE)" : "EnableModeless(FALSE)");
+        }
+        STDMETHODIMP TranslateAccelerator(LPMSG, WORD) override {
+            return fake.called("Frame.TranslateAccelerator");
+        }
+    } frame_{*this};
+
+    struct ControlSite : com::Part<IOleControlSite> {
+        explicit ControlSite(FakeContainer& whole) : Part(whole), fake(whole) {}
+        FakeContainer& fake;
+        STDMETHODIMP OnControlInfoChanged() override { return fake.called("OnControlInfoChanged"); }
+        STDMETHODIMP LockInPlaceActive(BOOL) override { return fake.called("LockInPlaceActive"); }
+        STDMETHODIMP GetExtendedControl(IDispatch**) override { return fake.called("GetExtendedControl"); }
+        STDMETHODIMP TransformCoords(POINTL*, POINTF*, DWORD) override {
+            return fake.called("TransformCoords");
+        }
+        STDMETHODIMP TranslateAccelerator(MSG*, DWORD) override {
+            return fake.called("TranslateAccelerator");
+        }
+        STDMETHODIMP OnFocus(BOOL focused) override {
+            return fake.called(focused ? "OnFocus(TRUE)" : "OnFocus(FALSE)");
+        }
+        STDMETHODIMP ShowPropertyFrame() override { return fake.called("ShowPropertyFrame"); }
+    } controlSite_{*this};
+
+    /// IDispatch without type information, for interfaces that are called by their virtual functions alone.
+    template <class Interface>
+    struct Dispatch : com::Part<Interface> {
+        using com::Part<Interface>::Part;
+        STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+        STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+        STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+        STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+            return E_NOTIMPL;
+        }
+    };
+
+    struct PageSite : Dispatch<PropertyPageSite> {
+        explicit PageSite(FakeContainer& whole) : Dispatch(whole), fake(whole) {}
+        FakeContainer& fake;
+        STDMETHODIMP get_Application(IDispatch**) override { return fake.called("Application"); }
+        STDMETHODIMP get_Class(LONG*) override { return fake.called("Class"); }
+        STDMETHODIMP get_Session(IDispatch**) override { return fake.called("Session"); }
+        STDMETHODIMP get_Parent(IDispatch**) override { return fake.called("Parent"); }
+        STDMETHODIMP OnStatusChange() override { return fake.called("OnStatusChange"); }
+    } pageSite_{*this};
+
+    /// Ambient properties are asked for at any time; only their kind can be unexpected.
+    struct Ambients : Dispatch<IDispatch> {
+        explicit Ambients(FakeContainer& whole) : Dispatch(whole), fake(whole) {}
+        FakeContainer& fake;
+        STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
+                            UINT*) override;
+    } ambientDispatch_{*this};
+
+    HWND window_;
+    ULONG references_ = 1;
+    bool strict_ = true;
+    std::deque<std::string> expected_;
+    std::vector<std::string> calls_;
+};
+
+}  // namespace tests
