@@ -22,7 +22,10 @@ protected:
     [[nodiscard]] std::optional<std::string> file() {
         return stage->readFile(application.log.LogPath + L"VexaPPE.log");
     }
-    void writeStaleFile() { stage->writeFile(application.log.LogPath + L"VexaPPE.log", "stale\r\n"); }
+    void writeStaleFile() {
+        stage->createFolder(application.log.LogPath);
+        stage->writeFile(application.log.LogPath + L"VexaPPE.log", "stale\r\n");
+    }
 };
 
 TEST_F(DiagnosticLogTest, ALineIsItsStampATabTheTextAndALineEnd) {

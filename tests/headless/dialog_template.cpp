@@ -319,10 +319,9 @@ std::vector<std::pair<std::string, int>> readIdentifiers(const std::string& path
     std::istringstream lines(readText(path));
     for (std::string line; std::getline(lines, line);) {
         std::istringstream words(line);
-        std::string directive, name;
-        int number = 0;
+        std::string directive, name, number;
         if (words >> directive >> name >> number && directive == "#define")
-            identifiers.emplace_back(name, number);
+            identifiers.emplace_back(name, std::stoi(number, nullptr, 0));
     }
     return identifiers;
 }

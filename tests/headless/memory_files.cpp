@@ -115,7 +115,7 @@ bool MemoryFiles::driveReady(const std::wstring& path) const {
 }
 
 void MemoryFiles::write(const std::wstring& path, const std::string& content) {
-    createFolders(parentOf(path));
+    checkNewPath(path);
     entries_[normal(path)] = {path, false, content};
 }
 

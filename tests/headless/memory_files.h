@@ -30,7 +30,7 @@ public:
     void addDrive(const std::wstring& name, bool ready);
     /// False for an unknown drive, too.
     [[nodiscard]] bool driveReady(const std::wstring& path) const;
-    /// Overwrites; creates missing folders.
+    /// Overwrites. Throws Error where the folder does not exist.
     void write(const std::wstring& path, const std::string& content);
     [[nodiscard]] std::optional<std::string> read(const std::wstring& path) const;
     /// Creates missing parents, too.
