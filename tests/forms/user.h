@@ -6,10 +6,14 @@
 
 #include "ui/form.h"
 #include "ui/grid.h"
+#include "ui/listbox.h"
+#include "ui/tabstrip.h"
+#include "ui/updown.h"
 
 namespace tests {
 
 namespace key {
+constexpr int back = 0x08;
 constexpr int tab = 0x09;
 constexpr int enter = 0x0D;
 constexpr int escape = 0x1B;
@@ -39,6 +43,14 @@ public:
     virtual void sendKey(ui::Control& control, int key) = 0;
     /// Puts the focus on the control and types the characters at its caret, one by one.
     virtual void type(ui::Control& control, const std::wstring& text) = 0;
+    /// Puts the focus on the text box and the text in place of its selection, as one change.
+    virtual void paste(ui::TextBox& control, const std::wstring& text) = 0;
+    /// A click on the item, with these modifier keys held.
+    virtual void pickItem(ui::ListBox& list, int index, int modifiers = 0) = 0;
+    /// A click on the tab.
+    virtual void pickTab(ui::TabStrip& tabs, int index) = 0;
+    /// A click on the upper or the lower arrow.
+    virtual void step(ui::UpDown& upDown, bool up) = 0;
     /// Opens the combo's list and picks the entry.
     virtual void choose(ui::ComboBox& combo, int index) = 0;
     /// Left click on a row's first cell; also brings it into view.

@@ -7,8 +7,11 @@
 #include "tests/headless/choice_controls.h"
 #include "tests/headless/combo_box.h"
 #include "tests/headless/grid.h"
+#include "tests/headless/list_box.h"
 #include "tests/headless/plain_controls.h"
+#include "tests/headless/tab_strip.h"
 #include "tests/headless/text_box.h"
+#include "tests/headless/up_down.h"
 
 namespace headless {
 namespace {
@@ -39,6 +42,9 @@ const KindRow KINDS[] = {
     {"Edit", "", ui::Kind::textBox, make<TextBox>},
     {"ComboBox", "", ui::Kind::comboBox, make<ComboBox>},
     {"SysListView32", "LVS_OWNERDATA", ui::Kind::grid, make<Grid>},
+    {"ListBox", "", ui::Kind::listBox, make<ListBox>},
+    {"msctls_updown32", "", ui::Kind::upDown, make<UpDown>},
+    {"SysTabControl32", "", ui::Kind::tabStrip, make<TabStrip>},
 };
 
 bool sameClass(const std::string& one, const std::string& other) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "tests/headless/letters.h"
+#include "tests/headless/up_down.h"
+#include "tests/headless/window.h"
 
 namespace headless {
 namespace {
@@ -38,6 +40,8 @@ void TextBox::handleKey(const ui::KeyEvent& event) {
     switch (event.key) {
         case tests::key::left: return moveCaret(caret_ - 1, extend);
         case tests::key::right: return moveCaret(caret_ + 1, extend);
+        case tests::key::up: return stepBuddy(true);
+        case tests::key::down: return stepBuddy(false);
         case tests::key::home: return moveCaret(0, extend);
         case tests::key::end: return moveCaret(length(), extend);
         case tests::key::remove: return erase(false);
@@ -64,6 +68,18 @@ bool TextBox::accepts(wchar_t character) const {
 
 void TextBox::focusGained(FocusBy by) {
     if (by == FocusBy::keyboard) select(0, length());
+}
+
+void TextBox::paste(const std::wstring& text) {
+    if (!source().has("ES_READONLY")) replace(selectionStart(), selectionLength(), text);
+}
+
+void TextBox::stepBuddy(bool up) {
+    const auto& items = window().items();
+    const auto place = std::ranges::find(items, static_cast<Item*>(this), &std::unique_ptr<Item>::get);
+    if (place + 1 == items.end()) return;
+    auto* upDown = dynamic_cast<UpDown*>((place + 1)->get());
+    if (upDown != nullptr && upDown->usable() && upDown->source().has("UDS_ARROWKEYS")) upDown->step(up);
 }
 
 void TextBox::moveCaret(int position, bool extend) {

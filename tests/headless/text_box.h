@@ -21,12 +21,16 @@ public:
     void handleKey(const ui::KeyEvent& event) override;
     /// Typed at the caret, in place of the selection; a backspace deletes.
     void handleCharacter(wchar_t character) override;
+    /// In place of the selection, as one change.
+    void paste(const std::wstring& text);
     /// Reached by keyboard, the whole text is selected.
     void focusGained(FocusBy by) override;
 
 private:
     [[nodiscard]] int length() const { return static_cast<int>(state.caption.size()); }
     [[nodiscard]] bool accepts(wchar_t character) const;
+    /// The arrow keys step the up/down control that has taken its place in the box.
+    void stepBuddy(bool up);
     void moveCaret(int position, bool extend);
     /// Puts `text` in place of the characters from `start`.
     void replace(int start, int count, const std::wstring& text);

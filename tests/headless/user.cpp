@@ -3,6 +3,10 @@
 #include "tests/headless/combo_box.h"
 #include "tests/headless/dialog_keys.h"
 #include "tests/headless/grid.h"
+#include "tests/headless/list_box.h"
+#include "tests/headless/tab_strip.h"
+#include "tests/headless/text_box.h"
+#include "tests/headless/up_down.h"
 
 namespace headless {
 namespace {
@@ -40,6 +44,30 @@ void User::type(ui::Control& control, const std::wstring& text) {
     if (!takesInput(item)) return;
     item.window().focus(item, FocusBy::program);
     for (const wchar_t character : text) item.handleCharacter(character);
+}
+
+void User::paste(ui::TextBox& control, const std::wstring& text) {
+    auto& box = dynamic_cast<TextBox&>(control);
+    if (!takesInput(box)) return;
+    box.window().focus(box, FocusBy::program);
+    box.paste(text);
+}
+
+void User::pickItem(ui::ListBox& list, int index, int modifiers) {
+    auto& box = dynamic_cast<ListBox&>(list);
+    if (!takesInput(box)) return;
+    box.window().focus(box, FocusBy::mouse);
+    box.pick(index, modifiers);
+}
+
+void User::pickTab(ui::TabStrip& tabs, int index) {
+    auto& strip = dynamic_cast<TabStrip&>(tabs);
+    if (takesInput(strip)) strip.setCurrent(index);
+}
+
+void User::step(ui::UpDown& upDown, bool up) {
+    auto& arrows = dynamic_cast<UpDown&>(upDown);
+    if (takesInput(arrows)) arrows.step(up);
 }
 
 void User::choose(ui::ComboBox& combo, int index) {

@@ -16,6 +16,10 @@ public:
     void press(ui::Window& window, int key, int modifiers) override;
     void sendKey(ui::Control& control, int key) override;
     void type(ui::Control& control, const std::wstring& text) override;
+    void paste(ui::TextBox& control, const std::wstring& text) override;
+    void pickItem(ui::ListBox& list, int index, int modifiers) override;
+    void pickTab(ui::TabStrip& tabs, int index) override;
+    void step(ui::UpDown& upDown, bool up) override;
     void choose(ui::ComboBox& combo, int index) override;
     void clickRow(ui::Grid& grid, int row) override;
     void doubleClickRow(ui::Grid& grid, int row) override;

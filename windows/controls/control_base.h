@@ -44,6 +44,8 @@ public:
     virtual bool onMeasureItem(MEASUREITEMSTRUCT& /*item*/) { return false; }
     /// WM_HSCROLL or WM_VSCROLL with this scroll code.
     virtual void onScroll(int /*code*/) {}
+    /// What lies behind another control of the dialog, where that is this control's to say; else null.
+    virtual HBRUSH backgroundFor(HDC /*canvas*/, HWND /*control*/) { return nullptr; }
     /// Any message to the control, before it gets it; a result keeps it away from the control.
     virtual std::optional<LRESULT> onMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) {
         return std::nullopt;

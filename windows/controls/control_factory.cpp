@@ -4,10 +4,13 @@
 
 #include "windows/controls/combo_box.h"
 #include "windows/controls/grid.h"
+#include "windows/controls/list_box.h"
 #include "windows/controls/picture.h"
 #include "windows/controls/plain_controls.h"
 #include "windows/controls/swatch.h"
+#include "windows/controls/tab_strip.h"
 #include "windows/controls/text_box.h"
+#include "windows/controls/up_down.h"
 
 namespace win {
 
@@ -24,6 +27,9 @@ std::unique_ptr<ControlBase> makeControl(ui::Kind kind, Window& window, HWND con
         case ui::Kind::textBox: return std::make_unique<TextBox>(window, control);
         case ui::Kind::grid: return std::make_unique<Grid>(window, control);
         case ui::Kind::comboBox: return std::make_unique<ComboBox>(window, control);
+        case ui::Kind::upDown: return std::make_unique<UpDown>(window, control);
+        case ui::Kind::listBox: return std::make_unique<ListBox>(window, control);
+        case ui::Kind::tabStrip: return std::make_unique<TabStrip>(window, control);
         default: throw std::logic_error("no wrapper for this kind of control");
     }
 }

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "windows/controls/screen.h"
 #include "windows/controls/window.h"
 
 namespace win {
@@ -40,7 +41,24 @@ void check(HWND button, bool checked) {
 
 // --- Button -----------------------------------------------------------------------------------------------
 
-Button::Button(Window& window, HWND handle) : ControlOf(window, handle), caption_(windowText()) {}
+Button::Button(Window& window, HWND handle) : ControlOf(window, handle), caption_(windowText()) {
+    if ((style() & BS_ICON) != 0) loadIcon();
+}
+
+Button::~Button() {
+    if (icon_ == nullptr) return;
+    if (window() != nullptr) send(BM_SETIMAGE, IMAGE_ICON, 0);
+    DestroyIcon(icon_);
+}
+
+void Button::loadIcon() {
+    // 16 pixels at 96 DPI, where a pixel has 15 twips.
+    const int size = static_cast<int>(16 * 15 / dialog().screen().twipsPerPixelX() + 0.5);
+    icon_ =
+        static_cast<HICON>(LoadImageW(dialog().screen().instance(), MAKEINTRESOURCEW(GetDlgCtrlID(window())),
+                                      IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
+    send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon_));
+}
 
 void Button::onCommand(int code) {
     if (code == BN_CLICKED) raise(onClick);

@@ -10,10 +10,12 @@ using Label = ControlOf<ui::Label>;
 using Frame = ControlOf<ui::Frame>;
 using Line = ControlOf<ui::Line>;
 
-/// A button that shows a picture bears its tooltip as window text, which screen readers tell.
+/// A button that shows a picture shows the module's icon of its own identifier, and bears its tooltip as
+/// window text, which screen readers tell.
 class Button : public ControlOf<ui::Button> {
 public:
     Button(Window& window, HWND handle);
+    ~Button() override;
     void onCommand(int code) override;
     [[nodiscard]] std::wstring text() const override { return caption_; }
     void setText(const std::wstring& text) override;
@@ -21,8 +23,10 @@ public:
 
 private:
     void nameWindow();
+    void loadIcon();
 
     std::wstring caption_;
+    HICON icon_ = nullptr;
 };
 
 class CheckBox : public ControlOf<ui::CheckBox> {

@@ -86,6 +86,8 @@ INT_PTR CALLBACK Window::procedure(HWND handle, UINT message, WPARAM wParam, LPA
         if (window == nullptr) return FALSE;
         const auto answer = window->handle(message, wParam, lParam);
         if (!answer) return FALSE;
+        // Brushes are answered directly, everything else through the dialog's own place for answers.
+        if (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC) return *answer;
         SetWindowLongPtrW(handle, DWLP_MSGRESULT, *answer);
         return TRUE;
     } catch (...) {
@@ -136,8 +138,17 @@ std::optional<LRESULT> Window::route(UINT message, WPARAM wParam, LPARAM lParam)
             wrapper->onScroll(LOWORD(wParam));
             return 0;
         }
+        case WM_CTLCOLORSTATIC:
+        case WM_CTLCOLORBTN: return background(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
         default: return std::nullopt;
     }
+}
+
+std::optional<LRESULT> Window::background(HDC canvas, HWND control) {
+    for (const auto& [identifier, wrapper] : controls_)
+        if (const HBRUSH brush = wrapper->backgroundFor(canvas, control))
+            return reinterpret_cast<LRESULT>(brush);
+    return std::nullopt;
 }
 
 /// Enter and Esc come as commands of the buttons that they press, without asking whether these are enabled.

@@ -63,6 +63,8 @@ private:
     /// The answer to a message; nothing leaves it to the system's own handling.
     [[nodiscard]] std::optional<LRESULT> handle(UINT message, WPARAM wParam, LPARAM lParam);
     [[nodiscard]] std::optional<LRESULT> route(UINT message, WPARAM wParam, LPARAM lParam);
+    /// The brush behind a control that lies on another one.
+    [[nodiscard]] std::optional<LRESULT> background(HDC canvas, HWND control);
     void command(int identifier, int code);
     void tick(std::uintptr_t identifier);
     void scripted();

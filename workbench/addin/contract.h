@@ -19,6 +19,8 @@ inline constexpr const wchar_t* SendTo = L"SendTo";
 // Below the profile's key.
 inline constexpr const wchar_t* hWndProperties = L"hWndProperties";
 inline constexpr const wchar_t* LogPath = L"LogPath";
+inline constexpr const wchar_t* AvailableExtensions = L"AvailableExtensions";
+inline constexpr const wchar_t* SelectedExtensions = L"SelectedExtensions";
 inline constexpr const wchar_t* VexaBaseDir = L"VexaBaseDir";
 inline constexpr const wchar_t* ProjectCount = L"ProjectCount";
 inline constexpr const wchar_t* Project = L"Project";  // followed by the index from 1

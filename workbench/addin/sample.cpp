@@ -52,6 +52,9 @@ void fillWithSample() {
     store::writeText(profile, value::LogPath, std::wstring(BASE_FOLDER) + L"\\Log\\");
     store::writeText(profile, value::VexaBaseDir, BASE_FOLDER);
     store::writeText(profile, value::DefaultProject, SAMPLES[0].name);
+    store::writeText(profile, value::AvailableExtensions,
+                     L"csv;doc;docx;eml;htm;html;msg;odp;ods;odt;pdf;ppt;pptx;rtf;txt;xls;xlsx;xml;");
+    store::writeText(profile, value::SelectedExtensions, L"doc;docx;pdf;txt;");
     fillKnowledgebases();
 }
 

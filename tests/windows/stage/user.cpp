@@ -2,7 +2,9 @@
 
 #include <commctrl.h>
 
+#include <cstring>
 #include <optional>
+#include <stdexcept>
 
 #include "tests/windows/stage/messages.h"
 
@@ -33,6 +35,21 @@ void typeCharacter(HWND target, wchar_t character) {
     deliverMessages();
 }
 
+/// Another program may have the clipboard open for a moment.
+void copyToClipboard(HWND window, const std::wstring& text) {
+    for (int attempt = 0; !OpenClipboard(window); ++attempt) {
+        if (attempt == 100) throw std::runtime_error("the clipboard cannot be opened");
+        Sleep(10);
+    }
+    EmptyClipboard();
+    const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
+    std::memcpy(GlobalLock(memory), text.c_str(), size);
+    GlobalUnlock(memory);
+    SetClipboardData(CF_UNICODETEXT, memory);
+    CloseClipboard();
+}
+
 }  // namespace
 
 HWND windowOf(const ui::Control& control) { return reinterpret_cast<HWND>(control.handle()); }
@@ -45,10 +62,14 @@ bool isReachable(HWND window) {
     return true;
 }
 
-void clickAt(HWND window, int x, int y) {
+void clickAt(HWND window, int x, int y, int modifiers) {
+    const HeldKeys held(modifiers);
+    WPARAM keys = 0;
+    if (modifiers & ui::modifier::shift) keys |= MK_SHIFT;
+    if (modifiers & ui::modifier::control) keys |= MK_CONTROL;
     // Both wait in the queue: a control may look for the button's release while it handles the press.
-    PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
-    PostMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+    PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON | keys, MAKELPARAM(x, y));
+    PostMessageW(window, WM_LBUTTONUP, keys, MAKELPARAM(x, y));
     deliverMessages();
 }
 
@@ -103,6 +124,44 @@ void WindowsUser::type(ui::Control& control, const std::wstring& text) {
     for (const wchar_t character : text)
         if (const HWND focus = GetFocus(); focus == window || IsChild(window, focus))
             typeCharacter(focus, character);
+}
+
+void WindowsUser::paste(ui::TextBox& control, const std::wstring& text) {
+    const HWND window = windowOf(control);
+    if (!isReachable(window)) return;
+    if (GetFocus() != window) SetFocus(window);
+    copyToClipboard(window, text);
+    SendMessageW(window, WM_PASTE, 0, 0);
+    deliverMessages();
+}
+
+void WindowsUser::pickItem(ui::ListBox& list, int index, int modifiers) {
+    const HWND window = windowOf(list);
+    if (!isReachable(window)) return;
+    RECT item{};
+    RECT area{};
+    GetClientRect(window, &area);
+    SendMessageW(window, LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
+    if (item.top < area.top || item.bottom > area.bottom)
+        SendMessageW(window, LB_SETTOPINDEX, static_cast<WPARAM>(index), 0);
+    SendMessageW(window, LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
+    clickAt(window, (item.left + item.right) / 2, (item.top + item.bottom) / 2, modifiers);
+}
+
+void WindowsUser::pickTab(ui::TabStrip& tabs, int index) {
+    const HWND window = windowOf(tabs);
+    if (!isReachable(window)) return;
+    RECT tab{};
+    SendMessageW(window, TCM_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&tab));
+    clickAt(window, (tab.left + tab.right) / 2, (tab.top + tab.bottom) / 2);
+}
+
+void WindowsUser::step(ui::UpDown& upDown, bool up) {
+    const HWND window = windowOf(upDown);
+    if (!isReachable(window)) return;
+    RECT area{};
+    GetClientRect(window, &area);
+    clickAt(window, area.right / 2, up ? area.bottom / 4 : area.bottom * 3 / 4);
 }
 
 void WindowsUser::choose(ui::ComboBox& combo, int index) {

@@ -14,6 +14,10 @@ public:
     void press(ui::Window& window, int key, int modifiers) override;
     void sendKey(ui::Control& control, int key) override;
     void type(ui::Control& control, const std::wstring& text) override;
+    void paste(ui::TextBox& control, const std::wstring& text) override;
+    void pickItem(ui::ListBox& list, int index, int modifiers) override;
+    void pickTab(ui::TabStrip& tabs, int index) override;
+    void step(ui::UpDown& upDown, bool up) override;
     void choose(ui::ComboBox& combo, int index) override;
     void clickRow(ui::Grid& grid, int row) override;
     void doubleClickRow(ui::Grid& grid, int row) override;
@@ -28,8 +32,9 @@ public:
 [[nodiscard]] HWND windowOf(const ui::Control& control);
 /// Mouse and keys reach a window that is visible and enabled, and lies in such windows only.
 [[nodiscard]] bool isReachable(HWND window);
-/// The left button goes down and up at a pixel of a window, and what that causes runs.
-void clickAt(HWND window, int x, int y);
+/// The left button goes down and up at a pixel of a window, with modifier keys held, and what that causes
+/// runs.
+void clickAt(HWND window, int x, int y, int modifiers = 0);
 
 /// Modifier keys that are held while this lives.
 class HeldKeys {

@@ -1,0 +1,43 @@
+// A strip of tabs in memory.
+#pragma once
+
+#include <vector>
+
+#include "tests/forms/user.h"
+#include "tests/headless/item.h"
+#include "ui/tabstrip.h"
+
+namespace headless {
+
+class TabStrip : public Typed<ui::TabStrip> {
+public:
+    using Typed::Typed;
+    void addTab(const std::wstring& caption) override { captions_.push_back(caption); }
+    [[nodiscard]] int count() const override { return static_cast<int>(captions_.size()); }
+    [[nodiscard]] std::wstring tabCaption(int index) const override {
+        return captions_.at(static_cast<std::size_t>(index));
+    }
+    [[nodiscard]] int current() const override { return captions_.empty() ? -1 : current_; }
+    void setCurrent(int index) override {
+        if (index < 0 || index >= count() || index == current_) return;
+        current_ = index;
+        raise(onClick);
+    }
+
+    [[nodiscard]] bool focusable() const override { return true; }
+    [[nodiscard]] bool wantsKey(const ui::KeyEvent& event) const override {
+        return event.key >= tests::key::left && event.key <= tests::key::down;
+    }
+    [[nodiscard]] bool wantsCharacters() const override { return true; }
+    void press() override {}
+    void handleKey(const ui::KeyEvent& event) override {
+        if (event.key == tests::key::left) setCurrent(current_ - 1);
+        if (event.key == tests::key::right) setCurrent(current_ + 1);
+    }
+
+private:
+    std::vector<std::wstring> captions_;
+    int current_ = 0;
+};
+
+}  // namespace headless
