@@ -36,9 +36,7 @@ HRESULT tellActivated(const Ptr<IOleInPlaceSite>& site) {
 InPlace::InPlace(IUnknown& whole, Container& container, PageHost& page)
     : Part(whole), container_(container), page_(page) {
     page_.onFocus = [this](bool entered) { focusMoved(entered); };
-    page_.onModal = [this](bool runs) {
-        if (frameSite_) frameSite_->EnableModeless(!runs);
-    };
+    page_.onModal = [this](bool runs) { enableModeless(!runs); };
 }
 
 STDMETHODIMP InPlace::GetWindow(HWND* window) noexcept {
@@ -145,6 +143,7 @@ void InPlace::frameLost() noexcept {
 }
 
 void InPlace::forgetContainerWindows() noexcept {
+    enableModeless(true);
     documentSite_.reset();
     frameSite_.reset();
     site_.reset();
@@ -208,6 +207,13 @@ void InPlace::tellFocus(bool focused) noexcept {
     if (focused == focusTold_) return;
     focusTold_ = focused;
     vexa::attempt([&] { container_.tellFocus(focused); });
+}
+
+/// While the page's dialogs run; each disabling is taken back, also where the container takes the page away.
+void InPlace::enableModeless(bool enable) noexcept {
+    if (enable == !modelessDisabled_ || !frameSite_) return;
+    modelessDisabled_ = !enable;
+    frameSite_->EnableModeless(enable);
 }
 
 // --- Keys -------------------------------------------------------------------------------------------------

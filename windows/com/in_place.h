@@ -56,6 +56,7 @@ private:
     void tellFocus(bool focused) noexcept;
     void frameLost() noexcept;
     void forgetContainerWindows() noexcept;
+    void enableModeless(bool enable) noexcept;
     [[nodiscard]] bool translate(MSG& message);
     [[nodiscard]] bool translateTab(MSG& message);
 
@@ -67,6 +68,7 @@ private:
     std::unique_ptr<HostWindow> frame_;
     bool uiActive_ = false;
     bool focusTold_ = false;
+    bool modelessDisabled_ = false;
 };
 
 }  // namespace com
