@@ -211,6 +211,11 @@ TEST_P(DialogLint, ScalesWithTheScreenAndHasOneDefaultButtonAtMost) {
     EXPECT_LE(std::ranges::count_if(GetParam().controls, isDefault), 1);
 }
 
+TEST_P(DialogLint, EveryControlIsOfAKindThatFormsKnow) {
+    for (const TemplateControl& control : GetParam().controls)
+        EXPECT_TRUE(kindOf(control).has_value()) << control.idName << " is a " << control.windowClass;
+}
+
 TEST_P(DialogLint, EveryControlIsNumberedOnce) {
     std::map<int, std::string> numbers;
     for (const TemplateControl& control : GetParam().controls) {
