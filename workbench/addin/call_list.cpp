@@ -1,11 +1,15 @@
 #include "workbench/addin/call_list.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cwchar>
 
 namespace workbench {
 namespace {
 
 constexpr std::size_t MOST_CALLS = 10'000;
+// The page polls the add-in by two questions in turn.
+constexpr std::ptrdiff_t RECENT = 2;
 
 void write(HANDLE file, const std::wstring& line) {
     const std::string bytes = toUtf8(line);
@@ -30,15 +34,23 @@ void CallList::note(const std::wstring& side, const std::wstring& name, const st
     GetLocalTime(&call.time);
     if (log_ != INVALID_HANDLE_VALUE)
         write(log_, timeText(call.time) + L"\t" + side + L"\t" + name + L"\t" + arguments + L"\n");
-    if (!calls_.empty() && calls_.back().side == side && calls_.back().name == name &&
-        calls_.back().arguments == arguments) {
-        call.times = calls_.back().times + 1;
-        calls_.back() = std::move(call);
+    if (Call* earlier = recentLike(call)) {
+        earlier->time = call.time;
+        ++earlier->times;
     } else {
         if (calls_.size() == MOST_CALLS) calls_.erase(calls_.begin());
         calls_.push_back(std::move(call));
     }
     if (onChange) onChange();
+}
+
+Call* CallList::recentLike(const Call& call) {
+    const auto like = [&](const Call& other) {
+        return other.side == call.side && other.name == call.name && other.arguments == call.arguments;
+    };
+    const auto end = calls_.rend() - calls_.rbegin() > RECENT ? calls_.rbegin() + RECENT : calls_.rend();
+    const auto found = std::find_if(calls_.rbegin(), end, like);
+    return found == end ? nullptr : &*found;
 }
 
 void CallList::clear() {

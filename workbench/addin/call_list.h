@@ -14,7 +14,7 @@ struct Call {
     std::wstring side;  ///< who called whom
     std::wstring name;
     std::wstring arguments;
-    unsigned times = 1;  ///< how often it came in a row
+    unsigned times = 1;  ///< how often it came, one after the other
 };
 
 class CallList {
@@ -27,7 +27,7 @@ public:
     /// From now on each call is appended to this file as well: time, side, name and arguments, separated by
     /// tabs, in UTF-8. False where the file cannot be written.
     bool openLog(const std::wstring& path);
-    /// A call like the one before is counted on that one.
+    /// A call like one of the two before is counted on that one.
     void note(const std::wstring& side, const std::wstring& name, const std::wstring& arguments = {});
     void clear();
 
@@ -36,6 +36,8 @@ public:
     std::function<void()> onChange;
 
 private:
+    [[nodiscard]] Call* recentLike(const Call& call);
+
     std::vector<Call> calls_;
     HANDLE log_ = INVALID_HANDLE_VALUE;
 };

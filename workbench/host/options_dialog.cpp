@@ -23,12 +23,13 @@ INT_PTR CALLBACK panelProcedure(HWND, UINT message, WPARAM, LPARAM) noexcept {
 OptionsDialog::OptionsDialog(HWND owner, com::Ptr<IUnknown> page, CallList& calls) : calls_(calls) {
     CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_options), owner, procedure,
                        reinterpret_cast<LPARAM>(this));
+    setTab(TCM_INSERTITEMW, GENERAL_TAB, L"General");
+    setTab(TCM_INSERTITEMW, PAGE_TAB, TITLE_WITHOUT_CAPTION);
     general_ = addPanel(IDD_general);
     pageArea_ = addPanel(IDD_pageArea);
     page_ = std::make_shared<HostedPage>(std::move(page), pageArea_, *this, calls);
-    const std::wstring caption = page_->caption();
-    addTab(GENERAL_TAB, L"General");
-    addTab(PAGE_TAB, caption.empty() ? TITLE_WITHOUT_CAPTION : caption);
+    if (const std::wstring caption = page_->caption(); !caption.empty())
+        setTab(TCM_SETITEMW, PAGE_TAB, caption);
     SendDlgItemMessageW(dialog_, IDC_tabs, TCM_SETCURSEL, PAGE_TAB, 0);
     showTab(PAGE_TAB);
     ShowWindow(dialog_, SW_SHOW);
@@ -40,12 +41,12 @@ OptionsDialog::~OptionsDialog() {
     close();
 }
 
-void OptionsDialog::addTab(int index, const std::wstring& title) {
+void OptionsDialog::setTab(UINT message, int index, const std::wstring& title) {
     TCITEMW item{};
     std::wstring text = title;
     item.mask = TCIF_TEXT;
     item.pszText = text.data();
-    SendDlgItemMessageW(dialog_, IDC_tabs, TCM_INSERTITEMW, static_cast<WPARAM>(index),
+    SendDlgItemMessageW(dialog_, IDC_tabs, message, static_cast<WPARAM>(index),
                         reinterpret_cast<LPARAM>(&item));
 }
 
@@ -53,7 +54,6 @@ HWND OptionsDialog::addPanel(int templateIdentifier) {
     const HWND panel = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(templateIdentifier),
                                           dialog_, panelProcedure, 0);
     EnableThemeDialogTexture(panel, ETDT_ENABLETAB);
-    // The tabs are still empty, but their height is that of the font.
     RECT area;
     GetWindowRect(GetDlgItem(dialog_, IDC_tabs), &area);
     MapWindowPoints(nullptr, dialog_, reinterpret_cast<POINT*>(&area), 2);

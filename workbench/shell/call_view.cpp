@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "workbench/shell/window.h"
 
 namespace workbench {
@@ -65,7 +67,9 @@ void CallView::refresh() {
         showRow(shown, calls_.calls()[static_cast<std::size_t>(shown)]);
     }
     if (count == 0) return;
-    showRow(count - 1, calls_.calls().back());
+    // The last two may have been counted up.
+    for (int row = std::max(0, count - 2); row < count; ++row)
+        showRow(row, calls_.calls()[static_cast<std::size_t>(row)]);
     SendMessageW(list_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(count - 1), FALSE);
 }
 

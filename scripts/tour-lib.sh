@@ -1,0 +1,138 @@
+# What the chapters of the tour are written with: open the page, press what is in it, wait for windows, take
+# pictures. Every wait ends as soon as what is waited for is there; a wait in vain ends the tour.
+# shellcheck shell=bash disable=SC2154
+source "$(dirname "${BASH_SOURCE[0]}")/wine-desktop.sh"
+cd "$root" || exit 1
+
+SCREEN=1280x900
+PATIENCE=30  # seconds until a wait is in vain
+pictures=$root/build/tour
+calls=$root/build/tour/calls.log
+display_process=
+workbench_process=
+
+say() { printf '== tour: %s\n' "$*"; }
+
+# --- Set-up -------------------------------------------------------------------------------------------------------
+
+start_display() {
+    [ -z "${DISPLAY:-}" ] || return 0
+    local number=99
+    while [ -e "/tmp/.X$number-lock" ]; do number=$((number + 1)); done
+    Xvfb ":$number" -screen 0 "${SCREEN}x24" -nolisten tcp >/dev/null 2>&1 &
+    display_process=$!
+    export DISPLAY=:$number
+    until_true xdotool getmouselocation || fail "Xvfb does not start"
+}
+
+release_prefix() {
+    wineserver --kill 2>/dev/null || true
+    wineserver --wait
+}
+
+end_tour() {
+    local result=$?
+    if [ "$result" != 0 ] && [ -n "${DISPLAY:-}" ]; then
+        import -window root "$pictures/failure.png" 2>/dev/null || true
+        printf 'error: the tour failed; build/tour/failure.png shows the screen\n' >&2
+    fi
+    if [ -n "${WINEPREFIX:-}" ]; then release_prefix; fi
+    if [ -n "$display_process" ]; then kill "$display_process" 2>/dev/null || true; fi
+}
+
+# --- Waiting ------------------------------------------------------------------------------------------------------
+
+# until_true COMMAND ...: runs it until it succeeds.
+until_true() {
+    local end=$((SECONDS + PATIENCE))
+    until "$@" >/dev/null 2>&1; do
+        [ "$SECONDS" -lt "$end" ] || return 1
+        sleep 0.1
+    done
+}
+
+visible() { xdotool search --onlyvisible --name "^$1\$"; }
+not_visible() { ! visible "$1"; }
+
+wait_window() { until_true visible "$1" || fail "the window \"$1\" does not appear"; }
+wait_gone() { until_true not_visible "$1" || fail "the window \"$1\" does not close"; }
+
+# wait_text FILE TEXT: until the file holds the text.
+wait_text() { until_true grep -qF "$2" "$1" || fail "$1 lacks: $2"; }
+
+# Two pictures of the screen are the same: everything is drawn.
+settled() {
+    local first
+    first=$(import -window root -depth 8 rgb:- | md5sum)
+    sleep 0.15
+    [ "$first" = "$(import -window root -depth 8 rgb:- | md5sum)" ]
+}
+
+# --- The page -----------------------------------------------------------------------------------------------------
+
+# open_page [WORKBENCH OPTION ...]: the Options dialog with the page; every call is noted in $calls.
+open_page() {
+    rm -f "$calls"
+    wine "$programs/workbench.exe" --show-options --exit-after-options --log "$(windows_path "$calls")" "$@" \
+        >/dev/null 2>&1 &
+    workbench_process=$!
+    wait_window Options
+    until_true control_there Options OK
+}
+
+control_there() { wine "$programs/locate.exe" "$1" "$2"; }
+
+# close_page BUTTON: presses OK or Cancel of the Options dialog and waits for the end of the workbench.
+close_page() {
+    click "$1" Options
+    wait_gone Options
+    wait "$workbench_process" || fail "the workbench ended with an error"
+}
+
+# The settings that the page has written.
+settings() { wine "$programs/workbench.exe" --dump 2>/dev/null | tr -d '\r'; }
+
+# --- Mouse and keyboard -------------------------------------------------------------------------------------------
+
+# place CONTROL WINDOW: left, top, width and height. A control is "#number" or its text without "&".
+place() {
+    wine "$programs/locate.exe" "$2" "$1" 2>/dev/null | tr -d '\r'
+}
+
+enabled_there() { wine "$programs/locate.exe" "$2" "$1"; }
+
+# click CONTROL WINDOW [X Y]: presses the middle of the control, or a point of it, in pixels at 96 DPI.
+click() {
+    local left top width height
+    until_true enabled_there "$1" "$2" || fail "\"$2\" has no \"$1\" that is enabled"
+    read -r left top width height < <(place "$1" "$2")
+    if [ $# -gt 2 ]; then
+        click_point $((left + $3 * dpi / 96)) $((top + $4 * dpi / 96))
+    else
+        click_point $((left + width / 2)) $((top + height / 2))
+    fi
+}
+
+click_point() { xdotool mousemove "$1" "$2" click 1; }
+
+double_click_point() { xdotool mousemove "$1" "$2" click --repeat 2 --delay 60 1; }
+
+# press KEY ...: as xdotool names them (Tab, Return, alt+h).
+press() { xdotool key --delay 60 "$@"; }
+
+type_text() { xdotool type --delay 30 "$1"; }
+
+# --- Results ------------------------------------------------------------------------------------------------------
+
+# picture NAME: the screen, once it is still, as <chapter's number>-<step>-<name>-<DPI>.png.
+picture() {
+    until_true settled || say "the screen does not come to rest"
+    number=$((number + 1))
+    import -window root "$pictures/${chapter_name%%-*}-$number-$1-$dpi.png"
+}
+
+# expect_setting LINE: the settings hold this line, "<value> = <content>", below any key.
+expect_setting() {
+    settings | grep -qF "\\$1" || fail "this was not written: $1"
+    printf '   %s\n' "$1"
+}
