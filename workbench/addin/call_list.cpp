@@ -37,10 +37,10 @@ void CallList::note(const std::wstring& side, const std::wstring& name, const st
     if (Call* earlier = recentLike(call)) {
         earlier->time = call.time;
         ++earlier->times;
-    } else {
-        if (calls_.size() == MOST_CALLS) calls_.erase(calls_.begin());
-        calls_.push_back(std::move(call));
+        return;
     }
+    if (calls_.size() == MOST_CALLS) calls_.clear();
+    calls_.push_back(std::move(call));
     if (onChange) onChange();
 }
 

@@ -32,7 +32,7 @@ public:
     void clear();
 
     [[nodiscard]] const std::vector<Call>& calls() const { return calls_; }
-    /// Called after each change.
+    /// Called after each new entry, not where one is counted up.
     std::function<void()> onChange;
 
 private:

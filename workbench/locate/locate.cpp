@@ -90,6 +90,7 @@ int wmain(int count, wchar_t** arguments) {
             printLine(control);
         } else if (matches(control, arguments[2])) {
             printPlace(control);
+            std::printf("\n");
             return IsWindowEnabled(control) ? 0 : DISABLED;
         }
     }

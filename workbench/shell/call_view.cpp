@@ -67,8 +67,8 @@ void CallView::refresh() {
         showRow(shown, calls_.calls()[static_cast<std::size_t>(shown)]);
     }
     if (count == 0) return;
-    // The last two may have been counted up.
-    for (int row = std::max(0, count - 2); row < count; ++row)
+    // The two before the new one may have been counted up.
+    for (int row = std::max(0, count - 3); row < count; ++row)
         showRow(row, calls_.calls()[static_cast<std::size_t>(row)]);
     SendMessageW(list_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(count - 1), FALSE);
 }
