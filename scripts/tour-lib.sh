@@ -51,6 +51,8 @@ until_true() {
     done
 }
 
+not_running() { ! kill -0 "$1"; }
+
 visible() { xdotool search --onlyvisible --name "^$1\$"; }
 not_visible() { ! visible "$1"; }
 
@@ -86,6 +88,7 @@ control_there() { wine "$programs/locate.exe" "$1" "$2"; }
 close_page() {
     click "$1" Options
     wait_gone Options
+    until_true not_running "$workbench_process" || fail "the workbench does not end"
     wait "$workbench_process" || fail "the workbench ended with an error"
 }
 

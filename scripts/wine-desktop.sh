@@ -18,6 +18,8 @@ prepare_prefix() {
     wineserver --kill 2>/dev/null || true
     wineserver --wait
     set_value 'HKCU\Control Panel\Desktop' LogPixels REG_DWORD "$dpi"
+    # A program that crashes ends at once, without a debugger that waits for someone.
+    set_value 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' Debugger REG_SZ false
     set_value 'HKCU\Software\Wine\Explorer' Desktop REG_SZ Default
     set_value 'HKCU\Software\Wine\Explorer\Desktops' Default REG_SZ "$size"
     wineserver --wait
@@ -25,7 +27,8 @@ prepare_prefix() {
 
 set_value() { quietly wine reg add "$1" /v "$2" /t "$3" /d "$4" /f; }
 
-quietly() { "$@" >/dev/null 2>&1; }
+# Nothing that is asked of Wine here takes long; what hangs is ended.
+quietly() { timeout 120 "$@" >/dev/null 2>&1; }
 
 # Keeps one process of the prefix alive: a session that is just ending serves no calls between processes.
 hold_prefix() {

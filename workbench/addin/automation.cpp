@@ -68,7 +68,7 @@ public:
         if (points == nullptr || (fetched == nullptr && count != 1)) return E_POINTER;
         const ULONG here = count > 0 && !given_ ? 1 : 0;
         if (fetched != nullptr) *fetched = here;
-        if (here == 1) *points = com::Ptr<IConnectionPoint>(point_).detach();
+        if (here == 1) *points = com::Ptr(point_).detach();
         given_ = given_ || here == 1;
         return here == count ? S_OK : S_FALSE;
     }
@@ -83,32 +83,38 @@ public:
     }
     HRESULT STDMETHODCALLTYPE Clone(IEnumConnectionPoints** copy) override {
         if (copy == nullptr) return E_POINTER;
-        *copy = new PointEnumerator(point_, given_);
+        *copy = new PointEnumerator(point_.get(), given_);
         return S_OK;
     }
 
 private:
     ULONG references_ = 1;
-    IConnectionPoint* point_;
+    com::Ptr<IConnectionPoint> point_;
     bool given_;
 };
 
 }  // namespace
 
-Automation::Automation(StandIn& standIn, CallList& calls) : standIn_(standIn), calls_(calls) {
+Automation::Automation(StandIn& standIn, CallList& calls) : standIn_(&standIn), calls_(calls) {
     if (const com::Ptr<ITypeLib> library = ownTypeLibrary()) {
         library->GetTypeInfoOfGuid(__uuidof(OlAddIn), classInformation_.out());
         library->GetTypeInfoOfGuid(__uuidof(IOlAddIn), interfaceInformation_.out());
     }
 }
 
+void Automation::disconnect() {
+    standIn_ = nullptr;
+    sinks_.clear();
+}
+
 // --- Operations -------------------------------------------------------------------------------------------
 
 template <class Action>
 HRESULT Automation::answer(const wchar_t* operation, const std::wstring& arguments, Action action) {
+    if (standIn_ == nullptr) return RPC_E_DISCONNECTED;
     try {
-        const auto failure = standIn_.behaviour.failures.find(operation);
-        const bool fails = failure != standIn_.behaviour.failures.end();
+        const auto failure = standIn_->behaviour.failures.find(operation);
+        const bool fails = failure != standIn_->behaviour.failures.end();
         calls_.note(side::pageToAddIn, operation, fails ? arguments + L" (fails)" : arguments);
         if (fails) {
             leaveErrorInformation(failure->second);
@@ -121,7 +127,15 @@ HRESULT Automation::answer(const wchar_t* operation, const std::wstring& argumen
     }
 }
 
+HRESULT Automation::answerQuestion(const wchar_t* operation, bool (StandIn::*question)() const,
+                                   VARIANT_BOOL* result) {
+    if (result == nullptr) return E_POINTER;
+    *result = automationBool(standIn_ != nullptr && (standIn_->*question)());
+    return answer(operation, std::wstring(L"= ") + shown(*result), [] {});
+}
+
 HRESULT Automation::reserved(int position) {
+    if (standIn_ == nullptr) return RPC_E_DISCONNECTED;
     calls_.note(side::pageToAddIn, L"position " + std::to_wstring(position));
     return E_NOTIMPL;
 }
@@ -135,36 +149,32 @@ HRESULT Automation::SetLogging(VARIANT_BOOL on) {
 }
 
 HRESULT Automation::NotifyKbAdded(BSTR name) {
-    return answer(L"NotifyKbAdded", quoted(name), [&] { standIn_.added(com::toText(name)); });
+    return answer(L"NotifyKbAdded", quoted(name), [&] { standIn_->added(com::toText(name)); });
 }
 
 HRESULT Automation::NotifyKbRemoved(BSTR name) {
-    return answer(L"NotifyKbRemoved", quoted(name), [&] { standIn_.removed(com::toText(name)); });
+    return answer(L"NotifyKbRemoved", quoted(name), [&] { standIn_->removed(com::toText(name)); });
 }
 
 HRESULT Automation::NotifyKbRenamed(BSTR oldName, BSTR newName) {
     return answer(L"NotifyKbRenamed", quoted(oldName) + L", " + quoted(newName),
-                  [&] { standIn_.renamed(com::toText(oldName), com::toText(newName)); });
+                  [&] { standIn_->renamed(com::toText(oldName), com::toText(newName)); });
 }
 
 HRESULT Automation::NotifyKbRebuild(BSTR name) {
-    return answer(L"NotifyKbRebuild", quoted(name), [&] { standIn_.rebuild(com::toText(name)); });
+    return answer(L"NotifyKbRebuild", quoted(name), [&] { standIn_->rebuild(com::toText(name)); });
 }
 
 HRESULT Automation::NotifyKbUpdate(BSTR name) {
-    return answer(L"NotifyKbUpdate", quoted(name), [&] { standIn_.update(com::toText(name)); });
+    return answer(L"NotifyKbUpdate", quoted(name), [&] { standIn_->update(com::toText(name)); });
 }
 
 HRESULT Automation::IsProcessing(VARIANT_BOOL* result) {
-    if (result == nullptr) return E_POINTER;
-    *result = automationBool(standIn_.isProcessing());
-    return answer(L"IsProcessing", std::wstring(L"= ") + shown(*result), [] {});
+    return answerQuestion(L"IsProcessing", &StandIn::isProcessing, result);
 }
 
 HRESULT Automation::IsAutoUpdateRunning(VARIANT_BOOL* result) {
-    if (result == nullptr) return E_POINTER;
-    *result = automationBool(standIn_.isAutoUpdateRunning());
-    return answer(L"IsAutoUpdateRunning", std::wstring(L"= ") + shown(*result), [] {});
+    return answerQuestion(L"IsAutoUpdateRunning", &StandIn::isAutoUpdateRunning, result);
 }
 
 HRESULT Automation::SendMail(BSTR subject, BSTR body, BSTR richBody, BSTR to, BSTR cc, long importance,
@@ -174,11 +184,11 @@ HRESULT Automation::SendMail(BSTR subject, BSTR body, BSTR richBody, BSTR to, BS
                                    std::to_wstring(importance) + L", " + shown(flag);
     bool sent = true;
     const HRESULT result = answer(L"SendMail", arguments, [&] {
-        sent = standIn_.send({com::toText(subject), com::toText(body), com::toText(richBody), com::toText(to),
-                              com::toText(cc), importance});
+        sent = standIn_->send({com::toText(subject), com::toText(body), com::toText(richBody),
+                               com::toText(to), com::toText(cc), importance});
     });
     if (sent) return result;
-    leaveErrorInformation(L"The report cannot be written to " + standIn_.behaviour.mailFolder + L".");
+    leaveErrorInformation(L"The report cannot be written to " + standIn_->behaviour.mailFolder + L".");
     return E_FAIL;
 }
 
@@ -187,9 +197,7 @@ HRESULT Automation::SetFindShortcut(long shortcut) {
 }
 
 HRESULT Automation::IsSearching(VARIANT_BOOL* result) {
-    if (result == nullptr) return E_POINTER;
-    *result = automationBool(standIn_.isSearching());
-    return answer(L"IsSearching", std::wstring(L"= ") + shown(*result), [] {});
+    return answerQuestion(L"IsSearching", &StandIn::isSearching, result);
 }
 
 // --- The event --------------------------------------------------------------------------------------------
@@ -236,6 +244,7 @@ HRESULT Automation::GetConnectionPointContainer(IConnectionPointContainer** cont
 
 HRESULT Automation::Advise(IUnknown* sink, DWORD* cookie) {
     if (sink == nullptr || cookie == nullptr) return E_POINTER;
+    if (standIn_ == nullptr) return RPC_E_DISCONNECTED;
     com::Ptr<IDispatch> events;
     if (FAILED(sink->QueryInterface(__uuidof(_IOlAddInEvents), events.outVoid())) &&
         FAILED(sink->QueryInterface(__uuidof(IDispatch), events.outVoid())))
@@ -270,6 +279,14 @@ HRESULT Automation::QueryInterface(REFIID iid, void** object) {
         return give(static_cast<IProvideClassInfo2*>(this), object);
     if (iid == __uuidof(ISupportErrorInfo)) return give(static_cast<ISupportErrorInfo*>(this), object);
     return E_NOINTERFACE;
+}
+
+ULONG Automation::AddRef() { return ++references_; }
+
+ULONG Automation::Release() {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
 }
 
 HRESULT Automation::GetTypeInfoCount(UINT* count) {

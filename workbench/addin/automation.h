@@ -13,7 +13,8 @@
 namespace workbench {
 
 /// Notes every call, fails where the behaviour says so, and hands the rest to the stand-in. Lives as long as
-/// the stand-in; references are counted for show only.
+/// someone refers to it: the page keeps the add-in beyond its dialog. After `disconnect` every call says that
+/// it is gone.
 class Automation final : public com::AddInBase,
                          public IConnectionPointContainer,
                          public IConnectionPoint,
@@ -21,14 +22,16 @@ class Automation final : public com::AddInBase,
                          public ISupportErrorInfo {
 public:
     Automation(StandIn& standIn, CallList& calls);
-    ~Automation() = default;
+    Automation(const Automation&) = delete;
+    Automation& operator=(const Automation&) = delete;
 
+    void disconnect();
     void raiseProcessFinished(const std::wstring& project, bool keepList);
 
     // IUnknown
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override { return --references_; }
+    ULONG STDMETHODCALLTYPE AddRef() override;
+    ULONG STDMETHODCALLTYPE Release() override;
     // IDispatch
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** information) override;
@@ -67,12 +70,14 @@ public:
     HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
 
 private:
+    ~Automation() = default;
     HRESULT reserved(int position) override;
     /// One call of the page: notes it, fails it where that is set, else runs the action. Nothing leaves it.
     template <class Action>
     HRESULT answer(const wchar_t* operation, const std::wstring& arguments, Action action);
+    HRESULT answerQuestion(const wchar_t* operation, bool (StandIn::*question)() const, VARIANT_BOOL* result);
 
-    StandIn& standIn_;
+    StandIn* standIn_;
     CallList& calls_;
     ULONG references_ = 1;
     com::Ptr<ITypeInfo> classInformation_;

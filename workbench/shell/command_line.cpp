@@ -40,7 +40,7 @@ void readPress(CommandLine& line, const std::wstring& button) {
     if (found == buttons.end())
         line.fault = L"--press " + button;
     else
-        line.press = found->second;
+        line.presses.push_back(found->second);
 }
 
 void readWorkTime(CommandLine& line, const std::wstring& text) {
@@ -107,7 +107,7 @@ std::wstring usage() {
         L"The page:\n"
         L"  --show-options             open the Options dialog at once\n"
         L"  --ocx FILE                 take the page from this file, not from the registry\n"
-        L"  --press ok|cancel|apply    press this button of the dialog as soon as the page is shown\n"
+        L"  --press ok|cancel|apply    press this button once the page is shown; may be repeated\n"
         L"  --exit-after-options       end the program with the dialog\n"
         L"  --log FILE                 write every call to this file as well\n\n"
         L"The add-in:\n"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "workbench/addin/stand_in.h"
 
@@ -21,7 +22,7 @@ struct CommandLine {
     bool addInRuns = true;
     std::wstring pageFile;  ///< the page's component where it is not to be taken from the registry
     std::wstring logFile;
-    int press = 0;  ///< IDOK, IDCANCEL or IDC_apply: the button pressed once the page is shown
+    std::vector<int> presses;  ///< IDOK, IDCANCEL or IDC_apply: pressed in this order once the page is shown
     Behaviour behaviour;
 
     /// An argument that is not understood, or lacks its value.

@@ -40,7 +40,7 @@ INT_PTR CALLBACK failureTextProcedure(HWND dialog, UINT message, WPARAM wParam, 
 MainWindow::MainWindow(const CommandLine& line) : line_(line) {
     standIn_.behaviour = line.behaviour;
     standIn_.raiseProcessFinished = [this](const std::wstring& project, bool keepList) {
-        automation_.raiseProcessFinished(project, keepList);
+        automation_->raiseProcessFinished(project, keepList);
     };
     if (!line.logFile.empty() && !calls_.openLog(line.logFile)) exitCode_ = 1;
     create(L"QuillmarkWorkbench", L"Quillmark workbench",
@@ -57,6 +57,8 @@ MainWindow::MainWindow(const CommandLine& line) : line_(line) {
 
 MainWindow::~MainWindow() {
     options_.reset();
+    runningObject_.stop();
+    automation_->disconnect();
     destroy();
 }
 
@@ -93,7 +95,8 @@ void MainWindow::showOptions() {
     }
     options_ = std::make_shared<OptionsDialog>(Window::handle(), std::move(page), calls_);
     options_->onClosed = [this] { PostMessageW(Window::handle(), OPTIONS_CLOSED, 0, 0); };
-    if (line_.press != 0) PostMessageW(Window::handle(), PRESS_BUTTON, static_cast<WPARAM>(line_.press), 0);
+    for (const int button : line_.presses)
+        PostMessageW(Window::handle(), PRESS_BUTTON, static_cast<WPARAM>(button), 0);
 }
 
 void MainWindow::optionsClosed() {

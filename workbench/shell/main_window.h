@@ -35,8 +35,8 @@ private:
     CommandLine line_;
     CallList calls_;
     StandIn standIn_{calls_};
-    Automation automation_{standIn_, calls_};
-    RunningObject runningObject_{static_cast<IOlAddIn&>(automation_)};
+    com::Ptr<Automation> automation_ = com::Ptr<Automation>::attach(new Automation(standIn_, calls_));
+    RunningObject runningObject_{static_cast<IOlAddIn&>(*automation_.get())};
     SearchWindow searchWindow_{standIn_, calls_};
     CallView view_{calls_};
     std::shared_ptr<OptionsDialog> options_;
