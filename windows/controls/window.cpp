@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "ui/form.h"
 #include "windows/controls/control_factory.h"
@@ -151,10 +152,12 @@ std::optional<LRESULT> Window::background(HDC canvas, HWND control) {
     return std::nullopt;
 }
 
-/// Enter and Esc come as commands of the buttons that they press, without asking whether these are enabled.
+/// Enter and Esc come as commands of the buttons that they press, whether or not there are such buttons and
+/// they are enabled.
 void Window::command(int identifier, int code) {
     ControlBase* wrapper = find(identifier);
     if (wrapper != nullptr && IsWindowEnabled(wrapper->window())) wrapper->onCommand(code);
+    if (identifier == IDCANCEL && role_ == Role::dialog && GetDlgItem(handle_, IDCANCEL) == nullptr) close();
 }
 
 void Window::tick(std::uintptr_t identifier) {
@@ -248,14 +251,14 @@ void Window::pump() {
 }
 
 void Window::close() {
-    if (!open_) return;
-    open_ = false;
+    if (!open_ || std::exchange(closing_, true)) return;
     screen_.closeDialogsOf(*this);
     try {
         raise(onQueryUnload);
     } catch (...) {
         // A form that fails to end itself is closed all the same.
     }
+    open_ = false;
     // The modal loop may be waiting for a message.
     if (handle_ != nullptr) PostMessageW(handle_, WM_NULL, 0, 0);
 }

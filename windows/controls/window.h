@@ -80,6 +80,7 @@ private:
     Window* owner_;
     HWND handle_ = nullptr;
     bool open_ = true;
+    bool closing_ = false;
     /// The control that gets the focus when the window is shown.
     HWND firstFocus_ = nullptr;
     ui::Form* form_ = nullptr;
