@@ -7,14 +7,16 @@ namespace tests {
 bool CallLog::enter(const std::string& line) {
     lines_.push_back(line);
     const std::size_t index = calls_++;
-    const auto due = std::ranges::find_if(planned_, [&](const Planned& one) { return line.starts_with(one.prefix); });
+    const auto due =
+        std::ranges::find_if(planned_, [&](const Planned& one) { return line.starts_with(one.prefix); });
     if (due != planned_.end()) {
         const auto action = std::move(due->action);
         planned_.erase(due);
         action();
     }
     return std::ranges::count(failingCalls_, index) > 0 ||
-           std::ranges::any_of(failingPrefixes_, [&](const std::string& prefix) { return line.starts_with(prefix); });
+           std::ranges::any_of(failingPrefixes_,
+                               [&](const std::string& prefix) { return line.starts_with(prefix); });
 }
 
 std::vector<std::string> CallLog::linesWith(const std::string& prefix) const {
