@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "workbench/shell/window.h"
 #include "workbench/workbench.ids.h"
 
 namespace workbench {
@@ -32,6 +33,7 @@ OptionsDialog::OptionsDialog(HWND owner, com::Ptr<IUnknown> page, CallList& call
         setTab(TCM_SETITEMW, PAGE_TAB, caption);
     SendDlgItemMessageW(dialog_, IDC_tabs, TCM_SETCURSEL, PAGE_TAB, 0);
     showTab(PAGE_TAB);
+    moveToTheRight();
     ShowWindow(dialog_, SW_SHOW);
     SetFocus(GetDlgItem(dialog_, IDC_tabs));
 }
@@ -39,6 +41,17 @@ OptionsDialog::OptionsDialog(HWND owner, com::Ptr<IUnknown> page, CallList& call
 OptionsDialog::~OptionsDialog() {
     onClosed = nullptr;
     close();
+}
+
+void OptionsDialog::moveToTheRight() {
+    // Beside the list of calls, so that both can be seen.
+    RECT desk;
+    RECT own;
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &desk, 0);
+    GetWindowRect(dialog_, &own);
+    const int margin = scaled(20);
+    SetWindowPos(dialog_, nullptr, desk.right - (own.right - own.left) - margin, desk.top + margin, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void OptionsDialog::setTab(UINT message, int index, const std::wstring& title) {
