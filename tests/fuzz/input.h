@@ -24,6 +24,12 @@ public:
         return number;
     }
 
+    /// Most of the time one of `common`.
+    wchar_t takeCharacter(const std::wstring& common) {
+        const std::size_t index = take(common.size() + 2);
+        return index < common.size() ? common[index] : static_cast<wchar_t>(take() * 256 + take());
+    }
+
     /// A text of fewer than `limit` characters, most of them out of `common`.
     std::wstring takeText(std::size_t limit, const std::wstring& common) {
         std::wstring text;
@@ -32,11 +38,6 @@ public:
     }
 
 private:
-    wchar_t takeCharacter(const std::wstring& common) {
-        const std::size_t index = take(common.size() + 2);
-        return index < common.size() ? common[index] : static_cast<wchar_t>(take() * 256 + take());
-    }
-
     const std::uint8_t* data_;
     std::size_t size_;
     std::size_t position_ = 0;

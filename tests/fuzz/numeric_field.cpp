@@ -1,12 +1,12 @@
 // Random edits of a number field: the value never leaves its bounds, an emptied field stands for its minimum,
 // and a text within the bounds is the value. The entry point is that of libFuzzer.
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
+#include <iterator>
 #include <string>
 
 #include "settings/NumericEntryField.h"
 #include "settings/frmSettings.ids.h"
+#include "tests/fuzz/input.h"
 #include "tests/headless/event_loop.h"
 #include "tests/headless/locale_conversions.h"
 #include "tests/headless/text_box.h"
@@ -15,34 +15,13 @@
 
 namespace {
 
+using fuzz::Input;
+using fuzz::require;
+
 constexpr vexa::NumericEntryField::Bounds BOUNDS[] = {{0, 60}, {10, 10000}, {0, 100}, {1, 65000}};
 
-/// The bytes of one input, one by one; 0 when they are used up.
-class Input {
-public:
-    Input(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
-    [[nodiscard]] bool atEnd() const { return position_ >= size_; }
-    std::uint8_t take() { return atEnd() ? std::uint8_t{0} : data_[position_++]; }
-    std::size_t take(std::size_t limit) { return take() % limit; }
-
-private:
-    const std::uint8_t* data_;
-    std::size_t size_;
-    std::size_t position_ = 0;
-};
-
 /// Mostly characters that numbers are made of.
-wchar_t character(Input& input) {
-    static const std::wstring COMMON = L"00123456789-+., ()$eE&HhO\t\xFF11\x0663x";
-    const std::size_t index = input.take(COMMON.size() + 2);
-    return index < COMMON.size() ? COMMON[index] : static_cast<wchar_t>(input.take() * 256 + input.take());
-}
-
-std::wstring text(Input& input) {
-    std::wstring all;
-    for (std::size_t length = input.take(24); length > 0; --length) all += character(input);
-    return all;
-}
+const std::wstring COMMON = L"00123456789-+., ()$eE&HhO\t\xFF11\x0663x";
 
 class Field {
 public:
@@ -60,7 +39,7 @@ public:
             return static_cast<int>(input.take(static_cast<std::size_t>(box_.text().size()) + 2));
         };
         switch (input.take(8)) {
-            case 0: return box_.paste(text(input));
+            case 0: return box_.paste(input.takeText(24, COMMON));
             case 1: {
                 const int start = place();
                 return box_.select(start, place());
@@ -68,8 +47,8 @@ public:
             case 2: return box_.handleCharacter(L'\b');
             case 3: return box_.handleKey({tests::key::remove, 0});
             case 4: return upDown_.step(input.take(2) == 0);
-            case 5: return box_.setText(text(input));
-            default: return box_.handleCharacter(character(input));
+            case 5: return box_.setText(input.takeText(24, COMMON));
+            default: return box_.handleCharacter(input.takeCharacter(COMMON));
         }
     }
 
@@ -86,12 +65,6 @@ public:
     }
 
 private:
-    static void require(bool holds, const char* rule) {
-        if (holds) return;
-        std::fprintf(stderr, "%s\n", rule);
-        std::abort();
-    }
-
     headless::EventLoop loop_;
     headless::Screen screen_{loop_};
     headless::LocaleConversions conversions_;
