@@ -141,9 +141,10 @@ std::int64_t dateFromText(const std::wstring& text) {
                                            std::chrono::month(static_cast<unsigned>(field(text, 0, 2))),
                                            std::chrono::day(static_cast<unsigned>(field(text, 3, 2)))};
     if (!date.ok()) throw Error(L"Type mismatch");
-    const int hour = field(text, 11, 2) % 12 + (text[20] == L'P' ? 12 : 0);
+    const std::int64_t hour = field(text, 11, 2) % 12 + (text[20] == L'P' ? 12 : 0);
+    const std::int64_t minute = field(text, 14, 2);
     const std::int64_t day = (std::chrono::sys_days(date) - DAY_ZERO).count();
-    return day * SECONDS_PER_DAY + hour * 3600 + field(text, 14, 2) * 60 + field(text, 17, 2);
+    return day * SECONDS_PER_DAY + hour * 3600 + minute * 60 + field(text, 17, 2);
 }
 
 }  // namespace vexa

@@ -19,6 +19,7 @@ void fill(ui::ListBox& list, const std::vector<std::wstring>& items) {
 
 std::vector<std::wstring> itemsOf(const ui::ListBox& list) {
     std::vector<std::wstring> items;
+    items.reserve(static_cast<std::size_t>(list.count()));
     for (int index = 0; index < list.count(); ++index) items.push_back(list.item(index));
     return items;
 }
