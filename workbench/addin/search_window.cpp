@@ -19,10 +19,10 @@ HWND createList(HWND parent) {
 SearchWindow::SearchWindow(StandIn& standIn, CallList& calls) : standIn_(standIn), calls_(calls) {
     create(L"QuillmarkSearchWindow", L"Search window",
            {WS_OVERLAPPEDWINDOW, 0, scaled(20), scaled(410), scaled(380), scaled(160)}, nullptr);
-    list_ = createList(Window::handle());
+    list_ = createList(handle());
     fitList();
     store::writeNumber(ROOT_KEY, value::hWndSearchCtl,
-                       static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(Window::handle())));
+                       static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(handle())));
 }
 
 SearchWindow::~SearchWindow() {
@@ -30,11 +30,11 @@ SearchWindow::~SearchWindow() {
     destroy();
 }
 
-void SearchWindow::show() { ShowWindow(Window::handle(), SW_SHOWNOACTIVATE); }
+void SearchWindow::show() { ShowWindow(handle(), SW_SHOWNOACTIVATE); }
 
 void SearchWindow::fitList() {
     RECT area;
-    GetClientRect(Window::handle(), &area);
+    GetClientRect(handle(), &area);
     MoveWindow(list_, 0, 0, area.right, area.bottom, TRUE);
 }
 
@@ -49,7 +49,7 @@ void SearchWindow::received(const std::wstring& name, WPARAM wParam, LPARAM lPar
     SendMessageW(list_, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
 
-LRESULT SearchWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT SearchWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case MESSAGE_EDIT_KNOWLEDGEBASE:
             received(L"1139 edit knowledgebase", wParam, lParam);
@@ -62,9 +62,9 @@ LRESULT SearchWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_SIZE: fitList(); return 0;
         case WM_CLOSE:
-            ShowWindow(Window::handle(), SW_HIDE);  // it goes on receiving
+            ShowWindow(handle(), SW_HIDE);  // it goes on receiving
             return 0;
-        default: return Window::handle(message, wParam, lParam);
+        default: return Window::onMessage(message, wParam, lParam);
     }
 }
 

@@ -17,7 +17,7 @@ public:
     void show();
 
 private:
-    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void received(const std::wstring& name, WPARAM wParam, LPARAM lParam);
     void fitList();
 

@@ -129,7 +129,7 @@ bool OptionsDialog::translate(MSG& message) {
     return (page && page->translate(message)) || leftoverKey(message);
 }
 
-INT_PTR OptionsDialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+INT_PTR OptionsDialog::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED) {
         press(LOWORD(wParam));
         return TRUE;
@@ -151,7 +151,7 @@ INT_PTR CALLBACK OptionsDialog::procedure(HWND dialog, UINT message, WPARAM wPar
     }
     auto* self = reinterpret_cast<OptionsDialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
     try {
-        return self != nullptr ? self->handle(message, wParam, lParam) : FALSE;
+        return self != nullptr ? self->onMessage(message, wParam, lParam) : FALSE;
     } catch (...) {
         return FALSE;
     }

@@ -33,7 +33,7 @@ public:
 
 private:
     static INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam);
+    INT_PTR onMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void moveToTheRight();
     void setTab(UINT message, int index, const std::wstring& title);
     HWND addPanel(int templateIdentifier);

@@ -47,12 +47,12 @@ MainWindow::MainWindow(const CommandLine& line) : line_(line) {
            {WS_OVERLAPPEDWINDOW, 0, scaled(20), scaled(20), scaled(720), scaled(380)}, nullptr,
            LoadMenuW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDM_main)));
     addFailuresToMenu();
-    view_.create(Window::handle());
+    view_.create(handle());
     if (line.addInRuns) runningObject_.start();
-    ShowWindow(Window::handle(), SW_SHOW);
+    ShowWindow(handle(), SW_SHOW);
     searchWindow_.show();
     markMenu();
-    if (line.showOptions) PostMessageW(Window::handle(), WM_COMMAND, IDM_showOptions, 0);
+    if (line.showOptions) PostMessageW(handle(), WM_COMMAND, IDM_showOptions, 0);
 }
 
 MainWindow::~MainWindow() {
@@ -66,7 +66,7 @@ int MainWindow::run() {
     const HACCEL accelerators = LoadAcceleratorsW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDM_main));
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0)
-        if (!TranslateAcceleratorW(Window::handle(), accelerators, &message)) translateAndDispatch(message);
+        if (!TranslateAcceleratorW(handle(), accelerators, &message)) translateAndDispatch(message);
     return exitCode_;
 }
 
@@ -89,14 +89,14 @@ void MainWindow::showOptions() {
         if (line_.exitAfterOptions)
             PostQuitMessage(exitCode_);
         else
-            MessageBoxW(Window::handle(), (L"The page cannot be made: " + reason).c_str(),
-                        L"Quillmark workbench", MB_ICONEXCLAMATION);
+            MessageBoxW(handle(), (L"The page cannot be made: " + reason).c_str(), L"Quillmark workbench",
+                        MB_ICONEXCLAMATION);
         return;
     }
-    options_ = std::make_shared<OptionsDialog>(Window::handle(), std::move(page), calls_);
-    options_->onClosed = [this] { PostMessageW(Window::handle(), OPTIONS_CLOSED, 0, 0); };
+    options_ = std::make_shared<OptionsDialog>(handle(), std::move(page), calls_);
+    options_->onClosed = [this] { PostMessageW(handle(), OPTIONS_CLOSED, 0, 0); };
     for (const int button : line_.presses)
-        PostMessageW(Window::handle(), PRESS_BUTTON, static_cast<WPARAM>(button), 0);
+        PostMessageW(handle(), PRESS_BUTTON, static_cast<WPARAM>(button), 0);
 }
 
 void MainWindow::optionsClosed() {
@@ -112,7 +112,7 @@ void MainWindow::setFailure(std::size_t operation) {
 }
 
 void MainWindow::askFailureText() {
-    DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_failureText), Window::handle(),
+    DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_failureText), handle(),
                     failureTextProcedure, reinterpret_cast<LPARAM>(&failureText_));
     for (auto& [operation, text] : standIn_.behaviour.failures) text = failureText_;
 }
@@ -126,13 +126,13 @@ void MainWindow::sendToPage(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void MainWindow::addFailuresToMenu() {
     constexpr int FAILURES = 2;  // its place in the menu bar
-    const HMENU menu = GetSubMenu(GetMenu(Window::handle()), FAILURES);
+    const HMENU menu = GetSubMenu(GetMenu(handle()), FAILURES);
     UINT identifier = IDM_failFirst;
     for (const wchar_t* operation : OPERATIONS) AppendMenuW(menu, MF_STRING, identifier++, operation);
 }
 
 void MainWindow::markMenu() {
-    const HMENU menu = GetMenu(Window::handle());
+    const HMENU menu = GetMenu(handle());
     const auto mark = [menu](int identifier, bool on) {
         CheckMenuItem(menu, static_cast<UINT>(identifier), on ? MF_CHECKED : MF_UNCHECKED);
     };
@@ -158,7 +158,7 @@ void MainWindow::command(int identifier) {
         case IDM_sample: return fillWithSample();
         case IDM_clearList: return calls_.clear();
         case IDM_showSearchWindow: return searchWindow_.show();
-        case IDM_exit: DestroyWindow(Window::handle()); return;
+        case IDM_exit: DestroyWindow(handle()); return;
         case IDM_running:
             return runningObject_.running() ? runningObject_.stop() : void(runningObject_.start());
         case IDM_searching: return flip(behaviour.searching);
@@ -182,11 +182,11 @@ void MainWindow::command(int identifier) {
         setFailure(static_cast<std::size_t>(identifier - IDM_failFirst));
 }
 
-LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT MainWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_COMMAND:
             command(LOWORD(wParam));
-            if (Window::handle() != nullptr) markMenu();
+            if (handle() != nullptr) markMenu();
             return 0;
         case WM_SIZE: view_.fit(); return 0;
         case OPTIONS_CLOSED: optionsClosed(); return 0;
@@ -197,7 +197,7 @@ LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             if (const auto options = options_) options->close();
             PostQuitMessage(exitCode_);
             return 0;
-        default: return Window::handle(message, wParam, lParam);
+        default: return Window::onMessage(message, wParam, lParam);
     }
 }
 

@@ -21,7 +21,7 @@ public:
     int run();
 
 private:
-    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void command(int identifier);
     void showOptions();
     void optionsClosed();

@@ -13,17 +13,17 @@ OneShot::OneShot() { create(L"QuillmarkWorkbenchTimer", L"", {}, HWND_MESSAGE); 
 
 void OneShot::start(unsigned milliseconds, std::function<void()> action) {
     action_ = std::move(action);
-    SetTimer(Window::handle(), TIMER, milliseconds, nullptr);
+    SetTimer(handle(), TIMER, milliseconds, nullptr);
 }
 
 void OneShot::stop() {
-    KillTimer(Window::handle(), TIMER);
+    KillTimer(handle(), TIMER);
     action_ = nullptr;
 }
 
-LRESULT OneShot::handle(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message != WM_TIMER) return Window::handle(message, wParam, lParam);
-    KillTimer(Window::handle(), TIMER);
+LRESULT OneShot::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_TIMER) return Window::onMessage(message, wParam, lParam);
+    KillTimer(handle(), TIMER);
     // Taken out first: the action may plan the next one.
     if (const auto action = std::exchange(action_, nullptr)) action();
     return 0;

@@ -16,7 +16,7 @@ public:
     void stop();
 
 private:
-    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     std::function<void()> action_;
 };
 

@@ -36,7 +36,7 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wParam, LPA
         return DefWindowProcW(window, message, wParam, lParam);
     }
     try {
-        return self->handle(message, wParam, lParam);
+        return self->onMessage(message, wParam, lParam);
     } catch (...) {
         return 0;
     }

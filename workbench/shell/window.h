@@ -30,7 +30,7 @@ protected:
                 HMENU menu = nullptr);
     void destroy();
     /// Nothing that is thrown leaves the window: the message then counts as handled.
-    virtual LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    virtual LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return DefWindowProcW(handle_, message, wParam, lParam);
     }
 
