@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "tests/com/shortage.h"
+
 namespace tests {
 namespace {
 
@@ -23,6 +25,7 @@ FakeContainer::~FakeContainer() {
 }
 
 STDMETHODIMP FakeContainer::QueryInterface(REFIID iid, void** out) noexcept {
+    const Plenty plenty;
     const Offered offers[] = {
         {IID_IUnknown, "IUnknown", this},
         {IID_IOleClientSite, "IOleClientSite", &clientSite_},
@@ -56,7 +59,8 @@ int FakeContainer::count(const std::string& call) const {
     return static_cast<int>(std::ranges::count(calls_, call));
 }
 
-HRESULT FakeContainer::called(const std::string& call) {
+HRESULT FakeContainer::called(const char* call) {
+    const Plenty plenty;
     calls_.push_back(call);
     if (strict_) {
         if (expected_.empty() || expected_.front() != call)
@@ -95,6 +99,7 @@ STDMETHODIMP FakeContainer::InPlaceSite::GetWindowContext(IOleInPlaceFrame** fra
 
 STDMETHODIMP FakeContainer::Ambients::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS*,
                                              VARIANT* result, EXCEPINFO*, UINT*) {
+    const Plenty plenty;
     const std::set<DISPID> known{DISPID_AMBIENT_DISPLAYNAME, DISPID_AMBIENT_FONT, DISPID_AMBIENT_UIDEAD};
     EXPECT_EQ(flags & DISPATCH_PROPERTYGET, DISPATCH_PROPERTYGET);
     EXPECT_TRUE(known.contains(member)) << "unexpected ambient property: " << member;

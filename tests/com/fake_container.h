@@ -56,7 +56,7 @@ public:
     STDMETHODIMP_(ULONG) Release() noexcept override { return --references_; }
 
 private:
-    HRESULT called(const std::string& call);
+    HRESULT called(const char* call);
 
     struct ClientSite : com::Part<IOleClientSite> {
         explicit ClientSite(FakeContainer& whole) : Part(whole), fake(whole) {}

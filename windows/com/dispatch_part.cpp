@@ -17,20 +17,51 @@ const wchar_t* describe(HRESULT code) {
     }
 }
 
-bool fits(const FUNCDESC& function, DISPID member, WORD flags) {
-    return function.memid == member && (function.invkind & flags) != 0;
+/// The description of the member that a call of this kind reaches; it goes back with the object.
+class Function {
+public:
+    Function(ITypeInfo& interfaceInfo, DISPID member, WORD flags) : info_(interfaceInfo) {
+        for (UINT index = 0; SUCCEEDED(info_.GetFuncDesc(index, &description_)); ++index) {
+            if (description_->memid == member && (description_->invkind & flags) != 0) return;
+            info_.ReleaseFuncDesc(description_);
+        }
+        description_ = nullptr;
+    }
+    Function(const Function&) = delete;
+    Function& operator=(const Function&) = delete;
+    ~Function() {
+        if (description_ != nullptr) info_.ReleaseFuncDesc(description_);
+    }
+    [[nodiscard]] const FUNCDESC* get() const { return description_; }
+
+private:
+    ITypeInfo& info_;
+    FUNCDESC* description_ = nullptr;
+};
+
+/// Makes of a reference to a variable of any type one to a value of `type`, converting the variable.
+void referToValue(VARIANTARG& argument, const TYPEDESC& type) {
+    if (type.vt != VT_PTR || argument.vt != (VT_BYREF | VT_VARIANT)) return;
+    VARIANT& variable = *argument.pvarVal;
+    const VARTYPE wanted = type.lptdesc->vt;
+    check(VariantChangeType(&variable, &variable, 0, wanted));
+    argument.vt = VT_BYREF | wanted;
+    argument.byref = &variable.byref;
 }
 
 }  // namespace
 
-void checkCount(ITypeInfo& description, DISPID member, WORD flags, UINT arguments) {
-    FUNCDESC* function = nullptr;
-    for (UINT index = 0; SUCCEEDED(description.GetFuncDesc(index, &function)); ++index) {
-        const bool tooMany =
-            fits(*function, member, flags) && arguments > static_cast<UINT>(function->cParams);
-        description.ReleaseFuncDesc(function);
-        if (tooMany) throw Failure(DISP_E_BADPARAMCOUNT);
-    }
+std::vector<VARIANTARG> fittingArguments(ITypeInfo& description, DISPID member, WORD flags,
+                                         const DISPPARAMS& parameters) {
+    std::vector<VARIANTARG> arguments(parameters.rgvarg, parameters.rgvarg + parameters.cArgs);
+    const Function function(description, member, flags);
+    if (function.get() == nullptr) return arguments;
+    const auto count = static_cast<std::size_t>(function.get()->cParams);
+    if (arguments.size() > count) throw Failure(DISP_E_BADPARAMCOUNT);
+    // Arguments come in reverse order.
+    for (std::size_t i = 0; i < arguments.size(); ++i)
+        referToValue(arguments[arguments.size() - 1 - i], function.get()->lprgelemdescParam[i].tdesc);
+    return arguments;
 }
 
 void leaveErrorInfo(REFIID iid, HRESULT code) noexcept {

@@ -4,6 +4,8 @@
 
 #include <oaidl.h>
 
+#include <vector>
+
 #include "windows/com/boundary.h"
 #include "windows/com/part.h"
 #include "windows/com/type_library.h"
@@ -13,9 +15,11 @@ namespace com {
 /// Leaves the description of a failure for the caller of a method of `iid`.
 void leaveErrorInfo(REFIID iid, HRESULT code) noexcept;
 
-/// Throws Failure(DISP_E_BADPARAMCOUNT) where a member gets more arguments than it has; not every system
-/// checks this by itself.
-void checkCount(ITypeInfo& description, DISPID member, WORD flags, UINT arguments);
+/// The arguments of a late-bound call as the type library's member takes them: a script's references to its
+/// variables become references to values of the member's types. Throws Failure: DISP_E_BADPARAMCOUNT where
+/// there are too many (not every system checks this by itself), DISP_E_TYPEMISMATCH.
+[[nodiscard]] std::vector<VARIANTARG> fittingArguments(ITypeInfo& description, DISPID member, WORD flags,
+                                                       const DISPPARAMS& parameters);
 
 template <class Interface>
 class DispatchPart : public Part<Interface> {
@@ -47,14 +51,16 @@ public:
                         EXCEPINFO* error, UINT* badArgument) noexcept override {
         return atBoundary([&] {
             if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-            checkCount(*description().get(), member, flags, required(parameters).cArgs);
+            auto arguments = fittingArguments(*description().get(), member, flags, required(parameters));
+            DISPPARAMS fitting = *parameters;
+            fitting.rgvarg = arguments.data();
             // Callers may leave these out; the system's implementation writes to them all the same.
             EXCEPINFO ignoredError{};
             UINT ignoredArgument = 0;
             Variant ignoredResult;
             if (badArgument != nullptr) *badArgument = 0;
             const HRESULT code = description()->Invoke(
-                static_cast<Interface*>(this), member, flags, parameters, result ? result : &ignoredResult,
+                static_cast<Interface*>(this), member, flags, &fitting, result ? result : &ignoredResult,
                 error ? error : &ignoredError, badArgument ? badArgument : &ignoredArgument);
             clear(ignoredError);
             return code;

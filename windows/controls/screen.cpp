@@ -121,24 +121,29 @@ void Screen::remove(Window& window) {
         if (modal->window_ == &window) modal->window_ = nullptr;
 }
 
+/// The youngest first. Closing may change the list, so each search starts anew; nothing here takes memory,
+/// for a window may end because there is none left.
+template <class Chosen>
+void Screen::closeOpen(Chosen chosen) {
+    for (;;) {
+        const auto window = std::find_if(windows_.rbegin(), windows_.rend(),
+                                         [&](const Window* each) { return each->isOpen() && chosen(*each); });
+        if (window == windows_.rend()) return;
+        (*window)->close();
+    }
+}
+
 void Screen::closeDialogsOf(const Window& window) {
     for (const Modal* modal : modals_)
         if (modal->window_ && (modal->window_ == &window || modal->window_->descendsFrom(window)))
             modal->cancel();
-    const std::vector<Window*> all = windows_;
-    for (Window* other : all)
-        if (std::ranges::find(windows_, other) != windows_.end() && other->descendsFrom(window))
-            other->close();
+    closeOpen([&](const Window& other) { return other.descendsFrom(window); });
 }
 
 void Screen::closeAll() {
     closing_ = !modals_.empty();
     for (const Modal* modal : modals_) modal->cancel();
-    const std::vector<Window*> all = windows_;
-    for (auto window = all.rbegin(); window != all.rend(); ++window)
-        if (std::ranges::find(windows_, *window) != windows_.end() &&
-            (*window)->role() == Window::Role::dialog)
-            (*window)->close();
+    closeOpen([](const Window& window) { return window.role() == Window::Role::dialog; });
 }
 
 }  // namespace win

@@ -74,6 +74,8 @@ public:
 
 private:
     void tellModalState(bool runs) noexcept;
+    template <class Chosen>
+    void closeOpen(Chosen chosen);
 
     HINSTANCE instance_;
     ActivationContext context_;
