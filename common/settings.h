@@ -119,6 +119,8 @@ inline constexpr const wchar_t* KBLastUpdate = L"KBLastUpdate";
 inline constexpr const wchar_t* KBSize = L"KBSize";
 inline constexpr const wchar_t* KBDocuments = L"KBDocuments";
 inline constexpr const wchar_t* Foldersize = L"Foldersize";
+/// To whom a problem report goes; below the root key.
+inline constexpr const wchar_t* SendTo = L"SendTo";
 }  // namespace valueName
 
 }  // namespace vexa

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ui/control.h"
+#include "ui/drawing.h"
 
 namespace ui {
 
@@ -89,6 +90,10 @@ public:
     /// An index out of range selects nothing. Raises nothing: `onClick` is the user's choice alone.
     virtual void select(int index) = 0;
     [[nodiscard]] virtual bool droppedDown() const = 0;
+    /// Whether the mouse pointer is over the combo itself (not over its list).
+    [[nodiscard]] virtual bool pointerInside() const = 0;
+    /// Draws upon the combo as it looks now; the next repainting covers it.
+    virtual void draw(const Strokes& strokes) = 0;
     /// The user chose an entry.
     std::function<void()> onClick;
 };

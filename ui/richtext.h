@@ -42,6 +42,7 @@ public:
     [[nodiscard]] virtual std::optional<Alignment> alignment() const = 0;
     virtual void setAlignment(Alignment alignment) = 0;
     [[nodiscard]] virtual std::optional<bool> bulleted() const = 0;
+    /// Without its bullet a paragraph loses the bullet's indent, too.
     virtual void setBulleted(bool bulleted) = 0;
     /// How far a bulleted paragraph's text stands from its bullet: its hanging indent under another name.
     virtual void setBulletIndent(double pixels) = 0;

@@ -102,6 +102,9 @@ public:
     [[nodiscard]] virtual double twipsPerPixelX() const = 0;
     [[nodiscard]] virtual double twipsPerPixelY() const = 0;
 
+    /// Pixels: the system's width of a horizontal scroll bar's thumb.
+    [[nodiscard]] virtual int scrollThumbWidth() const = 0;
+
     /// The names of the screen's fonts, in the order in which the system lists them.
     [[nodiscard]] virtual std::vector<std::wstring> fonts() const = 0;
 };

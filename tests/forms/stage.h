@@ -56,6 +56,8 @@ public:
     /// A window from a page template, shown in a container of this size (pixels).
     [[nodiscard]] virtual std::unique_ptr<ui::Window> createPage(int templateIdentifier,
                                                                  const ui::Size& size) = 0;
+    /// The resolution that the program sees from now on; the windows' own pixels stay as they are.
+    virtual void setTwipsPerPixel(double twips) = 0;
     /// The owner for a dialog that a test shows by itself.
     [[nodiscard]] virtual ui::Window& owner() = 0;
 

@@ -8,6 +8,7 @@
 #include "ui/grid.h"
 #include "ui/listbox.h"
 #include "ui/tabstrip.h"
+#include "ui/toolbar.h"
 #include "ui/updown.h"
 
 namespace tests {
@@ -34,7 +35,7 @@ public:
 
     /// Left button down and up in the middle of the control. Nothing happens where it is disabled or hidden.
     virtual void click(ui::Control& control) = 0;
-    /// The pointer moves to this pixel of the control.
+    /// The pointer moves to this pixel of the control, which may lie outside of it.
     virtual void moveMouse(ui::Control& control, int x, int y) = 0;
     /// One key press at the control that has the focus, as the dialog's keyboard handling passes it on: Tab,
     /// Enter, Esc and the arrow keys of option groups included. Letters with alt are access keys.
@@ -59,6 +60,10 @@ public:
     virtual void clickHeader(ui::Grid& grid, int column) = 0;
     /// Types into the grid's open in-place editor, in place of all that is in it.
     virtual void rewrite(ui::Grid& grid, const std::wstring& text) = 0;
+    /// Nothing happens where the toolbar's button is disabled. The toolbar does not take the focus.
+    virtual void clickButton(ui::Toolbar& toolbar, int index) = 0;
+    /// Opens the button's menu and picks the entry; the first is 0.
+    virtual void chooseMenu(ui::Toolbar& toolbar, int index, int entry) = 0;
     virtual void resize(ui::Window& window, const ui::Size& outerSize) = 0;
     /// The window's close box.
     virtual void closeWindow(ui::Window& window) = 0;

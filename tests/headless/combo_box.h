@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "tests/headless/plain_controls.h"
+#include "tests/headless/window.h"
 
 namespace headless {
 
@@ -20,6 +21,11 @@ public:
     [[nodiscard]] int selectedIndex() const override { return selected_; }
     void select(int index) override { selected_ = index >= 0 && index < count() ? index : -1; }
     [[nodiscard]] bool droppedDown() const override { return droppedDown_; }
+    [[nodiscard]] bool pointerInside() const override { return window().itemUnderPointer() == this; }
+    void draw(const ui::Strokes& strokes) override { drawn = strokes; }
+
+    /// What was drawn last.
+    ui::Strokes drawn;
 
     [[nodiscard]] bool focusable() const override { return true; }
     [[nodiscard]] bool wantsKey(const ui::KeyEvent& event) const override;

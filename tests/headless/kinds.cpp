@@ -9,8 +9,10 @@
 #include "tests/headless/grid.h"
 #include "tests/headless/list_box.h"
 #include "tests/headless/plain_controls.h"
+#include "tests/headless/rich_text.h"
 #include "tests/headless/tab_strip.h"
 #include "tests/headless/text_box.h"
+#include "tests/headless/toolbar.h"
 #include "tests/headless/up_down.h"
 
 namespace headless {
@@ -45,6 +47,8 @@ const KindRow KINDS[] = {
     {"ListBox", "", ui::Kind::listBox, make<ListBox>},
     {"msctls_updown32", "", ui::Kind::upDown, make<UpDown>},
     {"SysTabControl32", "", ui::Kind::tabStrip, make<TabStrip>},
+    {"RICHEDIT50W", "", ui::Kind::richText, make<RichText>},
+    {"ToolbarWindow32", "", ui::Kind::toolbar, make<Toolbar>},
 };
 
 bool sameClass(const std::string& one, const std::string& other) {

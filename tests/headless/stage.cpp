@@ -75,6 +75,7 @@ public:
 
     [[nodiscard]] std::unique_ptr<ui::Window> createPage(int templateIdentifier,
                                                          const ui::Size& size) override;
+    void setTwipsPerPixel(double twips) override { scripted_.setTwipsPerPixel(twips); }
     [[nodiscard]] ui::Window& owner() override { return owner_; }
 
     void whenShown(tests::Script script) override { scripts_.push_back(std::move(script)); }

@@ -6,6 +6,7 @@
 #include "tests/headless/list_box.h"
 #include "tests/headless/tab_strip.h"
 #include "tests/headless/text_box.h"
+#include "tests/headless/toolbar.h"
 #include "tests/headless/up_down.h"
 
 namespace headless {
@@ -29,6 +30,10 @@ void User::click(ui::Control& control) {
 }
 
 void User::moveMouse(ui::Control& control, int x, int y) {
+    const Item& item = itemOf(control);
+    const ui::Rect& area = item.state.bounds;
+    const bool inside = x >= 0 && y >= 0 && x < area.width && y < area.height;
+    item.window().movePointerTo(inside ? &item : nullptr);
     ui::MouseEvent event{0, 0, x, y};
     if (control.onMouseMove) control.onMouseMove(event);
 }
@@ -110,6 +115,16 @@ void User::clickHeader(ui::Grid& control, int column) {
 void User::rewrite(ui::Grid& control, const std::wstring& text) {
     auto& grid = dynamic_cast<Grid&>(control);
     if (takesInput(grid)) grid.rewrite(text);
+}
+
+void User::clickButton(ui::Toolbar& toolbar, int index) {
+    auto& bar = dynamic_cast<Toolbar&>(toolbar);
+    if (takesInput(bar)) bar.pressButton(index);
+}
+
+void User::chooseMenu(ui::Toolbar& toolbar, int index, int entry) {
+    auto& bar = dynamic_cast<Toolbar&>(toolbar);
+    if (takesInput(bar)) bar.chooseEntry(index, entry);
 }
 
 void User::resize(ui::Window& window, const ui::Size& outerSize) { window.setOuterSize(outerSize); }

@@ -53,6 +53,10 @@ public:
 
     [[nodiscard]] std::intptr_t newHandle() const;
 
+    /// The control of this window over which the mouse pointer is; may be null.
+    [[nodiscard]] const Item* itemUnderPointer() const { return underPointer_; }
+    void movePointerTo(const Item* item) { underPointer_ = item; }
+
 protected:
     [[nodiscard]] ui::Control& bind(ui::Kind kind, int identifier) override;
 
@@ -69,6 +73,7 @@ private:
     ui::Size innerSize_;
     std::vector<std::unique_ptr<Item>> items_;
     Item* focused_ = nullptr;
+    const Item* underPointer_ = nullptr;
     bool shown_ = false;
     bool open_ = true;
     bool closing_ = false;
@@ -86,6 +91,7 @@ public:
                                            const std::wstring& title) override;
     [[nodiscard]] double twipsPerPixelX() const override { return twipsPerPixel; }
     [[nodiscard]] double twipsPerPixelY() const override { return twipsPerPixel; }
+    [[nodiscard]] int scrollThumbWidth() const override { return 16; }
     [[nodiscard]] std::vector<std::wstring> fonts() const override { return fontNames; }
 
     /// Plays the user's part in a window that was just shown modally.

@@ -28,13 +28,20 @@ public:
     /// A chooser that shall fail throws Error.
     std::optional<ui::Colour> chooseColour(ui::Window& owner, ui::Colour initial,
                                            const std::wstring& title) override;
-    [[nodiscard]] double twipsPerPixelX() const override { return screen_.twipsPerPixelX(); }
-    [[nodiscard]] double twipsPerPixelY() const override { return screen_.twipsPerPixelY(); }
+    [[nodiscard]] double twipsPerPixelX() const override {
+        return twipsPerPixel_.value_or(screen_.twipsPerPixelX());
+    }
+    [[nodiscard]] double twipsPerPixelY() const override {
+        return twipsPerPixel_.value_or(screen_.twipsPerPixelY());
+    }
+    void setTwipsPerPixel(double twips) { twipsPerPixel_ = twips; }
+    [[nodiscard]] int scrollThumbWidth() const override { return screen_.scrollThumbWidth(); }
     [[nodiscard]] std::vector<std::wstring> fonts() const override { return screen_.fonts(); }
 
 private:
     CallLog& calls_;
     ui::Screen& screen_;
+    std::optional<double> twipsPerPixel_;
     std::deque<ui::MessageAnswer> messageAnswers_;
     std::deque<std::optional<ui::Colour>> colourAnswers_;
     std::vector<ui::Message> messages_;

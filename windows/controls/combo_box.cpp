@@ -1,5 +1,7 @@
 #include "windows/controls/combo_box.h"
 
+#include "windows/controls/strokes.h"
+
 namespace win {
 namespace {
 
@@ -42,5 +44,21 @@ void ComboBox::select(int index) {
 }
 
 bool ComboBox::droppedDown() const { return send(CB_GETDROPPEDSTATE) != 0; }
+
+bool ComboBox::pointerInside() const {
+    POINT pointer{};
+    RECT area{};
+    GetCursorPos(&pointer);
+    ScreenToClient(window(), &pointer);
+    GetClientRect(window(), &area);
+    return PtInRect(&area, pointer) != FALSE;
+}
+
+void ComboBox::draw(const ui::Strokes& strokes) {
+    const HDC context = GetDC(window());
+    if (context == nullptr) return;
+    drawStrokes(context, strokes);
+    ReleaseDC(window(), context);
+}
 
 }  // namespace win

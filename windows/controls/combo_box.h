@@ -18,6 +18,8 @@ public:
     [[nodiscard]] int selectedIndex() const override;
     void select(int index) override;
     [[nodiscard]] bool droppedDown() const override;
+    [[nodiscard]] bool pointerInside() const override;
+    void draw(const ui::Strokes& strokes) override;
 };
 
 }  // namespace win

@@ -37,6 +37,8 @@ public:
     // Hooks for the kinds of control, called by the dialog. Each may throw; nothing leaves the dialog.
     /// WM_COMMAND with this notification code.
     virtual void onCommand(int /*code*/) {}
+    /// WM_COMMAND of a part of the control, which has an identifier of its own.
+    virtual void onButton(int /*identifier*/) {}
     /// WM_NOTIFY; a result is the answer to the control.
     virtual std::optional<LRESULT> onNotify(NMHDR& /*notification*/) { return std::nullopt; }
     /// WM_DRAWITEM and WM_MEASUREITEM; true where the wrapper has handled them.

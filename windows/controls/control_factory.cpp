@@ -7,9 +7,11 @@
 #include "windows/controls/list_box.h"
 #include "windows/controls/picture.h"
 #include "windows/controls/plain_controls.h"
+#include "windows/controls/rich_text.h"
 #include "windows/controls/swatch.h"
 #include "windows/controls/tab_strip.h"
 #include "windows/controls/text_box.h"
+#include "windows/controls/toolbar.h"
 #include "windows/controls/up_down.h"
 
 namespace win {
@@ -30,6 +32,8 @@ std::unique_ptr<ControlBase> makeControl(ui::Kind kind, Window& window, HWND con
         case ui::Kind::upDown: return std::make_unique<UpDown>(window, control);
         case ui::Kind::listBox: return std::make_unique<ListBox>(window, control);
         case ui::Kind::tabStrip: return std::make_unique<TabStrip>(window, control);
+        case ui::Kind::richText: return std::make_unique<RichText>(window, control);
+        case ui::Kind::toolbar: return std::make_unique<Toolbar>(window, control);
         default: throw std::logic_error("no wrapper for this kind of control");
     }
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "windows/controls/window.h"
+#include "windows/platform/text.h"
 
 namespace win {
 namespace {
@@ -57,7 +58,15 @@ Screen::Screen(HINSTANCE instance) : instance_(instance), context_(instance) {
     InitCommonControlsEx(&wanted);
 }
 
-Screen::~Screen() = default;
+Screen::~Screen() {
+    if (richEdit_ != nullptr) FreeLibrary(richEdit_);
+}
+
+void Screen::loadRichEdit() {
+    if (richEdit_ == nullptr)
+        richEdit_ = LoadLibraryExW(L"msftedit.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (richEdit_ == nullptr) throwLastError();
+}
 
 std::unique_ptr<ui::Window> Screen::createDialog(int templateIdentifier, ui::Window* owner) {
     const HWND parent = owner ? GetAncestor(handleOf(owner), GA_ROOT) : nullptr;
@@ -72,6 +81,8 @@ std::unique_ptr<ui::Window> Screen::createPage(int templateIdentifier, HWND pare
 double Screen::twipsPerPixelX() const { return TWIPS_PER_INCH / pixelsPerInch(LOGPIXELSX); }
 
 double Screen::twipsPerPixelY() const { return TWIPS_PER_INCH / pixelsPerInch(LOGPIXELSY); }
+
+int Screen::scrollThumbWidth() const { return GetSystemMetrics(SM_CXHTHUMB); }
 
 std::vector<std::wstring> Screen::fonts() const {
     std::vector<std::wstring> names;

@@ -25,6 +25,7 @@ public:
                                            const std::wstring& title) override;
     [[nodiscard]] double twipsPerPixelX() const override;
     [[nodiscard]] double twipsPerPixelY() const override;
+    [[nodiscard]] int scrollThumbWidth() const override;
     [[nodiscard]] std::vector<std::wstring> fonts() const override;
 
     /// A page from a child template, hidden, at the upper left corner of `parent`. The page stays open
@@ -65,6 +66,9 @@ public:
         WORD cancel_;
     };
 
+    /// The library of the rich-text editor, which stays loaded as long as the screen lives. Throws
+    /// vexa::Error.
+    void loadRichEdit();
     void add(Window& window) { windows_.push_back(&window); }
     void remove(Window& window);
     /// Closes what was opened from `window`, at any depth.
@@ -79,6 +83,7 @@ private:
 
     HINSTANCE instance_;
     ActivationContext context_;
+    HMODULE richEdit_ = nullptr;
     std::vector<Window*> windows_;
     std::vector<Modal*> modals_;
     bool closing_ = false;

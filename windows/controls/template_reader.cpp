@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <cstring>
+#include <string>
+#include <vector>
 
 namespace win {
 namespace {
@@ -20,11 +22,12 @@ public:
     void align() { position_ = (position_ + 3) & ~std::size_t{3}; }
     [[nodiscard]] bool atEnd() const { return position_ >= size_; }
 
-    /// A text or a number; the number, or 0 for a text.
-    std::uint16_t textOrOrdinal() {
+    /// A text or a number; the number, or 0 for a text, which goes to `text`.
+    std::uint16_t textOrOrdinal(std::wstring* text = nullptr) {
         std::uint16_t first = word();
         if (first == ORDINAL) return word();
-        while (first != 0 && !atEnd()) first = word();
+        for (; first != 0 && !atEnd(); first = word())
+            if (text != nullptr) *text += static_cast<wchar_t>(first);
         return 0;
     }
 
@@ -60,23 +63,47 @@ int readHead(Reader& reader) {
     return count;
 }
 
+/// What a template says of one control.
+struct Entry {
+    int identifier = 0;
+    std::wstring windowClass;  ///< empty for one of the system's first six
+    int title = 0;             ///< 0 for a text
+};
+
+Entry readEntry(Reader& reader) {
+    Entry entry;
+    reader.align();
+    reader.skip(20);  // help, styles, place
+    entry.identifier = static_cast<int>(reader.doubleWord());
+    reader.textOrOrdinal(&entry.windowClass);
+    entry.title = reader.textOrOrdinal();
+    reader.skip(reader.word());  // creation data
+    return entry;
+}
+
+/// The controls of a template; none where there is no such template.
+std::vector<Entry> entries(HINSTANCE module, int templateIdentifier) {
+    std::vector<Entry> all;
+    const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(templateIdentifier), RT_DIALOG);
+    const HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
+    if (loaded == nullptr) return all;
+    Reader reader(static_cast<const std::uint8_t*>(LockResource(loaded)), SizeofResource(module, found));
+    for (int left = readHead(reader); left > 0 && !reader.atEnd(); --left) all.push_back(readEntry(reader));
+    return all;
+}
+
 }  // namespace
 
 int titleResource(HINSTANCE module, int templateIdentifier, int controlIdentifier) {
-    const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(templateIdentifier), RT_DIALOG);
-    const HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
-    if (loaded == nullptr) return 0;
-    Reader reader(static_cast<const std::uint8_t*>(LockResource(loaded)), SizeofResource(module, found));
-    for (int left = readHead(reader); left > 0 && !reader.atEnd(); --left) {
-        reader.align();
-        reader.skip(20);  // help, styles, place
-        const auto identifier = static_cast<int>(reader.doubleWord());
-        reader.textOrOrdinal();  // class
-        const int title = reader.textOrOrdinal();
-        reader.skip(reader.word());  // creation data
-        if (identifier == controlIdentifier) return title;
-    }
+    for (const Entry& entry : entries(module, templateIdentifier))
+        if (entry.identifier == controlIdentifier) return entry.title;
     return 0;
+}
+
+bool usesClass(HINSTANCE module, int templateIdentifier, const wchar_t* windowClass) {
+    for (const Entry& entry : entries(module, templateIdentifier))
+        if (entry.windowClass == windowClass) return true;
+    return false;
 }
 
 }  // namespace win

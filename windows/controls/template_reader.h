@@ -9,4 +9,7 @@ namespace win {
 /// title is a text or the template has no such control.
 [[nodiscard]] int titleResource(HINSTANCE module, int templateIdentifier, int controlIdentifier);
 
+/// Whether a control of the template has this window class.
+[[nodiscard]] bool usesClass(HINSTANCE module, int templateIdentifier, const wchar_t* windowClass);
+
 }  // namespace win

@@ -1,6 +1,7 @@
 #include "windows/controls/window.h"
 
 #include <commctrl.h>
+#include <richedit.h>
 #include <uxtheme.h>
 
 #include <algorithm>
@@ -10,6 +11,7 @@
 #include "ui/form.h"
 #include "windows/controls/control_factory.h"
 #include "windows/controls/screen.h"
+#include "windows/controls/template_reader.h"
 #include "windows/platform/messages.h"
 #include "windows/platform/text.h"
 
@@ -54,6 +56,7 @@ BOOL CALLBACK forwardColourChange(HWND control, LPARAM) noexcept {
 Window::Window(Screen& screen, Role role, int templateIdentifier, HWND parent, Window* owner)
     : screen_(screen), role_(role), templateIdentifier_(templateIdentifier), owner_(owner) {
     const Activation themed(screen_.context());
+    if (usesClass(screen_.instance(), templateIdentifier, MSFTEDIT_CLASS)) screen_.loadRichEdit();
     // The procedure learns of this object from WM_INITDIALOG and sets handle_.
     if (CreateDialogParamW(screen_.instance(), MAKEINTRESOURCEW(templateIdentifier), parent, procedure,
                            reinterpret_cast<LPARAM>(this)) == nullptr)
@@ -98,7 +101,7 @@ INT_PTR CALLBACK Window::procedure(HWND handle, UINT message, WPARAM wParam, LPA
 
 std::optional<LRESULT> Window::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_COMMAND: command(LOWORD(wParam), HIWORD(wParam)); return 0;
+        case WM_COMMAND: command(wParam, reinterpret_cast<HWND>(lParam)); return 0;
         case WM_TIMER: tick(wParam); return 0;
         case WM_SIZE: resized(); return 0;
         case DPI_CHANGED_AFTER_PARENT: resized(); return 0;
@@ -154,9 +157,16 @@ std::optional<LRESULT> Window::background(HDC canvas, HWND control) {
 
 /// Enter and Esc come as commands of the buttons that they press, whether or not there are such buttons and
 /// they are enabled.
-void Window::command(int identifier, int code) {
-    ControlBase* wrapper = find(identifier);
-    if (wrapper != nullptr && IsWindowEnabled(wrapper->window())) wrapper->onCommand(code);
+void Window::command(WPARAM wParam, HWND sender) {
+    const int identifier = LOWORD(wParam);
+    const bool ofPart = sender != nullptr && GetDlgCtrlID(sender) != identifier;
+    ControlBase* wrapper = find(ofPart ? GetDlgCtrlID(sender) : identifier);
+    const bool takes = wrapper != nullptr && IsWindowEnabled(wrapper->window());
+    if (ofPart) {
+        if (takes) wrapper->onButton(identifier);
+        return;
+    }
+    if (takes) wrapper->onCommand(HIWORD(wParam));
     if (identifier == IDCANCEL && role_ == Role::dialog && GetDlgItem(handle_, IDCANCEL) == nullptr) close();
 }
 

@@ -92,6 +92,7 @@ public:
 
     [[nodiscard]] std::unique_ptr<ui::Window> createPage(int templateIdentifier,
                                                          const ui::Size& size) override;
+    void setTwipsPerPixel(double twips) override { scripted_.setTwipsPerPixel(twips); }
     [[nodiscard]] ui::Window& owner() override;
 
     void whenShown(Script script) override { scripts_.push_back(std::move(script)); }

@@ -95,6 +95,9 @@ void WindowsUser::click(ui::Control& control) {
 }
 
 void WindowsUser::moveMouse(ui::Control& control, int x, int y) {
+    POINT place{x, y};
+    ClientToScreen(windowOf(control), &place);
+    SetCursorPos(place.x, place.y);
     SendMessageW(windowOf(control), WM_MOUSEMOVE, 0, MAKELPARAM(x, y));
     deliverMessages();
 }
@@ -226,6 +229,26 @@ void WindowsUser::rewrite(ui::Grid& grid, const std::wstring& text) {
     constexpr wchar_t BACKSPACE = 8;
     typeCharacter(editor, BACKSPACE);
     for (const wchar_t character : text) typeCharacter(editor, character);
+}
+
+void WindowsUser::clickButton(ui::Toolbar& toolbar, int index) {
+    const HWND window = windowOf(toolbar);
+    if (!isReachable(window)) return;
+    const ui::Rect area = toolbar.buttonBounds(index);
+    clickAt(window, area.left + area.width / 2, area.top + area.height / 2);
+}
+
+void WindowsUser::chooseMenu(ui::Toolbar& toolbar, int index, int entry) {
+    const HWND window = windowOf(toolbar);
+    if (!isReachable(window) || !toolbar.buttonEnabled(index)) return;
+    const ui::Rect area = toolbar.buttonBounds(index);
+    const LPARAM middle = MAKELPARAM(area.left + area.width / 2, area.top + area.height / 2);
+    // The keys wait for the menu, whose loop runs inside the press.
+    for (int step = 0; step <= entry; ++step) PostMessageW(window, WM_KEYDOWN, VK_DOWN, ONE_PRESS);
+    PostMessageW(window, WM_CHAR, L'\r', ONE_PRESS);
+    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, middle);
+    SendMessageW(window, WM_LBUTTONUP, 0, middle);
+    deliverMessages();
 }
 
 void WindowsUser::resize(ui::Window& window, const ui::Size& outerSize) {

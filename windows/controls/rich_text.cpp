@@ -1,0 +1,255 @@
+#include "windows/controls/rich_text.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "common/error.h"
+#include "windows/controls/screen.h"
+#include "windows/controls/window.h"
+
+namespace win {
+namespace {
+
+constexpr int TWIPS_PER_POINT = 20;
+/// Without it the editor takes 32,767 characters.
+constexpr LPARAM MOST_CHARACTERS = 0x7FFFFFFE;
+/// What ends the stream where there is no memory for it.
+constexpr DWORD OUT_OF_MEMORY = 1;
+
+void setFace(CHARFORMAT2W& format, const std::wstring& name) {
+    format.dwMask |= CFM_FACE | CFM_CHARSET;
+    format.bCharSet = DEFAULT_CHARSET;
+    const std::size_t length = std::min<std::size_t>(name.size(), LF_FACESIZE - 1);
+    std::copy_n(name.begin(), length, format.szFaceName);
+    format.szFaceName[length] = L'\0';
+}
+
+void setSize(CHARFORMAT2W& format, double points) {
+    format.dwMask |= CFM_SIZE;
+    format.yHeight = std::lround(points * TWIPS_PER_POINT);
+}
+
+/// Takes all bytes that the editor offers: it does not offer any of them again.
+DWORD CALLBACK takeBytes(DWORD_PTR collected, LPBYTE bytes, LONG count, LONG* taken) noexcept {
+    try {
+        reinterpret_cast<std::string*>(collected)->append(reinterpret_cast<const char*>(bytes),
+                                                          static_cast<std::size_t>(count));
+        *taken = count;
+        return 0;
+    } catch (...) {
+        *taken = 0;
+        return OUT_OF_MEMORY;
+    }
+}
+
+/// Whether the dialog asks for this message and it is the Enter key.
+bool isEnter(LPARAM lParam) {
+    const auto* message = reinterpret_cast<const MSG*>(lParam);
+    return message != nullptr && message->message == WM_KEYDOWN && message->wParam == VK_RETURN;
+}
+
+}  // namespace
+
+RichText::RichText(Window& dialogWindow, HWND handle) : ControlOf(dialogWindow, handle) {
+    send(EM_EXLIMITTEXT, 0, MOST_CHARACTERS);
+    send(EM_SETEVENTMASK, 0, ENM_SELCHANGE);
+}
+
+std::optional<LRESULT> RichText::onNotify(NMHDR& notification) {
+    if (notification.code == EN_SELCHANGE) raise(onSelectionChange);
+    return std::nullopt;
+}
+
+std::optional<LRESULT> RichText::onMessage(UINT message, WPARAM, LPARAM lParam) {
+    if (message != WM_GETDLGCODE) return std::nullopt;
+    // The editor must not learn that it lies in a dialog: it would close the dialog at Esc. Enter is its own,
+    // Tab goes on to the next control.
+    return DLGC_WANTARROWS | DLGC_WANTCHARS | (isEnter(lParam) ? DLGC_WANTMESSAGE : 0);
+}
+
+// --- Text and selection -----------------------------------------------------------------------------------
+
+void RichText::setText(const std::wstring& text) {
+    // As replacing a selection: a text that is set is read as RTF where it looks like it.
+    CHARRANGE all{0, -1};
+    send(EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&all));
+    send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()));
+    select(0, 0);
+}
+
+void RichText::setDefaultFont(const std::wstring& name, int points) {
+    CHARFORMAT2W format{};
+    format.dwMask = CFM_BOLD | CFM_ITALIC | CFM_UNDERLINE;
+    setFace(format, name);
+    setSize(format, points);
+    setCharacterFormat(format, SCF_DEFAULT);
+    setCharacterFormat(format, SCF_ALL);
+}
+
+int RichText::selectionStart() const {
+    CHARRANGE range{};
+    send(EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
+    return range.cpMin;
+}
+
+int RichText::selectionLength() const {
+    CHARRANGE range{};
+    send(EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
+    return range.cpMax - range.cpMin;
+}
+
+void RichText::select(int start, int length) {
+    CHARRANGE range{start, start + length};
+    send(EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
+}
+
+std::wstring RichText::rtf() const {
+    std::string bytes;
+    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&bytes), 0, takeBytes};
+    send(EM_STREAMOUT, SF_RTF, reinterpret_cast<LPARAM>(&stream));
+    if (stream.dwError != 0) throw vexa::Error(L"Out of memory");
+    // Some editors count the terminator into the stream.
+    while (!bytes.empty() && bytes.back() == '\0') bytes.pop_back();
+    return {bytes.begin(), bytes.end()};
+}
+
+// --- Formats of characters --------------------------------------------------------------------------------
+
+CHARFORMAT2W RichText::characterFormat() const {
+    CHARFORMAT2W format{};
+    format.cbSize = sizeof format;
+    send(EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+    return format;
+}
+
+void RichText::setCharacterFormat(CHARFORMAT2W& format, WPARAM range) const {
+    format.cbSize = sizeof format;
+    send(EM_SETCHARFORMAT, range, reinterpret_cast<LPARAM>(&format));
+}
+
+std::optional<bool> RichText::effect(DWORD mask) const {
+    const CHARFORMAT2W format = characterFormat();
+    if ((format.dwMask & mask) == 0) return std::nullopt;
+    return (format.dwEffects & mask) != 0;
+}
+
+void RichText::setEffect(DWORD mask, bool on) const {
+    CHARFORMAT2W format{};
+    format.dwMask = mask;
+    format.dwEffects = on ? mask : 0;
+    setCharacterFormat(format, SCF_SELECTION);
+}
+
+std::optional<std::wstring> RichText::fontName() const {
+    const CHARFORMAT2W format = characterFormat();
+    if ((format.dwMask & CFM_FACE) == 0) return std::nullopt;
+    return format.szFaceName;
+}
+
+void RichText::setFontName(const std::wstring& name) {
+    CHARFORMAT2W format{};
+    setFace(format, name);
+    setCharacterFormat(format, SCF_SELECTION);
+}
+
+std::optional<double> RichText::fontSize() const {
+    const CHARFORMAT2W format = characterFormat();
+    if ((format.dwMask & CFM_SIZE) == 0) return std::nullopt;
+    return static_cast<double>(format.yHeight) / TWIPS_PER_POINT;
+}
+
+void RichText::setFontSize(double points) {
+    CHARFORMAT2W format{};
+    setSize(format, points);
+    setCharacterFormat(format, SCF_SELECTION);
+}
+
+std::optional<ui::Colour> RichText::colour() const {
+    const CHARFORMAT2W format = characterFormat();
+    if ((format.dwMask & CFM_COLOR) == 0) return std::nullopt;
+    const bool automatic = (format.dwEffects & CFE_AUTOCOLOR) != 0;
+    return static_cast<ui::Colour>(automatic ? GetSysColor(COLOR_WINDOWTEXT) : format.crTextColor);
+}
+
+void RichText::setColour(ui::Colour colour) {
+    CHARFORMAT2W format{};
+    format.dwMask = CFM_COLOR;
+    format.crTextColor = static_cast<COLORREF>(colour);
+    setCharacterFormat(format, SCF_SELECTION);
+}
+
+// --- Formats of paragraphs --------------------------------------------------------------------------------
+
+PARAFORMAT2 RichText::paragraphFormat() const {
+    PARAFORMAT2 format{};
+    format.cbSize = sizeof format;
+    send(EM_GETPARAFORMAT, 0, reinterpret_cast<LPARAM>(&format));
+    return format;
+}
+
+void RichText::setParagraphFormat(PARAFORMAT2& format) const {
+    format.cbSize = sizeof format;
+    send(EM_SETPARAFORMAT, 0, reinterpret_cast<LPARAM>(&format));
+}
+
+double RichText::pixels(LONG twips) const { return twips / dialog().screen().twipsPerPixelX(); }
+
+LONG RichText::twips(double pixels) const { return std::lround(pixels * dialog().screen().twipsPerPixelX()); }
+
+std::optional<ui::Alignment> RichText::alignment() const {
+    const PARAFORMAT2 format = paragraphFormat();
+    if ((format.dwMask & PFM_ALIGNMENT) == 0) return std::nullopt;
+    switch (format.wAlignment) {
+        case PFA_RIGHT: return ui::Alignment::right;
+        case PFA_CENTER: return ui::Alignment::centre;
+        default: return ui::Alignment::left;  // pasted justified text begins at the left
+    }
+}
+
+void RichText::setAlignment(ui::Alignment alignment) {
+    PARAFORMAT2 format{};
+    format.dwMask = PFM_ALIGNMENT;
+    format.wAlignment = static_cast<WORD>(static_cast<int>(alignment) + PFA_LEFT);
+    setParagraphFormat(format);
+}
+
+std::optional<bool> RichText::bulleted() const {
+    const PARAFORMAT2 format = paragraphFormat();
+    if ((format.dwMask & PFM_NUMBERING) == 0) return std::nullopt;
+    return format.wNumbering == PFN_BULLET;
+}
+
+void RichText::setBulleted(bool bulleted) {
+    PARAFORMAT2 format{};
+    format.dwMask = PFM_NUMBERING | (bulleted ? 0 : PFM_OFFSET);
+    format.wNumbering = bulleted ? PFN_BULLET : 0;
+    setParagraphFormat(format);
+}
+
+std::optional<double> RichText::leftIndent() const {
+    const PARAFORMAT2 format = paragraphFormat();
+    if ((format.dwMask & PFM_STARTINDENT) == 0) return std::nullopt;
+    return pixels(format.dxStartIndent);
+}
+
+void RichText::setLeftIndent(double pixels) {
+    PARAFORMAT2 format{};
+    format.dwMask = PFM_STARTINDENT;
+    format.dxStartIndent = twips(pixels);
+    setParagraphFormat(format);
+}
+
+std::optional<double> RichText::hangingIndent() const {
+    const PARAFORMAT2 format = paragraphFormat();
+    if ((format.dwMask & PFM_OFFSET) == 0) return std::nullopt;
+    return pixels(format.dxOffset);
+}
+
+void RichText::setHangingIndent(double pixels) {
+    PARAFORMAT2 format{};
+    format.dwMask = PFM_OFFSET;
+    format.dxOffset = twips(pixels);
+    setParagraphFormat(format);
+}
+
+}  // namespace win

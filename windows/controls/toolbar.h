@@ -1,0 +1,46 @@
+// The toolbar: the system's ToolbarWindow32. A button's command is its index, counted from 1. The keyboard
+// works here, since the system's own handling differs between its versions.
+#pragma once
+
+#include "ui/toolbar.h"
+#include "windows/controls/control_base.h"
+#include "windows/controls/image_list.h"
+
+namespace win {
+
+class Toolbar : public ControlOf<ui::Toolbar> {
+public:
+    Toolbar(Window& window, HWND handle);
+    ~Toolbar() override;
+    void onButton(int index) override;
+    std::optional<LRESULT> onNotify(NMHDR& notification) override;
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+    void setButtons(std::vector<ui::ToolbarButton> buttons) override;
+    [[nodiscard]] int count() const override { return static_cast<int>(buttons_.size()); }
+    [[nodiscard]] bool pressed(int index) const override;
+    void setPressed(int index, bool pressed) override;
+    [[nodiscard]] bool buttonEnabled(int index) const override;
+    void setButtonEnabled(int index, bool enabled) override;
+    [[nodiscard]] ui::Rect buttonBounds(int index) const override;
+    void setButtonWidth(int index, int width) override;
+
+private:
+    [[nodiscard]] const ui::ToolbarButton& button(int index) const;
+    [[nodiscard]] bool canBePressed(int index) const;
+    void tellTip(NMHDR& notification) const;
+    void openMenu(int index);
+    void showHot();
+    void moveHot(int step);
+    void pressHot();
+    /// True where the toolbar has a use for the key.
+    bool takeKey(WPARAM key);
+
+    std::vector<ui::ToolbarButton> buttons_;
+    ImageList enabledImages_;
+    ImageList disabledImages_;
+    /// The button on which the keyboard is; 0 for none.
+    int hot_ = 0;
+};
+
+}  // namespace win
