@@ -8,6 +8,7 @@
 #include "kb/frmKnowledgeBase.h"
 #include "page/ctlPPE.ids.h"
 #include "page/wizard_rule.h"
+#include "report/frmSendBugReport.h"
 #include "settings/frmAttachment.h"
 #include "settings/frmDispMatches.h"
 #include "settings/frmSettings.h"
@@ -93,7 +94,8 @@ ctlPPE::ctlPPE(Application& application, std::unique_ptr<ui::Window> pageWindow,
 void ctlPPE::connectHandlers() {
     cmdKnowledgeBase.onClick = [this] { cmdKnowledgeBase_Click(); };
     cmdSettings.onClick = [this] {
-        showSettingsDialog<frmSettings>(L"cmdSettings_Click", frmSettings::ReportOpener());
+        showSettingsDialog<frmSettings>(
+            L"cmdSettings_Click", [this](ui::Window& dialog) { showBugReport(application_, dialog); });
     };
     cmdAttachments.onClick = [this] { showSettingsDialog<frmAttachment>(L"cmdAttachments_Click"); };
     cmdDispMatches.onClick = [this] { showSettingsDialog<frmDispMatches>(L"cmdDispMatches_Click"); };
