@@ -273,10 +273,15 @@ TEST_F(ControlsTest, ASwatchPaintsTheLowerThreeBytesOfItsColourInsideAnEdge) {
 TEST_F(ControlsTest, ASwatchWritesItsCaptionInBlackOnBrightAndInWhiteOnDarkColours) {
     inDialog(IDD_testDialog, [&](TestForm& form) {
         auto& swatch = dynamic_cast<win::Swatch&>(form.control<ui::Swatch>(IDC_testSwatch));
-        swatch.setColour(0x00FFFF);
-        EXPECT_GT(Drawing(swatch, 0).count(RGB(0, 0, 0)), 20);
-        swatch.setColour(0xFF0000);
-        EXPECT_GT(Drawing(swatch, 0).count(RGB(255, 255, 255)), 20);
+        for (const ui::Colour bright :
+             {0x00FFFF, 0x00FF00, 0xFFFF00, 0xFF00FF, 0x0000FF, 0xFFFFFF, 0x808080}) {
+            swatch.setColour(bright);
+            EXPECT_GT(Drawing(swatch, 0).count(RGB(0, 0, 0)), 20) << std::hex << bright;
+        }
+        for (const ui::Colour dark : {0xFF0000, 0x000000, 0x000080, 0x404040}) {
+            swatch.setColour(dark);
+            EXPECT_GT(Drawing(swatch, 0).count(RGB(255, 255, 255)), 20) << std::hex << dark;
+        }
     });
 }
 

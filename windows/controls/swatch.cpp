@@ -24,11 +24,14 @@ COLORREF between(COLORREF one, COLORREF other) {
                middle(GetBValue(one), GetBValue(other)));
 }
 
-/// Black or white, whichever is easier to read on `background`: by its brightness as the eye weighs it.
+/// Black or white, whichever stands out more from `background`. The eye's sense of brightness goes about with
+/// the square of a colour's parts; the bound is where black and white contrast alike.
 COLORREF readableOn(COLORREF background) {
-    const int brightness =
-        (299 * GetRValue(background) + 587 * GetGValue(background) + 114 * GetBValue(background)) / 1000;
-    return brightness >= 128 ? BLACK : WHITE;
+    const auto square = [](int part) { return part * part; };
+    const int brightness = (2126 * square(GetRValue(background)) + 7152 * square(GetGValue(background)) +
+                            722 * square(GetBValue(background))) /
+                           (255 * 255);
+    return brightness >= 1800 ? BLACK : WHITE;
 }
 
 void drawCaption(const DRAWITEMSTRUCT& item, const std::wstring& caption, RECT area, COLORREF colour) {
