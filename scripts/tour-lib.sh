@@ -136,6 +136,6 @@ picture() {
 
 # expect_setting LINE: the settings hold this line, "<value> = <content>", below any key.
 expect_setting() {
-    settings | grep -qF "\\$1" || fail "this was not written: $1"
+    settings | grep -F "\\$1" >/dev/null || fail "this was not written: $1"
     printf '   %s\n' "$1"
 }
