@@ -71,8 +71,9 @@ Window::~Window() {
     open_ = false;
     screen_.remove(*this);
     for (Timer* timer : timers_) timer->forgetWindow();
-    // From here on nobody hears what the system says to the window.
-    controls_.clear();
+    // From here on nobody hears what the system says to the window. It still speaks while the wrappers go (asks
+    // for backgrounds, say), and must not meet one that is half gone.
+    std::exchange(controls_, {}).clear();
     tooltips_.reset();
     if (handle_ == nullptr) return;
     SetWindowLongPtrW(handle_, DWLP_USER, 0);
