@@ -47,15 +47,14 @@ private:
     int key_;
 };
 
+BOOL CALLBACK noteWindow(HWND each, LPARAM list) {
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(each);
+    return TRUE;
+}
+
 std::vector<HWND> descendants(HWND window) {
     std::vector<HWND> all;
-    EnumChildWindows(
-        window,
-        [](HWND each, LPARAM list) -> BOOL {
-            reinterpret_cast<std::vector<HWND>*>(list)->push_back(each);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&all));
+    EnumChildWindows(window, noteWindow, reinterpret_cast<LPARAM>(&all));
     return all;
 }
 

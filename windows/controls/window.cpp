@@ -71,8 +71,8 @@ Window::~Window() {
     open_ = false;
     screen_.remove(*this);
     for (Timer* timer : timers_) timer->forgetWindow();
-    // From here on nobody hears what the system says to the window. It still speaks while the wrappers go (asks
-    // for backgrounds, say), and must not meet one that is half gone.
+    // From here on nobody hears what the system says to the window. It still speaks while the wrappers go
+    // (asks for backgrounds, say), and must not meet one that is half gone.
     std::exchange(controls_, {}).clear();
     tooltips_.reset();
     if (handle_ == nullptr) return;
