@@ -61,7 +61,6 @@ void write(tests::User& user, frmSendBugReport& form) {
     author.size(EIGHT);
     author.font(L"Tahoma");
     author.paragraph(L"upright");
-    author.font(L"Courier New");
     author.click(button::center);
     author.paragraph(L"middle");
     author.click(button::rightAlign);

@@ -42,6 +42,49 @@ DWORD CALLBACK takeBytes(DWORD_PTR collected, LPBYTE bytes, LONG count, LONG* ta
     }
 }
 
+/// The editor's text as a stream; `format` as EM_STREAMOUT takes it. Throws vexa::Error.
+std::string streamOut(HWND editor, WPARAM format) {
+    std::string bytes;
+    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&bytes), 0, takeBytes};
+    SendMessageW(editor, EM_STREAMOUT, format, reinterpret_cast<LPARAM>(&stream));
+    if (stream.dwError != 0) throw vexa::Error(L"Out of memory");
+    // Some editors count the terminator into the stream.
+    while (!bytes.empty() && bytes.back() == '\0') bytes.pop_back();
+    return bytes;
+}
+
+/// Whether the system's code page has every character of the text.
+bool isAnsi(const std::wstring& text) {
+    BOOL lacking = FALSE;
+    WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, text.data(), static_cast<int>(text.size()), nullptr, 0,
+                        nullptr, &lacking);
+    return lacking == FALSE;
+}
+
+std::wstring fromUtf8(const std::string& bytes) {
+    const auto size = static_cast<int>(bytes.size());
+    std::wstring text(bytes.size(), L'\0');
+    text.resize(static_cast<std::size_t>(
+        MultiByteToWideChar(CP_UTF8, 0, bytes.data(), size, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+/// RTF in UTF-8 as RTF of 7-bit characters: all others become numbers.
+std::wstring withNumbers(const std::string& bytes) {
+    constexpr std::wstring_view UTF8_HEAD = L"{\\urtf";
+    constexpr wchar_t FIRST_BEYOND_ASCII = 0x80;
+    const std::wstring source = fromUtf8(bytes);
+    const bool marked = source.starts_with(UTF8_HEAD);
+    std::wstring text = marked ? L"{\\rtf" : L"";
+    for (std::size_t index = marked ? UTF8_HEAD.size() : 0; index < source.size(); ++index) {
+        if (source[index] < FIRST_BEYOND_ASCII)
+            text += source[index];
+        else
+            text += L"\\u" + std::to_wstring(static_cast<short>(source[index])) + L"?";
+    }
+    return text;
+}
+
 /// Whether the dialog asks for this message and it is the Enter key.
 bool isEnter(LPARAM lParam) {
     const auto* message = reinterpret_cast<const MSG*>(lParam);
@@ -104,13 +147,12 @@ void RichText::select(int start, int length) {
 }
 
 std::wstring RichText::rtf() const {
-    std::string bytes;
-    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&bytes), 0, takeBytes};
-    send(EM_STREAMOUT, SF_RTF, reinterpret_cast<LPARAM>(&stream));
-    if (stream.dwError != 0) throw vexa::Error(L"Out of memory");
-    // Some editors count the terminator into the stream.
-    while (!bytes.empty() && bytes.back() == '\0') bytes.pop_back();
-    return {bytes.begin(), bytes.end()};
+    if (isAnsi(text())) {
+        const std::string bytes = streamOut(window(), SF_RTF);
+        return {bytes.begin(), bytes.end()};
+    }
+    // Editors put similar letters in the place of some that the code page lacks, unless they write UTF-8.
+    return withNumbers(streamOut(window(), (CP_UTF8 << 16) | SF_USECODEPAGE | SF_RTF));
 }
 
 // --- Formats of characters --------------------------------------------------------------------------------

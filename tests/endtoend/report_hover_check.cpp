@@ -1,0 +1,105 @@
+// Compares what the hover timer draws upon the composer's combos, on a real display, with the computed
+// drawing, pixel by pixel and state by state. Writes a line a check to the file that it is given; the last
+// line is "passed" or "FAILED".
+#include <windows.h>
+
+#include <cstdio>
+#include <map>
+#include <utility>
+
+#include "report/flat_combo.h"
+#include "report/frmSendBugReport.h"
+#include "tests/forms/stage.h"
+
+namespace {
+
+using vexa::FlatState;
+using vexa::frmSendBugReport;
+using Pixels = std::map<std::pair<int, int>, ui::ColourRole>;
+
+constexpr int SEVERAL_TICKS = 700;  // milliseconds
+
+COLORREF colourOf(ui::ColourRole role) {
+    constexpr int colours[] = {COLOR_BTNFACE, COLOR_BTNSHADOW, COLOR_BTNHIGHLIGHT, COLOR_WINDOW};
+    return GetSysColor(colours[static_cast<int>(role)]);
+}
+
+/// The last colour of each pixel that the strokes touch.
+Pixels painted(const ui::Strokes& strokes) {
+    Pixels pixels;
+    for (const ui::Stroke& stroke : strokes)
+        for (int y = stroke.top; y <= stroke.bottom; ++y)
+            for (int x = stroke.left; x <= stroke.right; ++x) pixels[{x, y}] = stroke.colour;
+    return pixels;
+}
+
+class Checker {
+public:
+    Checker(tests::Stage& stage, frmSendBugReport& form, std::FILE* results)
+        : stage_(stage), form_(form), results_(results) {}
+
+    void play() {
+        stage_.user().moveMouse(form_.rtfBody, 20, 60);
+        compareBoth("disabled", FlatState::disabled, FlatState::disabled);
+        stage_.user().click(form_.rtfBody);
+        compareBoth("flat", FlatState::flat, FlatState::flat);
+        stage_.user().moveMouse(form_.cboFontname, 10, 8);
+        compareBoth("font hot", FlatState::hot, FlatState::flat);
+        stage_.user().moveMouse(form_.cboFontsize, 10, 8);
+        compareBoth("size hot", FlatState::flat, FlatState::hot);
+        for (ui::ComboBox* combo : {&form_.cboFontname, &form_.cboFontsize}) {
+            combo->draw(drawing(*combo, FlatState::pressed));
+            compare("pressed", *combo, FlatState::pressed);
+        }
+    }
+    [[nodiscard]] bool passed() const { return passed_; }
+
+private:
+    [[nodiscard]] ui::Strokes drawing(const ui::ComboBox& combo, FlatState state) {
+        const ui::Rect bounds = combo.bounds();
+        return vexa::flatCombo(state, {bounds.width, bounds.height},
+                               stage_.application().screen.scrollThumbWidth());
+    }
+    void compareBoth(const char* name, FlatState font, FlatState size) {
+        stage_.user().wait(SEVERAL_TICKS);
+        std::fprintf(results_, "%s\n", name);
+        compare("  font combo", form_.cboFontname, font);
+        compare("  size combo", form_.cboFontsize, size);
+    }
+    void compare(const char* name, const ui::ComboBox& combo, FlatState state) {
+        const HWND window = reinterpret_cast<HWND>(combo.handle());
+        const HDC context = GetDC(window);
+        int wrong = 0;
+        const Pixels expected = painted(drawing(combo, state));
+        for (const auto& [place, role] : expected)
+            if (GetPixel(context, place.first, place.second) != colourOf(role)) ++wrong;
+        ReleaseDC(window, context);
+        std::fprintf(results_, "%s %s: %d of %d pixels differ\n", wrong == 0 ? "ok     " : "FAILED ", name,
+                     wrong, static_cast<int>(expected.size()));
+        passed_ = passed_ && wrong == 0 && !expected.empty();
+    }
+
+    tests::Stage& stage_;
+    frmSendBugReport& form_;
+    std::FILE* results_;
+    bool passed_ = true;
+};
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    std::FILE* results = count > 1 ? std::fopen(arguments[1], "wb") : nullptr;
+    if (results == nullptr) return 2;
+    const auto stage = tests::Stage::create();
+    bool passed = false;
+    stage->whenShown<frmSendBugReport>([&](frmSendBugReport& form) {
+        Checker checker(*stage, form, results);
+        checker.play();
+        passed = checker.passed();
+        stage->user().closeWindow(form.window());
+    });
+    vexa::showBugReport(stage->application(), stage->owner());
+    std::fprintf(results, "%s\n", passed ? "passed" : "FAILED");
+    std::fclose(results);
+    return passed ? 0 : 1;
+}
