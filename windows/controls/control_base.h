@@ -48,6 +48,8 @@ public:
     virtual void onScroll(int /*code*/) {}
     /// What lies behind another control of the dialog, where that is this control's to say; else null.
     virtual HBRUSH backgroundFor(HDC /*canvas*/, HWND /*control*/) { return nullptr; }
+    /// Paints the dialog's background where this control is part of it; else false.
+    virtual bool paintBackground(HDC /*canvas*/) { return false; }
     /// Any message to the control, before it gets it; a result keeps it away from the control.
     virtual std::optional<LRESULT> onMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) {
         return std::nullopt;

@@ -46,9 +46,8 @@ Button::Button(Window& window, HWND handle) : ControlOf(window, handle), caption
 }
 
 Button::~Button() {
-    if (icon_ == nullptr) return;
-    if (window() != nullptr) send(BM_SETIMAGE, IMAGE_ICON, 0);
-    DestroyIcon(icon_);
+    // The window goes together with its wrapper, so nobody paints the icon any more.
+    if (icon_ != nullptr) DestroyIcon(icon_);
 }
 
 void Button::loadIcon() {

@@ -3,6 +3,8 @@
 #include <commctrl.h>
 #include <uxtheme.h>
 
+#include "windows/controls/window.h"
+
 namespace win {
 
 TabStrip::~TabStrip() { forgetBody(); }
@@ -53,12 +55,31 @@ HBRUSH TabStrip::backgroundFor(HDC canvas, HWND control) {
     RECT common{};
     GetWindowRect(window(), &area);
     GetWindowRect(control, &place);
-    if (!IsAppThemed() || !IntersectRect(&common, &area, &place) || !EqualRect(&common, &place))
-        return nullptr;
-    if (body_ == nullptr) paintBody();
+    IntersectRect(&common, &area, &place);
+    if (!hasBody() || control == window() || !EqualRect(&common, &place)) return nullptr;
     SetBkMode(canvas, TRANSPARENT);
     SetBrushOrgEx(canvas, area.left - place.left, area.top - place.top, nullptr);
-    return body_;
+    return brush_;
+}
+
+bool TabStrip::paintBackground(HDC canvas) {
+    if (!hasBody()) return false;
+    RECT dialogArea{};
+    GetClientRect(dialog().window(), &dialogArea);
+    FillRect(canvas, &dialogArea, GetSysColorBrush(COLOR_BTNFACE));
+    const ui::Rect area = place();
+    const HDC memory = CreateCompatibleDC(canvas);
+    const HGDIOBJ before = SelectObject(memory, body_);
+    BitBlt(canvas, area.left, area.top, area.width, area.height, memory, 0, 0, SRCCOPY);
+    SelectObject(memory, before);
+    DeleteDC(memory);
+    return true;
+}
+
+bool TabStrip::hasBody() {
+    if (!IsAppThemed()) return false;
+    if (body_ == nullptr) paintBody();
+    return body_ != nullptr;
 }
 
 void TabStrip::paintBody() {
@@ -66,19 +87,20 @@ void TabStrip::paintBody() {
     GetClientRect(window(), &area);
     const HDC screen = GetDC(window());
     const HDC memory = CreateCompatibleDC(screen);
-    const HBITMAP picture = CreateCompatibleBitmap(screen, area.right, area.bottom);
-    const HGDIOBJ before = SelectObject(memory, picture);
+    body_ = CreateCompatibleBitmap(screen, area.right, area.bottom);
+    const HGDIOBJ before = SelectObject(memory, body_);
     FillRect(memory, &area, GetSysColorBrush(COLOR_BTNFACE));
     send(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(memory), PRF_CLIENT | PRF_ERASEBKGND);
     SelectObject(memory, before);
-    body_ = CreatePatternBrush(picture);
-    DeleteObject(picture);
+    brush_ = CreatePatternBrush(body_);
     DeleteDC(memory);
     ReleaseDC(window(), screen);
 }
 
 void TabStrip::forgetBody() {
+    if (brush_ != nullptr) DeleteObject(brush_);
     if (body_ != nullptr) DeleteObject(body_);
+    brush_ = nullptr;
     body_ = nullptr;
 }
 

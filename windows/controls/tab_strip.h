@@ -13,6 +13,8 @@ public:
     std::optional<LRESULT> onNotify(NMHDR& notification) override;
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     HBRUSH backgroundFor(HDC canvas, HWND control) override;
+    /// Frames fill themselves with the dialog's background, so the body is part of it.
+    bool paintBackground(HDC canvas) override;
 
     void addTab(const std::wstring& caption) override;
     [[nodiscard]] int count() const override;
@@ -21,11 +23,14 @@ public:
     void setCurrent(int index) override;
 
 private:
+    /// False without themes, where the pages look like the dialog.
+    [[nodiscard]] bool hasBody();
     void paintBody();
     void forgetBody();
 
     /// The strip and its body as the theme paints them, to be laid behind the controls of the pages.
-    HBRUSH body_ = nullptr;
+    HBITMAP body_ = nullptr;
+    HBRUSH brush_ = nullptr;
 };
 
 }  // namespace win

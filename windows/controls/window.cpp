@@ -110,6 +110,7 @@ std::optional<LRESULT> Window::handle(UINT message, WPARAM wParam, LPARAM lParam
             // Controls of old habits send this to their parent; a page lives until its container ends it.
             if (role_ == Role::dialog) close();
             return 0;
+        case WM_ERASEBKGND: return eraseBackground(reinterpret_cast<HDC>(wParam));
         case WM_SYSCOLORCHANGE: refreshColours(); return std::nullopt;
         case WM_NCDESTROY: vanished(); return std::nullopt;
         case MODAL_LOOP_RUNS: scripted(); return 0;
@@ -153,6 +154,12 @@ std::optional<LRESULT> Window::background(HDC canvas, HWND control) {
     for (const auto& [identifier, wrapper] : controls_)
         if (const HBRUSH brush = wrapper->backgroundFor(canvas, control))
             return reinterpret_cast<LRESULT>(brush);
+    return std::nullopt;
+}
+
+std::optional<LRESULT> Window::eraseBackground(HDC canvas) {
+    for (const auto& [identifier, wrapper] : controls_)
+        if (wrapper->paintBackground(canvas)) return TRUE;
     return std::nullopt;
 }
 

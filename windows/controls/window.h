@@ -65,6 +65,7 @@ private:
     [[nodiscard]] std::optional<LRESULT> route(UINT message, WPARAM wParam, LPARAM lParam);
     /// The brush behind a control that lies on another one.
     [[nodiscard]] std::optional<LRESULT> background(HDC canvas, HWND control);
+    [[nodiscard]] std::optional<LRESULT> eraseBackground(HDC canvas);
     /// `sender` is the control that tells of itself or of a part of it; null where a key tells it.
     void command(WPARAM wParam, HWND sender);
     void tick(std::uintptr_t identifier);
