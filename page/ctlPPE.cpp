@@ -94,8 +94,8 @@ ctlPPE::ctlPPE(Application& application, std::unique_ptr<ui::Window> pageWindow,
 void ctlPPE::connectHandlers() {
     cmdKnowledgeBase.onClick = [this] { cmdKnowledgeBase_Click(); };
     cmdSettings.onClick = [this] {
-        showSettingsDialog<frmSettings>(
-            L"cmdSettings_Click", [this](ui::Window& dialog) { showBugReport(application_, dialog); });
+        showSettingsDialog<frmSettings>(L"cmdSettings_Click",
+                                        [this](ui::Window& dialog) { showBugReport(application_, dialog); });
     };
     cmdAttachments.onClick = [this] { showSettingsDialog<frmAttachment>(L"cmdAttachments_Click"); };
     cmdDispMatches.onClick = [this] { showSettingsDialog<frmDispMatches>(L"cmdDispMatches_Click"); };
