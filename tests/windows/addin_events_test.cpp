@@ -77,6 +77,14 @@ TEST_F(AddInEventsTest, WithoutTypeInformationTheEventIsTheMemberOne) {
     EXPECT_THAT(received, ElementsAre(Pair(L"Mail", false)));
 }
 
+TEST_F(AddInEventsTest, TheEventIsFoundByItsNameWhateverItsNumber) {
+    object.offer.renumbered = true;
+    const auto connection = connect();
+    EXPECT_EQ(object.raise(1, {integer(0), integer(0)}), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(object.raise(7, {integer(1), integer(12)}), S_OK);
+    EXPECT_THAT(received, ElementsAre(Pair(L"12", true)));
+}
+
 TEST_F(AddInEventsTest, AnObjectWithoutConnectionPointsIsAnError) {
     object.offer.connectionPoints = false;
     EXPECT_THROW((void)connect(), vexa::Error);

@@ -1,5 +1,6 @@
 #include "tests/windows/addin_stand_in.h"
 
+#include "RenumberedEvents.h"
 #include "windows/platform/module.h"
 
 namespace tests {
@@ -61,10 +62,10 @@ HRESULT give(Interface* object, void** out) {
 
 }  // namespace
 
-com::Ptr<ITypeInfo> addInTypeInformation(REFGUID identifier) {
+com::Ptr<ITypeInfo> addInTypeInformation(REFGUID identifier, const wchar_t* libraryNumber) {
     com::Ptr<ITypeLib> library;
     com::Ptr<ITypeInfo> information;
-    const std::wstring file = win::modulePath(win::thisModule()) + L"\\10";
+    const std::wstring file = win::modulePath(win::thisModule()) + L"\\" + libraryNumber;
     if (SUCCEEDED(LoadTypeLibEx(file.c_str(), REGKIND_NONE, library.out())))
         library->GetTypeInfoOfGuid(identifier, information.out());
     return information;
@@ -134,6 +135,10 @@ HRESULT AddInStandIn::raiseProcessFinished(const std::wstring& project, bool kee
     return raise(1, {keep, name});
 }
 
+const IID& AddInStandIn::source() const {
+    return offer.renumbered ? __uuidof(_IRenumberedEvents) : __uuidof(_IOlAddInEvents);
+}
+
 HRESULT AddInStandIn::QueryInterface(REFIID iid, void** object) {
     if (iid == __uuidof(IUnknown) || iid == __uuidof(IDispatch) || iid == __uuidof(IOlAddIn))
         return give(static_cast<IOlAddIn*>(this), object);
@@ -158,15 +163,15 @@ HRESULT AddInStandIn::EnumConnectionPoints(IEnumConnectionPoints** points) {
     return S_OK;
 }
 
-HRESULT AddInStandIn::FindConnectionPoint(REFIID source, IConnectionPoint** point) {
+HRESULT AddInStandIn::FindConnectionPoint(REFIID wanted, IConnectionPoint** point) {
     *point = nullptr;
-    if (source != __uuidof(_IOlAddInEvents)) return CONNECT_E_NOCONNECTION;
+    if (wanted != source()) return CONNECT_E_NOCONNECTION;
     *point = com::Ptr<IConnectionPoint>(this).detach();
     return S_OK;
 }
 
-HRESULT AddInStandIn::GetConnectionInterface(IID* source) {
-    *source = __uuidof(_IOlAddInEvents);
+HRESULT AddInStandIn::GetConnectionInterface(IID* identifier) {
+    *identifier = source();
     return S_OK;
 }
 
@@ -179,8 +184,7 @@ HRESULT AddInStandIn::Advise(IUnknown* sink, DWORD* cookie) {
     if (FAILED(offer.advise)) return offer.advise;
     com::Ptr<IDispatch> events;
     // As add-ins do: they ask for their own source interface.
-    if (FAILED(sink->QueryInterface(__uuidof(_IOlAddInEvents), events.outVoid())))
-        return CONNECT_E_CANNOTCONNECT;
+    if (FAILED(sink->QueryInterface(source(), events.outVoid()))) return CONNECT_E_CANNOTCONNECT;
     *cookie = nextCookie_++;
     sinks_.emplace(*cookie, std::move(events));
     return S_OK;
@@ -193,14 +197,16 @@ HRESULT AddInStandIn::Unadvise(DWORD cookie) {
 HRESULT AddInStandIn::GetClassInfo(ITypeInfo** information) {
     *information = nullptr;
     if (!offer.typeInformation) return E_NOTIMPL;
-    *information = addInTypeInformation(__uuidof(OlAddIn)).detach();
+    *information = (offer.renumbered ? addInTypeInformation(__uuidof(RenumberedAddIn), L"11")
+                                     : addInTypeInformation(__uuidof(OlAddIn)))
+                       .detach();
     return *information != nullptr ? S_OK : E_FAIL;
 }
 
 HRESULT AddInStandIn::GetGUID(DWORD kind, GUID* identifier) {
     *identifier = {};
     if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
-    *identifier = __uuidof(_IOlAddInEvents);
+    *identifier = source();
     return S_OK;
 }
 

@@ -17,6 +17,7 @@ struct EventOffer {
     bool connectionPoints = true;
     bool classInformation = true;  ///< IProvideClassInfo2 with the default source
     bool typeInformation = true;   ///< a type library that names the event
+    bool renumbered = false;       ///< the event has the number 7
     HRESULT advise = S_OK;
 };
 
@@ -78,6 +79,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetGUID(DWORD kind, GUID* identifier) override;
 
 private:
+    [[nodiscard]] const IID& source() const;
     HRESULT reserved(int position) override;
     HRESULT noted(const std::string& line);
     HRESULT answered(const char* operation, VARIANT_BOOL* result);
@@ -88,6 +90,6 @@ private:
 };
 
 /// The type information of a class or interface in the add-in's type library, which this program carries.
-com::Ptr<ITypeInfo> addInTypeInformation(REFGUID identifier);
+com::Ptr<ITypeInfo> addInTypeInformation(REFGUID identifier, const wchar_t* library = L"10");
 
 }  // namespace tests
