@@ -47,6 +47,10 @@ public:
     /// From now on calls are noted, but neither expected nor unexpected: for tests of other things.
     void acceptAnything() { strict_ = false; }
     [[nodiscard]] int count(const std::string& call) const;
+    /// Forgets the calls that it has noted.
+    void forget() { calls_ = {}; }
+    /// Stands for another window from now on.
+    void moveTo(HWND window) { window_ = window; }
 
     [[nodiscard]] IOleClientSite* site() { return &clientSite_; }
     [[nodiscard]] ULONG references() const { return references_; }
