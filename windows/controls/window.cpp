@@ -71,13 +71,12 @@ Window::~Window() {
     open_ = false;
     screen_.remove(*this);
     for (Timer* timer : timers_) timer->forgetWindow();
-    // From here on nobody hears what the system says to the window. It still speaks while the wrappers go
-    // (asks for backgrounds, say), and must not meet one that is half gone.
-    std::exchange(controls_, {}).clear();
+    // From here on nobody hears what the system says to the window: controls that are being taken apart still
+    // cause messages.
+    if (handle_ != nullptr) SetWindowLongPtrW(handle_, DWLP_USER, 0);
+    controls_.clear();
     tooltips_.reset();
-    if (handle_ == nullptr) return;
-    SetWindowLongPtrW(handle_, DWLP_USER, 0);
-    DestroyWindow(handle_);
+    if (handle_ != nullptr) DestroyWindow(handle_);
 }
 
 INT_PTR CALLBACK Window::procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -294,13 +293,12 @@ void Window::forgetOwner(const Window& owner) {
 // --- Controls ---------------------------------------------------------------------------------------------
 
 ui::Control& Window::bind(ui::Kind kind, int identifier) {
-    auto& wrapper = controls_[identifier];
-    if (wrapper == nullptr) {
-        const HWND control = GetDlgItem(handle_, identifier);
-        if (control == nullptr) throw std::logic_error("no such control: " + std::to_string(identifier));
-        wrapper = makeControl(kind, *this, control);
-    }
-    return wrapper->asControl();
+    if (ControlBase* bound = find(identifier)) return bound->asControl();
+    const HWND control = GetDlgItem(handle_, identifier);
+    if (control == nullptr) throw std::logic_error("no such control: " + std::to_string(identifier));
+    // Only a finished wrapper is listed: while it is made, its control may already ask the window.
+    auto wrapper = makeControl(kind, *this, control);
+    return controls_.emplace(identifier, std::move(wrapper)).first->second->asControl();
 }
 
 ControlBase* Window::find(int identifier) const {
