@@ -79,6 +79,7 @@ TEST_F(AddInLocatorTest, AnObjectWithoutTheAddInsInterfaceIsNone) {
     ForeignObject foreign;
     startRunning(foreign);
     EXPECT_FALSE(locator.running());
+    stopRunning();  // while the object still lives
 }
 
 TEST_F(AddInLocatorTest, WithoutARegisteredNameThereIsNone) {
