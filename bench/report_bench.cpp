@@ -3,6 +3,7 @@
 
 #include <richedit.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <string>
 
@@ -74,24 +75,38 @@ void openBare(const Fixture& fixture) {
     DestroyWindow(dialog);
 }
 
-/// One tick for both combos with the pointer elsewhere, as a share of one core at the timer's rate.
+/// Seconds of processor time that this process has used.
+double processorTime() {
+    FILETIME created, ended, kernel, user;
+    GetProcessTimes(GetCurrentProcess(), &created, &ended, &kernel, &user);
+    const auto ticks = [](const FILETIME& time) {
+        return static_cast<double>(std::uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime);
+    };
+    return (ticks(kernel) + ticks(user)) * 1e-7;
+}
+
+/// What a tick does for both combos.
+void hover(frmSendBugReport& form, const ui::Screen& screen) {
+    for (ui::ComboBox* combo : {&form.cboFontname, &form.cboFontsize}) {
+        const auto state = vexa::hoverState(*combo);
+        const ui::Rect bounds = combo->bounds();
+        combo->draw(vexa::flatCombo(state.value(), {bounds.width, bounds.height}, screen.scrollThumbWidth()));
+    }
+}
+
+/// Ticks with the pointer elsewhere, as a share of one core at the timer's rate.
 bool measureHover(frmSendBugReport& form, const ui::Screen& screen) {
+    constexpr int TICKS = 2000;
     form.rtfBody.setFocus();
     SetCursorPos(0, 0);
-    const double seconds = bench::medianSeconds(
-        [&] {
-            for (ui::ComboBox* combo : {&form.cboFontname, &form.cboFontsize}) {
-                const auto state = vexa::hoverState(*combo);
-                const ui::Rect bounds = combo->bounds();
-                combo->draw(
-                    vexa::flatCombo(state.value(), {bounds.width, bounds.height}, screen.scrollThumbWidth()));
-            }
-        },
-        31, 20);
+    const double before = processorTime();
+    for (int tick = 0; tick < TICKS; ++tick) hover(form, screen);
+    const double seconds = (processorTime() - before) / TICKS;
     const double share = seconds / TICK;
     const bool met = share <= MOST_SHARE;
-    std::printf("hover tick, pointer outside: %.1f us, %.3f %% of one core (goal 0.5 %%) %s\n", seconds * 1e6,
-                share * 100, met ? "met" : "MISSED");
+    std::printf(
+        "hover tick, pointer outside: %.1f us of processor time, %.3f %% of one core (goal 0.5 %%) %s\n",
+        seconds * 1e6, share * 100, met ? "met" : "MISSED");
     return met;
 }
 
@@ -110,7 +125,8 @@ bool measureLargeText(frmSendBugReport& form) {
     return bench::measure({"1 MB as RTF", 1.1, [&] { wanted += form.rtfBody.rtf().size(); },
                            [&] {
                                EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&wanted), 0, countBytes};
-                               SendMessageW(editor, EM_STREAMOUT, SF_RTF, reinterpret_cast<LPARAM>(&stream));
+                               SendMessageW(editor, EM_STREAMOUT, (CP_UTF8 << 16) | SF_USECODEPAGE | SF_RTF,
+                                            reinterpret_cast<LPARAM>(&stream));
                            },
                            11, 1});
 }

@@ -15,6 +15,7 @@ constexpr int TWIPS_PER_POINT = 20;
 constexpr LPARAM MOST_CHARACTERS = 0x7FFFFFFE;
 /// What ends the stream where there is no memory for it.
 constexpr DWORD OUT_OF_MEMORY = 1;
+constexpr wchar_t FIRST_BEYOND_ASCII = 0x80;
 
 void setFace(CHARFORMAT2W& format, const std::wstring& name) {
     format.dwMask |= CFM_FACE | CFM_CHARSET;
@@ -29,11 +30,18 @@ void setSize(CHARFORMAT2W& format, double points) {
     format.yHeight = std::lround(points * TWIPS_PER_POINT);
 }
 
+/// A stream as it comes in: a character a byte, and whether all of them are ASCII.
+struct Collected {
+    std::wstring text;
+    unsigned char bits = 0;  ///< of all bytes together
+};
+
 /// Takes all bytes that the editor offers: it does not offer any of them again.
 DWORD CALLBACK takeBytes(DWORD_PTR collected, LPBYTE bytes, LONG count, LONG* taken) noexcept {
     try {
-        reinterpret_cast<std::string*>(collected)->append(reinterpret_cast<const char*>(bytes),
-                                                          static_cast<std::size_t>(count));
+        auto& stream = *reinterpret_cast<Collected*>(collected);
+        stream.text.append(bytes, bytes + count);
+        for (LONG index = 0; index < count; ++index) stream.bits |= bytes[index];
         *taken = count;
         return 0;
     } catch (...) {
@@ -42,47 +50,49 @@ DWORD CALLBACK takeBytes(DWORD_PTR collected, LPBYTE bytes, LONG count, LONG* ta
     }
 }
 
-/// The editor's text as a stream; `format` as EM_STREAMOUT takes it. Throws vexa::Error.
-std::string streamOut(HWND editor, WPARAM format) {
-    std::string bytes;
-    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&bytes), 0, takeBytes};
-    SendMessageW(editor, EM_STREAMOUT, format, reinterpret_cast<LPARAM>(&stream));
+/// The editor's text as RTF in UTF-8. Throws vexa::Error.
+Collected streamOut(HWND editor) {
+    Collected collected;
+    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&collected), 0, takeBytes};
+    SendMessageW(editor, EM_STREAMOUT, (CP_UTF8 << 16) | SF_USECODEPAGE | SF_RTF,
+                 reinterpret_cast<LPARAM>(&stream));
     if (stream.dwError != 0) throw vexa::Error(L"Out of memory");
     // Some editors count the terminator into the stream.
-    while (!bytes.empty() && bytes.back() == '\0') bytes.pop_back();
-    return bytes;
+    while (!collected.text.empty() && collected.text.back() == L'\0') collected.text.pop_back();
+    return collected;
 }
 
-/// Whether the system's code page has every character of the text.
-bool isAnsi(const std::wstring& text) {
-    BOOL lacking = FALSE;
-    WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, text.data(), static_cast<int>(text.size()), nullptr, 0,
-                        nullptr, &lacking);
-    return lacking == FALSE;
-}
-
-std::wstring fromUtf8(const std::string& bytes) {
-    const auto size = static_cast<int>(bytes.size());
+/// The text whose UTF-8 bytes these characters are.
+std::wstring fromUtf8(const std::wstring& source) {
+    std::string bytes;
+    bytes.reserve(source.size());
+    for (const wchar_t byte : source) bytes += static_cast<char>(byte);
     std::wstring text(bytes.size(), L'\0');
-    text.resize(static_cast<std::size_t>(
-        MultiByteToWideChar(CP_UTF8, 0, bytes.data(), size, text.data(), static_cast<int>(text.size()))));
+    text.resize(
+        static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, bytes.data(), static_cast<int>(bytes.size()),
+                                                     text.data(), static_cast<int>(text.size()))));
     return text;
 }
 
-/// RTF in UTF-8 as RTF of 7-bit characters: all others become numbers.
-std::wstring withNumbers(const std::string& bytes) {
-    constexpr std::wstring_view UTF8_HEAD = L"{\\urtf";
-    constexpr wchar_t FIRST_BEYOND_ASCII = 0x80;
-    const std::wstring source = fromUtf8(bytes);
-    const bool marked = source.starts_with(UTF8_HEAD);
-    std::wstring text = marked ? L"{\\rtf" : L"";
-    for (std::size_t index = marked ? UTF8_HEAD.size() : 0; index < source.size(); ++index) {
-        if (source[index] < FIRST_BEYOND_ASCII)
-            text += source[index];
+/// Characters beyond ASCII as RTF writes them: their UTF-16 units as signed numbers.
+std::wstring withNumbers(const std::wstring& source) {
+    std::wstring text;
+    text.reserve(source.size());
+    for (const wchar_t character : source) {
+        if (character < FIRST_BEYOND_ASCII)
+            text += character;
         else
-            text += L"\\u" + std::to_wstring(static_cast<short>(source[index])) + L"?";
+            text += L"\\u" + std::to_wstring(static_cast<short>(character)) + L"?";
     }
     return text;
+}
+
+/// RTF in UTF-8 as RTF of 7-bit characters.
+std::wstring plainRtf(Collected utf8) {
+    constexpr std::wstring_view UTF8_HEAD = L"{\\urtf";
+    if (utf8.text.starts_with(UTF8_HEAD)) utf8.text.replace(0, UTF8_HEAD.size(), L"{\\rtf");
+    if (utf8.bits < FIRST_BEYOND_ASCII) return std::move(utf8.text);
+    return withNumbers(fromUtf8(utf8.text));
 }
 
 /// Whether the dialog asks for this message and it is the Enter key.
@@ -147,12 +157,8 @@ void RichText::select(int start, int length) {
 }
 
 std::wstring RichText::rtf() const {
-    if (isAnsi(text())) {
-        const std::string bytes = streamOut(window(), SF_RTF);
-        return {bytes.begin(), bytes.end()};
-    }
-    // Editors put similar letters in the place of some that the code page lacks, unless they write UTF-8.
-    return withNumbers(streamOut(window(), (CP_UTF8 << 16) | SF_USECODEPAGE | SF_RTF));
+    // Only in UTF-8 do all editors write every character; else some put a similar one in its place.
+    return plainRtf(streamOut(window()));
 }
 
 // --- Formats of characters --------------------------------------------------------------------------------

@@ -7,6 +7,7 @@
 
 #include "ui/window.h"
 #include "windows/controls/activation_context.h"
+#include "windows/controls/image_list.h"
 
 namespace win {
 
@@ -69,6 +70,7 @@ public:
     /// The library of the rich-text editor, which stays loaded as long as the screen lives. Throws
     /// vexa::Error.
     void loadRichEdit();
+    [[nodiscard]] ToolbarImages& toolbarImages() { return toolbarImages_; }
     void add(Window& window) { windows_.push_back(&window); }
     void remove(Window& window);
     /// Closes what was opened from `window`, at any depth.
@@ -84,6 +86,7 @@ private:
     HINSTANCE instance_;
     ActivationContext context_;
     HMODULE richEdit_ = nullptr;
+    ToolbarImages toolbarImages_{instance_};
     std::vector<Window*> windows_;
     std::vector<Modal*> modals_;
     bool closing_ = false;

@@ -47,10 +47,7 @@ private:
 
 }  // namespace
 
-Toolbar::Toolbar(Window& dialogWindow, HWND handle)
-    : ControlOf(dialogWindow, handle),
-      enabledImages_(dialogWindow.screen().instance()),
-      disabledImages_(dialogWindow.screen().instance()) {
+Toolbar::Toolbar(Window& dialogWindow, HWND handle) : ControlOf(dialogWindow, handle) {
     send(TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON));
     // A button's text that is not shown is its accessible name.
     send(TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
@@ -67,15 +64,13 @@ Toolbar::~Toolbar() {
 void Toolbar::setButtons(std::vector<ui::ToolbarButton> buttons) {
     while (send(TB_DELETEBUTTON)) continue;
     buttons_ = std::move(buttons);
+    ToolbarImages& images = dialog().screen().toolbarImages();
     std::vector<TBBUTTON> rows;
     for (const ui::ToolbarButton& source : buttons_) {
         TBBUTTON row{};
         const bool gap = source.type == Type::separator || source.type == Type::placeholder;
         row.iBitmap = gap ? GAP : I_IMAGENONE;
-        if (source.icon != 0) {
-            row.iBitmap = enabledImages_.add(source.icon);
-            disabledImages_.add(source.disabledIcon);
-        }
+        if (source.icon != 0) row.iBitmap = images.place(source.icon, source.disabledIcon);
         row.idCommand = static_cast<int>(rows.size()) + 1;
         row.fsState = TBSTATE_ENABLED;
         row.fsStyle = styleOf(source);
@@ -83,8 +78,8 @@ void Toolbar::setButtons(std::vector<ui::ToolbarButton> buttons) {
         if (!gap) row.iString = reinterpret_cast<INT_PTR>(name.c_str());
         rows.push_back(row);
     }
-    send(TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(enabledImages_.get()));
-    send(TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabledImages_.get()));
+    send(TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.enabled()));
+    send(TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(images.disabled()));
     send(TB_ADDBUTTONSW, rows.size(), reinterpret_cast<LPARAM>(rows.data()));
 }
 
@@ -107,7 +102,7 @@ bool Toolbar::buttonEnabled(int index) const {
 }
 
 void Toolbar::setButtonEnabled(int index, bool enabled) {
-    static_cast<void>(button(index));
+    if (buttonEnabled(index) == enabled) return;  // the system would draw it again
     send(TB_ENABLEBUTTON, static_cast<WPARAM>(index), MAKELPARAM(enabled, 0));
 }
 

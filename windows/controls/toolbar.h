@@ -4,7 +4,6 @@
 
 #include "ui/toolbar.h"
 #include "windows/controls/control_base.h"
-#include "windows/controls/image_list.h"
 
 namespace win {
 
@@ -37,8 +36,6 @@ private:
     bool takeKey(WPARAM key);
 
     std::vector<ui::ToolbarButton> buttons_;
-    ImageList enabledImages_;
-    ImageList disabledImages_;
     /// The button on which the keyboard is; 0 for none.
     int hot_ = 0;
 };
