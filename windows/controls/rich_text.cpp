@@ -90,7 +90,11 @@ std::wstring withNumbers(const std::wstring& source) {
 /// RTF in UTF-8 as RTF of 7-bit characters.
 std::wstring plainRtf(Collected utf8) {
     constexpr std::wstring_view UTF8_HEAD = L"{\\urtf";
-    if (utf8.text.starts_with(UTF8_HEAD)) utf8.text.replace(0, UTF8_HEAD.size(), L"{\\rtf");
+    if (utf8.text.starts_with(UTF8_HEAD)) {
+        // Some editors leave the version and the character set out.
+        const bool complete = utf8.text.compare(UTF8_HEAD.size(), 1, L"1") == 0;
+        utf8.text.replace(0, UTF8_HEAD.size(), complete ? L"{\\rtf" : L"{\\rtf1\\ansi");
+    }
     if (utf8.bits < FIRST_BEYOND_ASCII) return std::move(utf8.text);
     return withNumbers(fromUtf8(utf8.text));
 }
