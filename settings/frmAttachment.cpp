@@ -85,7 +85,6 @@ void frmAttachment::connectHandlers() {
 // --- Loading ----------------------------------------------------------------------------------------------
 
 void frmAttachment::Form_Load() {
-    attempt([&] { showPage(TAB_KNOWLEDGEBASE); });
     loadOptions();
     attempt([&] { loadExtensions(); });
     attempt([&] { enableMoveButtons(); });
