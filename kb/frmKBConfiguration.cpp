@@ -2,7 +2,6 @@
 #include "kb/frmKBConfiguration.h"
 
 #include "common/knowledgebase_names.h"
-#include "kb/date_serial.h"
 #include "kb/frmKBConfiguration.ids.h"
 #include "kb/frmKBConfiguration_names.h"
 #include "kb/row_order.h"
@@ -26,8 +25,10 @@ frmKBConfiguration::frmKBConfiguration(Application& application, ui::Window& own
       application_(application),
       tmrLock_(window().createTimer()),
       rowCommands_{cmdAdd, cmdEdit, cmdRebuild, cmdRemove, cmdRename, cmdUpdate} {
-    sftKBConfiguration.setColumns(
-        {{L"Knowledgebase", 38}, {L"Last Update", 34}, {L"Size", 13, true}, {L"Documents", 15, true}});
+    sftKBConfiguration.setColumns({{L"Knowledgebase", 34},
+                                   {L"Last Update", 31},
+                                   {L"Size", 14, true},
+                                   {L"Documents", 21, true}});
     connectHandlers();
     connectAddIn();
 }
@@ -196,10 +197,9 @@ int frmKBConfiguration::findRowIgnoringCase(const std::wstring& name) const {
 // --- Sorting ----------------------------------------------------------------------------------------------
 
 void frmKBConfiguration::sortList() {
-    sftKBConfiguration.reorder(rowOrder(
-        sftKBConfiguration, nSortColumn, nSortType, application_.platform.conversions,
-        [this](const std::wstring& text) { return dateOf(text); },
-        [this](std::int64_t first, std::int64_t second) { return SortCompare(first, second); }));
+    sftKBConfiguration.reorder(
+        rowOrder(sftKBConfiguration, nSortColumn, nSortType,
+                 [this](double first, double second) { return SortCompare(first, second); }));
 }
 
 void frmKBConfiguration::restoreSort() {
@@ -235,14 +235,7 @@ void frmKBConfiguration::HeaderClick(int clicked) {
     nextOrder = nSortOrder == DESCENDING ? ASCENDING : DESCENDING;
 }
 
-std::int64_t frmKBConfiguration::dateOf(const std::wstring& text) {
-    std::int64_t date = 0;
-    guarded(application_, FORM_NAME, L"SortCompare",
-            [&] { date = dateFromText(text == UNKNOWN ? L"0" : text); });
-    return date;
-}
-
-int frmKBConfiguration::SortCompare(std::int64_t first, std::int64_t second) const noexcept {
+int frmKBConfiguration::SortCompare(double first, double second) const noexcept {
     const bool ascending = nNextOrder[column::lastUpdate] > 0;
     if (second < first) return ascending ? 1 : -1;
     if (second > first) return ascending ? -1 : 1;

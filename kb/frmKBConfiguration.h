@@ -71,8 +71,8 @@ private:
     [[nodiscard]] ui::GridRow rowOf(const std::wstring& name);
     void sortList();
     void restoreSort();
-    [[nodiscard]] std::int64_t dateOf(const std::wstring& text);
-    [[nodiscard]] int SortCompare(std::int64_t first, std::int64_t second) const noexcept;
+    /// Dates in seconds; a row never updated is the oldest.
+    [[nodiscard]] int SortCompare(double first, double second) const noexcept;
     void showSortArrow();
     void HeaderClick(int column);
     void CaretChange();

@@ -2,7 +2,6 @@
 #include "kb/frmKBConfiguration.h"
 #include "kb/frmKBConfiguration_names.h"
 #include "kb/frmSelectDefaultKB.h"
-#include "kb/kb_icons.ids.h"
 
 #include <set>
 
@@ -47,7 +46,7 @@ void frmKBConfiguration::addKnowledgebase() {
     strNewName = strOldName = name;
     try {
         setRowCommands(false);
-        sftKBConfiguration.addRow({{{name}, {UNKNOWN}, {UNKNOWN}, {UNKNOWN}}, IDI_kb});
+        sftKBConfiguration.addRow(knowledgebaseRow({name}, application_.platform.conversions));
         if (nSortColumn == column::name) sortList();
         nEditIndex = findRow(name);
         sftKBConfiguration.openEditor(nEditIndex);

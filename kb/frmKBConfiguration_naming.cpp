@@ -52,7 +52,7 @@ void frmKBConfiguration::PostEdit(const ui::GridEdit& edit) {
         return;
     }
     if (!nameIsAllowed(edit.row, name)) return;
-    sftKBConfiguration.setCell(edit.row, column::name, {name});
+    sftKBConfiguration.setCell(edit.row, column::name, nameCell(name, application_.platform.conversions));
     if (bNewProject)
         finishNewProject(name);
     else
@@ -78,7 +78,7 @@ bool frmKBConfiguration::nameIsAllowed(int row, const std::wstring& name) {
 }
 
 void frmKBConfiguration::refuse(int row, const std::wstring& why) {
-    sftKBConfiguration.setCell(row, column::name, {strOldName});
+    sftKBConfiguration.setCell(row, column::name, nameCell(strOldName, application_.platform.conversions));
     const unsigned fill = fills_;
     application_.screen.showMessage(&window(),
                                     {why, BOX_TITLE, ui::MessageIcon::exclamation, ui::MessageButtons::ok});
@@ -119,6 +119,7 @@ void frmKBConfiguration::finishRename(const std::wstring& name) {
     const std::wstring oldName = strOldName;
     application_.writeText(application_.ProfileKey, valueName::OldProjectname, oldName);
     raiseKBClick(name, KBEvent::renamed);
+    if (!bLocked) showButtonsForList();  // the documents are found below the new name by now
     if (!oldName.empty() && oldName == application_.settings.DefaultProject) {
         application_.writeText(application_.ProfileKey, valueName::DefaultProject, name);
         application_.settings.DefaultProject = name;

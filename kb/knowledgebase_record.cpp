@@ -24,10 +24,6 @@ double lastUpdate(const std::wstring& text, Conversions& conversions) {
     return conversions.toDate(text);
 }
 
-std::wstring shown(const std::wstring& text) {
-    return text.find_first_not_of(L' ') == std::wstring::npos ? UNKNOWN : text;
-}
-
 }  // namespace
 
 std::wstring knowledgebaseKey(const Application& application, const std::wstring& name) {
@@ -61,16 +57,20 @@ std::wstring documentsText(std::int32_t documents) {
     return std::wstring(WIDTH - std::min(WIDTH, digits.size()), L' ') + digits;
 }
 
+ui::GridCell nameCell(const std::wstring& name, Conversions& conversions) {
+    return {name, 0, conversions.lower(name)};
+}
+
 ui::GridRow knowledgebaseRow(const KnowledgebaseRecord& record, Conversions& conversions) {
-    std::wstring date = UNKNOWN;
-    std::wstring size = UNKNOWN;
+    ui::GridCell date{UNKNOWN, static_cast<double>(dateFromText(L"0")), {}};
+    ui::GridCell size{UNKNOWN, static_cast<double>(record.KBSize == -1 ? 0 : record.KBSize), {}};
     if (record.KBLastUpdate != NEVER_UPDATED) {
         const double serial = lastUpdate(record.KBLastUpdate, conversions);
-        date = dateText(serial);
-        if (serial != -1) size = sizeText(record.KBSize);
+        date.text = dateText(serial);
+        date.number = static_cast<double>(dateFromText(date.text));
+        if (serial != -1) size.text = sizeText(record.KBSize);
     }
-    const double bytes = record.KBSize == -1 ? 0 : record.KBSize;
-    return {{{record.name}, {shown(date)}, {shown(size), bytes}, {shown(documentsText(record.KBDocuments))}},
+    return {{nameCell(record.name, conversions), date, size, {documentsText(record.KBDocuments), 0, {}}},
             IDI_kb};
 }
 

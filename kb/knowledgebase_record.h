@@ -42,7 +42,11 @@ struct KnowledgebaseRecord {
 /// Right-aligned to 8 characters; "-" where it is unknown.
 [[nodiscard]] std::wstring documentsText(std::int32_t documents);
 
-/// The texts of the row and the size for sorting. Throws Error where `KBLastUpdate` is no date.
+/// A name's cell: sorted without regard to case.
+[[nodiscard]] ui::GridCell nameCell(const std::wstring& name, Conversions& conversions);
+
+/// The texts of the row and what they are sorted by: the date in seconds, the size in bytes. Throws Error
+/// where `KBLastUpdate` is no date.
 [[nodiscard]] ui::GridRow knowledgebaseRow(const KnowledgebaseRecord& record, Conversions& conversions);
 
 }  // namespace vexa

@@ -1,29 +1,42 @@
 #include "kb/row_order.h"
 
 #include <algorithm>
-#include <numeric>
+#include <utility>
 
 namespace vexa {
 namespace {
 
-/// `keyOf(row)` makes a row's key, `before(first, second)` compares two keys.
+/// `keyOf(row)` is what a row is sorted by, `before(first, second)` compares two of them.
 template <class KeyOf, class Before>
 std::vector<int> ordered(int rows, KeyOf keyOf, Before before) {
-    std::vector<int> order(static_cast<std::size_t>(rows));
-    std::iota(order.begin(), order.end(), 0);
-    std::vector<decltype(keyOf(0))> keys;
-    keys.reserve(order.size());
-    for (const int row : order) keys.push_back(keyOf(row));
-    std::ranges::stable_sort(order, [&](int first, int second) {
-        return before(keys[static_cast<std::size_t>(first)], keys[static_cast<std::size_t>(second)]);
-    });
+    using Key = decltype(keyOf(0));
+    std::vector<std::pair<Key, int>> keys;
+    keys.reserve(static_cast<std::size_t>(rows));
+    for (int row = 0; row < rows; ++row) keys.emplace_back(keyOf(row), row);
+    std::ranges::stable_sort(
+        keys, [&](const auto& first, const auto& second) { return before(first.first, second.first); });
+    std::vector<int> order;
+    order.reserve(keys.size());
+    for (const auto& key : keys) order.push_back(key.second);
     return order;
 }
 
-template <class KeyOf>
-std::vector<int> orderedBy(int rows, bool ascending, KeyOf keyOf) {
-    if (ascending) return ordered(rows, keyOf, std::less<>());
-    return ordered(rows, keyOf, std::greater<>());
+std::vector<int> orderedByNumber(const ui::Grid& grid, int column, bool ascending) {
+    return ordered(
+        grid.rowCount(), [&](int row) { return grid.cellNumber(row, column); },
+        [ascending](double first, double second) { return ascending ? first < second : second < first; });
+}
+
+std::vector<int> orderedByText(const ui::Grid& grid, int column, bool ascending) {
+    const auto keyOf = [&](int row) {
+        const ui::GridCell& cell = grid.cell(row, column);
+        return cell.key.empty() ? &cell.text : &cell.key;
+    };
+    return ordered(grid.rowCount(), keyOf,
+                   [ascending](const std::wstring* first, const std::wstring* second) {
+                       const int difference = first->compare(*second);
+                       return ascending ? difference < 0 : difference > 0;
+                   });
 }
 
 }  // namespace
@@ -39,21 +52,17 @@ bool sortCodeFits(int column, std::int32_t code) {
     return code == sortCodeOf(column, ASCENDING) || code == sortCodeOf(column, DESCENDING);
 }
 
-std::vector<int> rowOrder(const ui::Grid& grid, int column, std::int32_t code, Conversions& conversions,
-                          const DateOf& dateOf, const DateCompare& compareDates) {
-    const int rows = grid.rowCount();
+std::vector<int> rowOrder(const ui::Grid& grid, int column, std::int32_t code,
+                          const DateCompare& compareDates) {
     switch (code) {
         case sortCode::date:
             return ordered(
-                rows, [&](int row) { return dateOf(grid.cellText(row, column)); },
-                [&](std::int64_t first, std::int64_t second) { return compareDates(first, second) < 0; });
+                grid.rowCount(), [&](int row) { return grid.cellNumber(row, column); },
+                [&](double first, double second) { return compareDates(first, second) < 0; });
         case sortCode::numberAscending:
         case sortCode::numberDescending:
-            return orderedBy(rows, code == sortCode::numberAscending,
-                             [&](int row) { return grid.cellNumber(row, column); });
-        default:
-            return orderedBy(rows, code == sortCode::textAscending,
-                             [&](int row) { return conversions.lower(grid.cellText(row, column)); });
+            return orderedByNumber(grid, column, code == sortCode::numberAscending);
+        default: return orderedByText(grid, column, code == sortCode::textAscending);
     }
 }
 

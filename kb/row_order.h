@@ -27,14 +27,11 @@ constexpr std::int32_t DESCENDING = 0;
 [[nodiscard]] bool sortCodeFits(int column, std::int32_t code);
 
 /// Which of two dates (seconds) comes first: below 0 the first, above 0 the second, 0 neither.
-using DateCompare = std::function<int(std::int64_t first, std::int64_t second)>;
-/// The date that a cell's text stands for, in seconds.
-using DateOf = std::function<std::int64_t(const std::wstring& text)>;
+using DateCompare = std::function<int(double first, double second)>;
 
 /// The present numbers of the rows in their new order. Texts are compared without regard to case. Rows that
-/// are equal keep their order. Each row's key is made once.
+/// are equal keep their order.
 [[nodiscard]] std::vector<int> rowOrder(const ui::Grid& grid, int column, std::int32_t code,
-                                        Conversions& conversions, const DateOf& dateOf,
                                         const DateCompare& compareDates);
 
 }  // namespace vexa

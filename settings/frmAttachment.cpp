@@ -85,6 +85,7 @@ void frmAttachment::connectHandlers() {
 // --- Loading ----------------------------------------------------------------------------------------------
 
 void frmAttachment::Form_Load() {
+    attempt([&] { showPage(TAB_KNOWLEDGEBASE); });
     loadOptions();
     attempt([&] { loadExtensions(); });
     attempt([&] { enableMoveButtons(); });

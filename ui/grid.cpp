@@ -29,17 +29,11 @@ std::size_t Grid::checked(int row) const {
 
 const GridRow& Grid::row(int row) const { return rows_[checked(row)]; }
 
-const std::wstring& Grid::cellText(int row, int column) const {
-    static const std::wstring none;
+const GridCell& Grid::cell(int row, int column) const {
+    static const GridCell none;
     const std::vector<GridCell>& cells = rows_[checked(row)].cells;
     const auto index = static_cast<std::size_t>(column);
-    return index < cells.size() ? cells[index].text : none;
-}
-
-double Grid::cellNumber(int row, int column) const {
-    const std::vector<GridCell>& cells = rows_[checked(row)].cells;
-    const auto index = static_cast<std::size_t>(column);
-    return index < cells.size() ? cells[index].number : 0;
+    return index < cells.size() ? cells[index] : none;
 }
 
 int Grid::addRow(GridRow row) {

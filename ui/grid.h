@@ -20,7 +20,9 @@ struct GridColumn {
 
 struct GridCell {
     std::wstring text;
-    double number = 0;  ///< what the cell stands for, where sorting shall not go by the text
+    // What sorting goes by, made once, where it is not the text itself.
+    double number = 0;
+    std::wstring key{};
 };
 
 struct GridRow {
@@ -49,9 +51,10 @@ public:
 
     [[nodiscard]] int rowCount() const { return static_cast<int>(rows_.size()); }
     [[nodiscard]] const GridRow& row(int row) const;
-    /// The text of a cell; empty where the row has no such cell.
-    [[nodiscard]] const std::wstring& cellText(int row, int column) const;
-    [[nodiscard]] double cellNumber(int row, int column) const;
+    [[nodiscard]] const std::wstring& cellText(int row, int column) const { return cell(row, column).text; }
+    /// An empty cell where the row has none there.
+    [[nodiscard]] const GridCell& cell(int row, int column) const;
+    [[nodiscard]] double cellNumber(int row, int column) const { return cell(row, column).number; }
     /// Adds at the end and returns the number of the new row.
     int addRow(GridRow row);
     void removeRow(int row);

@@ -562,6 +562,7 @@ TEST_F(KBCommands, RenamingARowWithoutANameNeverHandsOverTheNameOfAnEarlierRenam
 }
 
 TEST_F(KBCommands, AnotherCommandFirstFinishesTheNameThatIsBeingEntered) {
+    stage->setValue(std::wstring(KEY) + L"\\Post", L"KBDocuments", 7);
     openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
         choose(form, L"Mail");
         user.click(form.cmdRename);

@@ -75,7 +75,12 @@ void Grid::showSortArrow(int column) {
 // --- Rows -------------------------------------------------------------------------------------------------
 
 void Grid::showRows() noexcept {
-    send(LVM_SETITEMCOUNT, static_cast<WPARAM>(rowCount()));
+    if (shownRows_ != rowCount()) {
+        shownRows_ = rowCount();
+        // Fewer rows may take the selected one away without a word.
+        if (selected_ >= shownRows_) selected_ = -1;
+        send(LVM_SETITEMCOUNT, static_cast<WPARAM>(shownRows_));
+    }
     showCurrentRow();
     refresh();
 }
@@ -90,9 +95,9 @@ void Grid::showCurrentRow() {
     telling_ = true;
     LVITEMW state{};
     state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-    const auto selected = static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
-    if (selected != -1 && selected != currentRow())
-        send(LVM_SETITEMSTATE, static_cast<WPARAM>(selected), reinterpret_cast<LPARAM>(&state));
+    if (selected_ != -1 && selected_ != currentRow())
+        send(LVM_SETITEMSTATE, static_cast<WPARAM>(selected_), reinterpret_cast<LPARAM>(&state));
+    selected_ = currentRow();
     if (currentRow() != -1) {
         state.state = state.stateMask;
         send(LVM_SETITEMSTATE, static_cast<WPARAM>(currentRow()), reinterpret_cast<LPARAM>(&state));
@@ -177,7 +182,9 @@ std::optional<LRESULT> Grid::onNotify(NMHDR& notification) {
 
 void Grid::stateChanged(const NMLISTVIEW& change) {
     const bool selected = (change.uNewState & LVIS_SELECTED) != 0 && (change.uOldState & LVIS_SELECTED) == 0;
-    if (!telling_ && selected && change.iItem >= 0 && change.iItem < rowCount()) userMovedTo(change.iItem);
+    if (telling_ || !selected || change.iItem < 0 || change.iItem >= rowCount()) return;
+    selected_ = change.iItem;
+    userMovedTo(change.iItem);
 }
 
 void Grid::clicked(int row) {

@@ -47,6 +47,9 @@ private:
 
     HIMAGELIST images_;                ///< the list view destroys it
     std::map<int, int> imageIndices_;  ///< by the icons' identifiers
+    // What the list view shows: asking it would make it look through its rows.
+    int shownRows_ = 0;
+    int selected_ = -1;
     /// The list view is being told which row is current, and tells it back.
     bool telling_ = false;
     /// The program opens the editor; the list view alone may not.
