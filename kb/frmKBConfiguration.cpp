@@ -25,10 +25,8 @@ frmKBConfiguration::frmKBConfiguration(Application& application, ui::Window& own
       application_(application),
       tmrLock_(window().createTimer()),
       rowCommands_{cmdAdd, cmdEdit, cmdRebuild, cmdRemove, cmdRename, cmdUpdate} {
-    sftKBConfiguration.setColumns({{L"Knowledgebase", 34},
-                                   {L"Last Update", 31},
-                                   {L"Size", 14, true},
-                                   {L"Documents", 21, true}});
+    sftKBConfiguration.setColumns(
+        {{L"Knowledgebase", 34}, {L"Last Update", 31}, {L"Size", 14, true}, {L"Documents", 21, true}});
     connectHandlers();
     connectAddIn();
 }
