@@ -1,8 +1,11 @@
 // Three hundred openings of each knowledgebase dialog leave nothing behind.
+#include "kb/frmKBConfiguration.ids.h"
 #include "kb/frmKnowledgeBase.h"
+#include "kb/frmKnowledgeBase.ids.h"
 #include "kb/frmSelectDefaultKB.h"
+#include "kb/frmSelectDefaultKB.ids.h"
 #include "tests/forms/kb_test_base.h"
-#include "tests/windows/resource_count.h"
+#include "tests/windows/leak_test.h"
 
 namespace tests {
 namespace {
@@ -14,26 +17,10 @@ protected:
         application.settings.LoggingInformation = false;
         record({{L"Mail", L"43831.5", 1536, 5}, {L"News", {}, {}, {}}});
     }
-
-    /// The same number of everything after the first openings and after the last.
-    void expectNothingLeft(const std::function<void()>& openAndClose) {
-        repeat(20, openAndClose);
-        const ResourceCount before = countResources();
-        repeat(300, openAndClose);
-        EXPECT_EQ(countResources(), before);
-    }
-
-private:
-    void repeat(int times, const std::function<void()>& deed) {
-        for (; times > 0; --times) {
-            deed();
-            calls.clear();
-        }
-    }
 };
 
 TEST_F(KBOpenings, OfTheListWithAnEditAndALockLeaveNothingBehind) {
-    expectNothingLeft([this] {
+    expectNothingLeft(*stage, IDD_frmKBConfiguration, [this] {
         open([this](vexa::frmKBConfiguration& form) {
             user.click(form.cmdAdd);
             user.press(form.window(), key::escape);
@@ -46,7 +33,7 @@ TEST_F(KBOpenings, OfTheListWithAnEditAndALockLeaveNothingBehind) {
 
 TEST_F(KBOpenings, OfTheBaseFolderLeaveNothingBehind) {
     application.settings.VexaBaseDir = stage->folder().substr(0, stage->folder().size() - 1);
-    expectNothingLeft([this] {
+    expectNothingLeft(*stage, IDD_frmKnowledgeBase, [this] {
         stage->whenShown<vexa::frmKnowledgeBase>(
             [this](vexa::frmKnowledgeBase& form) { user.click(form.cmdCancel); });
         vexa::frmKnowledgeBase(application, stage->owner()).Show();
@@ -54,7 +41,7 @@ TEST_F(KBOpenings, OfTheBaseFolderLeaveNothingBehind) {
 }
 
 TEST_F(KBOpenings, OfTheAutoUpdateChooserLeaveNothingBehind) {
-    expectNothingLeft([this] {
+    expectNothingLeft(*stage, IDD_frmSelectDefaultKB, [this] {
         stage->whenShown<vexa::frmSelectDefaultKB>(
             [this](vexa::frmSelectDefaultKB& form) { user.click(form.cmdCancel); });
         vexa::frmSelectDefaultKB(application, stage->owner()).Show();

@@ -30,35 +30,38 @@ inline Change changeBy(const std::function<void()>& open) {
 
 inline INT_PTR CALLBACK ignoreAll(HWND, UINT, WPARAM, LPARAM) noexcept { return FALSE; }
 
+/// Makes and destroys the dialog as the system alone does it.
+inline void openBare(int templateIdentifier) {
+    static const win::ActivationContext context{GetModuleHandleW(nullptr)};
+    const win::Activation themed(context);
+    DestroyWindow(CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(templateIdentifier), nullptr,
+                                     ignoreAll, 0));
+}
+
+/// Opening the dialog leaves nothing behind. In its heap the system itself may (Wine keeps a block for some
+/// themed dialogs): the program leaves no more than the bare dialog does.
+inline void expectNothingLeft(Stage& stage, int templateIdentifier, const std::function<void()>& open) {
+    static_cast<void>(stage.owner());
+    const Change bare = changeBy([&] { openBare(templateIdentifier); });
+    const Change change = changeBy([&] {
+        open();
+        stage.calls().clear();
+    });
+    EXPECT_EQ(change.after.windows, change.before.windows);
+    EXPECT_EQ(change.after.menus, change.before.menus);
+    EXPECT_EQ(change.after.icons, change.before.icons);
+    EXPECT_EQ(change.after.gdiObjects, change.before.gdiObjects);
+    EXPECT_EQ(change.after.handles, change.before.handles);
+    // Caches may take a block now and then; one per opening would be 300.
+    EXPECT_LE(change.heapBlocks(), bare.heapBlocks() + OPENINGS / 10)
+        << change.before << " / " << change.after;
+}
+
 class LeakTest : public FormTest {
 protected:
-    /// Makes and destroys the dialog as the system alone does it.
-    void openBare(int templateIdentifier) {
-        const win::Activation themed(context);
-        DestroyWindow(CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(templateIdentifier),
-                                         nullptr, ignoreAll, 0));
-    }
-
-    /// Opening the dialog leaves nothing behind. In its heap the system itself may (Wine keeps a block for
-    /// some themed dialogs): the program leaves no more than the bare dialog does.
     void expectNothingLeft(int templateIdentifier, const std::function<void()>& open) {
-        static_cast<void>(stage->owner());
-        const Change bare = changeBy([&] { openBare(templateIdentifier); });
-        const Change change = changeBy([&] {
-            open();
-            calls.clear();
-        });
-        EXPECT_EQ(change.after.windows, change.before.windows);
-        EXPECT_EQ(change.after.menus, change.before.menus);
-        EXPECT_EQ(change.after.icons, change.before.icons);
-        EXPECT_EQ(change.after.gdiObjects, change.before.gdiObjects);
-        EXPECT_EQ(change.after.handles, change.before.handles);
-        // Caches may take a block now and then; one per opening would be 300.
-        EXPECT_LE(change.heapBlocks(), bare.heapBlocks() + OPENINGS / 10)
-            << change.before << " / " << change.after;
+        tests::expectNothingLeft(*stage, templateIdentifier, open);
     }
-
-    win::ActivationContext context{GetModuleHandleW(nullptr)};
 };
 
 }  // namespace tests
