@@ -1,14 +1,13 @@
 #include "windows/controls/control_base.h"
 
-#include <commctrl.h>
 #include <windowsx.h>
+
+#include <memory>
 
 #include "windows/controls/window.h"
 
 namespace win {
 namespace {
-
-constexpr UINT_PTR SUBCLASS = 1;
 
 int modifiersNow() {
     int modifiers = 0;
@@ -37,30 +36,52 @@ int pressedButton(UINT message) {
 
 }  // namespace
 
+/// Stands in the place that every window keeps for its program, from the wrapper's making until the window
+/// goes. SetWindowSubclass would look up its own list twice for each message, which takes many times as long
+/// as a short message itself.
+struct ControlBase::Hook {
+    ControlBase* wrapper;
+    WNDPROC original;
+};
+
 ControlBase::ControlBase(Window& window, HWND handle, ui::Control& control)
     : dialog_(window), handle_(handle), control_(control) {
-    SetWindowSubclass(handle_, procedure, SUBCLASS, reinterpret_cast<DWORD_PTR>(this));
+    auto hook =
+        std::make_unique<Hook>(this, reinterpret_cast<WNDPROC>(GetWindowLongPtrW(handle_, GWLP_WNDPROC)));
+    SetWindowLongPtrW(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(hook.release()));
+    SetWindowLongPtrW(handle_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
 }
 
-ControlBase::~ControlBase() { detach(); }
-
-void ControlBase::detach() {
-    if (handle_ != nullptr) RemoveWindowSubclass(handle_, procedure, SUBCLASS);
-    handle_ = nullptr;
+ControlBase::~ControlBase() {
+    // The procedure stays until the window goes: others may have put theirs before it.
+    if (handle_ != nullptr) hookOf(handle_)->wrapper = nullptr;
 }
 
-LRESULT CALLBACK ControlBase::procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                        DWORD_PTR wrapper) noexcept {
-    try {
-        auto& base = *reinterpret_cast<ControlBase*>(wrapper);
-        if (message == WM_NCDESTROY)
-            base.detach();
-        else if (const auto answer = base.filter(message, wParam, lParam))
-            return *answer;
-    } catch (...) {
-        // A handler that fails has had its say; the control goes on with the message.
+ControlBase::Hook* ControlBase::hookOf(HWND handle) {
+    return reinterpret_cast<Hook*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
+}
+
+LRESULT CALLBACK ControlBase::procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    Hook* const hook = hookOf(handle);
+    if (hook == nullptr) return DefWindowProcW(handle, message, wParam, lParam);
+    const WNDPROC original = hook->original;  // the hook may go while the message is heard
+    if (message == WM_NCDESTROY) {
+        forget(handle);
+    } else if (hook->wrapper != nullptr) {
+        try {
+            if (const auto answer = hook->wrapper->filter(message, wParam, lParam)) return *answer;
+        } catch (...) {
+            // A handler that fails has had its say; the control goes on with the message.
+        }
     }
-    return DefSubclassProc(handle, message, wParam, lParam);
+    return CallWindowProcW(original, handle, message, wParam, lParam);
+}
+
+/// The window goes.
+void ControlBase::forget(HWND handle) {
+    const std::unique_ptr<Hook> hook(hookOf(handle));
+    SetWindowLongPtrW(handle, GWLP_USERDATA, 0);
+    if (hook->wrapper != nullptr) hook->wrapper->handle_ = nullptr;
 }
 
 std::optional<LRESULT> ControlBase::filter(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -103,6 +124,7 @@ std::wstring ControlBase::windowText() const {
 }
 
 void ControlBase::enable(bool enabled) {
+    if (enabled == isEnabled()) return;  // the system would tell the control all the same
     if (!enabled) leaveFocus();
     EnableWindow(handle_, enabled);
 }
@@ -133,6 +155,7 @@ ui::Rect ControlBase::place() const {
 }
 
 void ControlBase::placeAt(const ui::Rect& bounds) {
+    if (bounds == place()) return;  // the system would have it laid out again
     SetWindowPos(handle_, nullptr, bounds.left, bounds.top, bounds.width, bounds.height,
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }

@@ -77,14 +77,15 @@ protected:
     void setTip(const std::wstring& text);
 
 private:
-    static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam,
-                                      UINT_PTR identifier, DWORD_PTR wrapper) noexcept;
+    struct Hook;
+    [[nodiscard]] static Hook* hookOf(HWND handle);
+    static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    static void forget(HWND handle);
     [[nodiscard]] std::optional<LRESULT> filter(UINT message, WPARAM wParam, LPARAM lParam);
     [[nodiscard]] bool mouseDownTaken(int button, LPARAM lParam);
     [[nodiscard]] bool keyTaken(int key);
     void mouseMoved(WPARAM wParam, LPARAM lParam);
     void leaveFocus();
-    void detach();
 
     Window& dialog_;
     HWND handle_;
