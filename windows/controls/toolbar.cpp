@@ -53,12 +53,6 @@ Toolbar::Toolbar(Window& dialogWindow, HWND handle) : ControlOf(dialogWindow, ha
     send(TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
 }
 
-Toolbar::~Toolbar() {
-    if (window() == nullptr) return;
-    send(TB_SETIMAGELIST);
-    send(TB_SETDISABLEDIMAGELIST);
-}
-
 // --- Buttons ----------------------------------------------------------------------------------------------
 
 void Toolbar::setButtons(std::vector<ui::ToolbarButton> buttons) {

@@ -10,7 +10,6 @@ namespace win {
 class Toolbar : public ControlOf<ui::Toolbar> {
 public:
     Toolbar(Window& window, HWND handle);
-    ~Toolbar() override;
     void onButton(int index) override;
     std::optional<LRESULT> onNotify(NMHDR& notification) override;
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
