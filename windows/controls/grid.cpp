@@ -125,12 +125,8 @@ int Grid::addImage(int picture) {
     int width = 0;
     int height = 0;
     ImageList_GetIconSize(images_, &width, &height);
-    const auto icon = static_cast<HICON>(LoadImageW(dialog().screen().instance(), MAKEINTRESOURCEW(picture),
-                                                    IMAGE_ICON, width, height, LR_DEFAULTCOLOR));
-    if (icon == nullptr) return I_IMAGENONE;
-    const int index = ImageList_ReplaceIcon(images_, -1, icon);
-    DestroyIcon(icon);
-    return index;
+    const HICON icon = dialog().screen().icons().icon(picture, width, height);
+    return icon == nullptr ? I_IMAGENONE : ImageList_ReplaceIcon(images_, -1, icon);
 }
 
 /// Typing the start of a name leads to its row.

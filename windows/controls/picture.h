@@ -9,7 +9,6 @@ namespace win {
 class Picture : public ControlOf<ui::Picture> {
 public:
     Picture(Window& window, HWND handle);
-    ~Picture() override;
     void move(const ui::Rect& bounds) override;
 
 private:
@@ -17,7 +16,6 @@ private:
 
     /// The icon's number in the module; 0 where the template gives none.
     int resource_;
-    HICON icon_ = nullptr;
     ui::Size loaded_;
 };
 

@@ -45,18 +45,11 @@ Button::Button(Window& window, HWND handle) : ControlOf(window, handle), caption
     if ((style() & BS_ICON) != 0) loadIcon();
 }
 
-Button::~Button() {
-    // The window goes together with its wrapper, so nobody paints the icon any more.
-    if (icon_ != nullptr) DestroyIcon(icon_);
-}
-
 void Button::loadIcon() {
     // 16 pixels at 96 DPI, where a pixel has 15 twips.
     const int size = static_cast<int>(16 * 15 / dialog().screen().twipsPerPixelX() + 0.5);
-    icon_ =
-        static_cast<HICON>(LoadImageW(dialog().screen().instance(), MAKEINTRESOURCEW(GetDlgCtrlID(window())),
-                                      IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
-    send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon_));
+    const HICON icon = dialog().screen().icons().icon(GetDlgCtrlID(window()), size, size);
+    send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon));
 }
 
 void Button::onCommand(int code) {

@@ -15,7 +15,6 @@ using Line = ControlOf<ui::Line>;
 class Button : public ControlOf<ui::Button> {
 public:
     Button(Window& window, HWND handle);
-    ~Button() override;
     void onCommand(int code) override;
     [[nodiscard]] std::wstring text() const override { return caption_; }
     void setText(const std::wstring& text) override;
@@ -26,7 +25,6 @@ private:
     void loadIcon();
 
     std::wstring caption_;
-    HICON icon_ = nullptr;
 };
 
 class CheckBox : public ControlOf<ui::CheckBox> {

@@ -7,6 +7,7 @@
 
 #include "ui/window.h"
 #include "windows/controls/activation_context.h"
+#include "windows/controls/icon_cache.h"
 #include "windows/controls/image_list.h"
 
 namespace win {
@@ -70,6 +71,7 @@ public:
     /// The library of the rich-text editor, which stays loaded as long as the screen lives. Throws
     /// vexa::Error.
     void loadRichEdit();
+    [[nodiscard]] IconCache& icons() { return icons_; }
     [[nodiscard]] ToolbarImages& toolbarImages() { return toolbarImages_; }
     void add(Window& window) { windows_.push_back(&window); }
     void remove(Window& window);
@@ -86,6 +88,7 @@ private:
     HINSTANCE instance_;
     ActivationContext context_;
     HMODULE richEdit_ = nullptr;
+    IconCache icons_{instance_};
     ToolbarImages toolbarImages_{instance_};
     std::vector<Window*> windows_;
     std::vector<Modal*> modals_;

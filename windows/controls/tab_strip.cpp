@@ -2,12 +2,13 @@
 
 #include <commctrl.h>
 #include <uxtheme.h>
+#include <vssym32.h>
 
 #include "windows/controls/window.h"
 
 namespace win {
 
-TabStrip::~TabStrip() { forgetBody(); }
+TabStrip::~TabStrip() { forgetInside(); }
 
 std::optional<LRESULT> TabStrip::onNotify(NMHDR& notification) {
     if (notification.code != TCN_SELCHANGE) return std::nullopt;
@@ -16,7 +17,7 @@ std::optional<LRESULT> TabStrip::onNotify(NMHDR& notification) {
 }
 
 std::optional<LRESULT> TabStrip::onMessage(UINT message, WPARAM, LPARAM) {
-    if (message == WM_SIZE || message == WM_THEMECHANGED || message == WM_SYSCOLORCHANGE) forgetBody();
+    if (message == WM_THEMECHANGED || message == WM_SYSCOLORCHANGE) forgetInside();
     return std::nullopt;
 }
 
@@ -50,58 +51,62 @@ void TabStrip::setCurrent(int index) {
 // --- Background of the pages ------------------------------------------------------------------------------
 
 HBRUSH TabStrip::backgroundFor(HDC canvas, HWND control) {
-    RECT area{};
+    if (control == window() || inside() == nullptr) return nullptr;
+    const RECT area = insideArea();
     RECT place{};
-    RECT common{};
-    GetWindowRect(window(), &area);
     GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, dialog().window(), reinterpret_cast<POINT*>(&place), 2);
+    RECT common{};
     IntersectRect(&common, &area, &place);
-    if (!hasBody() || control == window() || !EqualRect(&common, &place)) return nullptr;
+    if (!EqualRect(&common, &place)) return nullptr;
     SetBkMode(canvas, TRANSPARENT);
-    SetBrushOrgEx(canvas, area.left - place.left, area.top - place.top, nullptr);
-    return brush_;
+    return inside();
 }
 
 bool TabStrip::paintBackground(HDC canvas) {
-    if (!hasBody()) return false;
+    if (inside() == nullptr) return false;
     RECT dialogArea{};
     GetClientRect(dialog().window(), &dialogArea);
     FillRect(canvas, &dialogArea, GetSysColorBrush(COLOR_BTNFACE));
-    const ui::Rect area = place();
-    const HDC memory = CreateCompatibleDC(canvas);
-    const HGDIOBJ before = SelectObject(memory, body_);
-    BitBlt(canvas, area.left, area.top, area.width, area.height, memory, 0, 0, SRCCOPY);
-    SelectObject(memory, before);
-    DeleteDC(memory);
+    const RECT area = insideArea();
+    FillRect(canvas, &area, inside());
     return true;
 }
 
-bool TabStrip::hasBody() {
-    if (!IsAppThemed()) return false;
-    if (body_ == nullptr) paintBody();
-    return body_ != nullptr;
-}
-
-void TabStrip::paintBody() {
+/// The pane without its border, in the dialog's coordinates.
+RECT TabStrip::insideArea() const {
     RECT area{};
     GetClientRect(window(), &area);
-    const HDC screen = GetDC(window());
-    const HDC memory = CreateCompatibleDC(screen);
-    body_ = CreateCompatibleBitmap(screen, area.right, area.bottom);
-    const HGDIOBJ before = SelectObject(memory, body_);
-    FillRect(memory, &area, GetSysColorBrush(COLOR_BTNFACE));
-    send(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(memory), PRF_CLIENT | PRF_ERASEBKGND);
-    SelectObject(memory, before);
-    brush_ = CreatePatternBrush(body_);
-    DeleteDC(memory);
-    ReleaseDC(window(), screen);
+    send(TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&area));
+    MapWindowPoints(window(), dialog().window(), reinterpret_cast<POINT*>(&area), 2);
+    return area;
 }
 
-void TabStrip::forgetBody() {
-    if (brush_ != nullptr) DeleteObject(brush_);
-    if (body_ != nullptr) DeleteObject(body_);
-    brush_ = nullptr;
-    body_ = nullptr;
+HBRUSH TabStrip::inside() {
+    if (inside_ != nullptr || !IsAppThemed()) return inside_;
+    const HTHEME theme = OpenThemeData(window(), VSCLASS_TAB);
+    if (theme == nullptr) return nullptr;
+    // Themes fill the pane with one colour; a small one, painted aside, shows which.
+    const RECT sample{0, 0, 32, 32};
+    const HDC screen = GetDC(window());
+    const HDC memory = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, sample.right, sample.bottom);
+    const HGDIOBJ before = SelectObject(memory, bitmap);
+    FillRect(memory, &sample, GetSysColorBrush(COLOR_BTNFACE));
+    DrawThemeBackground(theme, memory, TABP_PANE, 0, &sample, nullptr);
+    const COLORREF colour = GetPixel(memory, sample.right / 2, sample.bottom / 2);
+    if (colour != CLR_INVALID) inside_ = CreateSolidBrush(colour);
+    SelectObject(memory, before);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    ReleaseDC(window(), screen);
+    CloseThemeData(theme);
+    return inside_;
+}
+
+void TabStrip::forgetInside() {
+    if (inside_ != nullptr) DeleteObject(inside_);
+    inside_ = nullptr;
 }
 
 }  // namespace win

@@ -13,7 +13,7 @@ public:
     std::optional<LRESULT> onNotify(NMHDR& notification) override;
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     HBRUSH backgroundFor(HDC canvas, HWND control) override;
-    /// Frames fill themselves with the dialog's background, so the body is part of it.
+    /// Frames fill themselves with the dialog's background, so the inside of the pages is part of it.
     bool paintBackground(HDC canvas) override;
 
     void addTab(const std::wstring& caption) override;
@@ -23,14 +23,12 @@ public:
     void setCurrent(int index) override;
 
 private:
-    /// False without themes, where the pages look like the dialog.
-    [[nodiscard]] bool hasBody();
-    void paintBody();
-    void forgetBody();
+    /// The inside of the pages as the theme paints it; null without themes, where they look like the dialog.
+    [[nodiscard]] HBRUSH inside();
+    [[nodiscard]] RECT insideArea() const;
+    void forgetInside();
 
-    /// The strip and its body as the theme paints them, to be laid behind the controls of the pages.
-    HBITMAP body_ = nullptr;
-    HBRUSH brush_ = nullptr;
+    HBRUSH inside_ = nullptr;
 };
 
 }  // namespace win
