@@ -8,20 +8,6 @@ const std::wstring& rootKey() {
     return key;
 }
 
-/// Throws Error where the value is no number.
-std::int32_t asInteger(const Value& value, Conversions& conversions) {
-    if (const auto* number = std::get_if<std::int32_t>(&value)) return *number;
-    if (const auto* text = std::get_if<std::wstring>(&value)) return conversions.toInteger(*text);
-    throw Error(L"Type mismatch");
-}
-
-/// Throws Error where the value is neither text nor number.
-std::wstring asText(const Value& value) {
-    if (const auto* text = std::get_if<std::wstring>(&value)) return *text;
-    if (const auto* number = std::get_if<std::int32_t>(&value)) return std::to_wstring(*number);
-    throw Error(L"Type mismatch");
-}
-
 }  // namespace
 
 Application::Application(Platform ports, ui::Screen& uiScreen)
@@ -29,6 +15,15 @@ Application::Application(Platform ports, ui::Screen& uiScreen)
       screen(uiScreen),
       registry(platform.registry, platform.ansi, platform.conversions),
       log(platform, registry, settings) {}
+
+ProcessMemory Application::remember() const { return {settings, flags, bBaseDirChanged, log.started()}; }
+
+void Application::recall(const ProcessMemory& memory) {
+    settings = memory.settings;
+    flags = memory.flags;
+    bBaseDirChanged = memory.bBaseDirChanged;
+    log.setStarted(memory.logStarted);
+}
 
 void Application::logCurrentError(const wchar_t* name, const wchar_t* procedure) noexcept {
     try {

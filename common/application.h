@@ -21,9 +21,20 @@ struct ChangeFlags {
     bool operator==(const ChangeFlags&) const = default;
 };
 
+/// What a process knows of the program while everything else has been let go.
+struct ProcessMemory {
+    Settings settings;
+    ChangeFlags flags;
+    bool bBaseDirChanged = false;
+    bool logStarted = false;
+};
+
 class Application {
 public:
     Application(Platform ports, ui::Screen& uiScreen);
+
+    [[nodiscard]] ProcessMemory remember() const;
+    void recall(const ProcessMemory& memory);
 
     Platform platform;
     ui::Screen& screen;

@@ -22,13 +22,16 @@ public:
     /// A failure ends the call quietly; the next call tries again.
     void WriteLogLine(const std::wstring& text) noexcept;
 
+    /// This process has written its first line.
+    [[nodiscard]] bool started() const noexcept { return started_; }
+    void setStarted(bool started) noexcept { started_ = started; }
+
 private:
     void append(const std::wstring& text);
 
     Platform& platform_;
     modRegistry& registry_;
     const Settings& settings_;
-    /// This process has written its first line.
     bool started_ = false;
 };
 

@@ -36,6 +36,15 @@ private:
     bool opened_ = false;
 };
 
+/// Reads `size` bytes; false where the query fails.
+bool query(RegistryApi& api, RegistryApi::Key key, const std::string& name, std::uint8_t* data,
+           std::uint32_t size) {
+    std::uint32_t type = 0;
+    return api.queryValue(key, name, type, data, size) == SUCCESS;
+}
+
+}  // namespace
+
 std::int32_t asInteger(const Value& value, Conversions& conversions) {
     if (const auto* number = std::get_if<std::int32_t>(&value)) return *number;
     if (const auto* text = std::get_if<std::wstring>(&value)) return conversions.toInteger(*text);
@@ -47,15 +56,6 @@ std::wstring asText(const Value& value) {
     if (const auto* number = std::get_if<std::int32_t>(&value)) return std::to_wstring(*number);
     throw Error(L"Type mismatch");
 }
-
-/// Reads `size` bytes; false where the query fails.
-bool query(RegistryApi& api, RegistryApi::Key key, const std::string& name, std::uint8_t* data,
-           std::uint32_t size) {
-    std::uint32_t type = 0;
-    return api.queryValue(key, name, type, data, size) == SUCCESS;
-}
-
-}  // namespace
 
 Value modRegistry::RegistryRead(RegistryApi::Key hive, const std::wstring& keyPath, const std::wstring& name,
                                 const Value& defaultValue) noexcept try {
@@ -91,7 +91,11 @@ Value modRegistry::RegistryRead(RegistryApi::Key hive, const std::wstring& keyPa
     }
     return defaultValue;
 } catch (...) {
-    return defaultValue;
+    try {
+        return defaultValue;
+    } catch (...) {
+        return {};  // no memory even for the default
+    }
 }
 
 void modRegistry::RegistryWrite(RegistryApi::Key hive, const std::wstring& keyPath, const std::wstring& name,

@@ -12,6 +12,11 @@ constexpr RegistryApi::Key HKEY_CURRENT_USER_HIVE = 0x80000001;
 /// Registry type codes.
 enum class ValueType : std::uint32_t { text = 1, binary = 3, integer = 4 };
 
+/// As the system's automation converts. Throws Error where the value is no number.
+[[nodiscard]] std::int32_t asInteger(const Value& value, Conversions& conversions);
+/// Throws Error where the value is neither text nor number.
+[[nodiscard]] std::wstring asText(const Value& value);
+
 class modRegistry {
 public:
     modRegistry(RegistryApi& api, AnsiCodec& ansi, Conversions& conversions)

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "common/knowledgebase_names.h"
+#include "common/raised.h"
 #include "kb/frmKBConfiguration.h"
 #include "kb/frmKnowledgeBase.h"
 #include "page/ctlPPE.ids.h"
@@ -19,6 +20,8 @@ namespace {
 constexpr int MOST_CONNECTION_ATTEMPTS = 100;
 constexpr int CONNECTION_PAUSE = 100;  // milliseconds
 constexpr int POLL_INTERVAL = 250;     // milliseconds
+// A wizard rule that reads more names than this takes so long that the polls after it leave it out.
+constexpr int NAMES_PER_POLL = 5000;
 
 // Codes by which the add-in switches the wizard button.
 constexpr int WIZARD_ON = 20;
@@ -170,7 +173,8 @@ std::wstring ctlPPE::name() noexcept {
     std::wstring displayName;
     // A container that fails to tell the control's name is as good as one that gives none.
     attempt([&] { displayName = site_.displayName(); });
-    return displayName.empty() ? L"ctlPPE" : displayName;
+    if (displayName.empty()) displayName = L"ctlPPE";
+    return displayName;
 }
 
 void ctlPPE::trace(const std::wstring& text) { application_.WriteLogLine(name() + text); }
@@ -187,15 +191,17 @@ void ctlPPE::apply() {
     failure.watch(
         [&] { trace(L", PropertyPage_Apply: " + std::to_wstring(settings.ProjectCount) + L" projects."); });
     for (const Setting* setting : applyOrder()) failure.watch([&] { application_.store(*setting); });
-    if (application_.addIn && application_.flags.defaultKnowledgebaseChanged)
-        failure.watch([&] { application_.addIn->SetDefaultKnowledgebase(settings.DefaultProject); });
-    if (application_.addIn && application_.flags.shortcutChanged)
-        failure.watch([&] { application_.addIn->SetFindShortcut(settings.FindShortcut); });
+    // A call may let events run in which another page connects anew.
+    const std::shared_ptr<AddIn> addIn = application_.addIn;
+    if (addIn && application_.flags.defaultKnowledgebaseChanged)
+        failure.watch([&] { addIn->SetDefaultKnowledgebase(settings.DefaultProject); });
+    if (addIn && application_.flags.shortcutChanged)
+        failure.watch([&] { addIn->SetFindShortcut(settings.FindShortcut); });
     Changed_ = false;
     application_.flags = {};
     if (settings.LoggingInformation != loggingAtLoad_) {
         loggingAtLoad_ = settings.LoggingInformation;
-        if (application_.addIn) failure.watch([&] { application_.addIn->SetLogging(loggingAtLoad_); });
+        if (addIn) failure.watch([&] { addIn->SetLogging(loggingAtLoad_); });
     }
     failure.rethrow();
 }
@@ -272,17 +278,28 @@ void ctlPPE::cmdWizard_GotFocus() {
 void ctlPPE::setButtons() {
     for (ui::Button* button : {&cmdKnowledgeBase, &cmdSettings, &cmdAttachments, &cmdDispMatches})
         button->setEnabled(true);
-    enableWizardByRule();
+    if (pollsWithoutRule_ > 0)
+        --pollsWithoutRule_;
+    else
+        enableWizardByRule();
 }
 
-void ctlPPE::enableWizardByRule() { cmdWizard.setEnabled(wizardAllowed(application_)); }
+void ctlPPE::enableWizardByRule() {
+    const WizardAnswer answer = askWizardRule(application_);
+    cmdWizard.setEnabled(answer.allowed);
+    pollsWithoutRule_ = answer.knowledgebases / NAMES_PER_POLL;
+}
 
 void ctlPPE::tmrChkSearching_Timer() {
     bool searching = false;
     // An add-in that has gone away does not search: the buttons come back.
-    attempt([&] { searching = application_.addIn && application_.addIn->IsSearching(); });
+    attempt([&] {
+        const std::shared_ptr<AddIn> addIn = application_.addIn;
+        searching = addIn && addIn->IsSearching();
+    });
     attempt([&] {
         if (!searching) return setButtons();
+        pollsWithoutRule_ = 0;
         for (ui::Button* button :
              {&cmdKnowledgeBase, &cmdWizard, &cmdSettings, &cmdAttachments, &cmdDispMatches})
             button->setEnabled(false);
@@ -302,6 +319,9 @@ void ctlPPE::cmdMsg_MouseMove(const ui::MouseEvent& event) {
         if (event.x == WIZARD_ON) cmdWizard.setEnabled(true);
         if (event.x == WIZARD_OFF) cmdWizard.setEnabled(false);
         trace(L", cmdMsg_MouseMove.");
+        // Moves that wait already are handled by the first one's pending events, not one inside the other.
+        if (lettingEventsRun_) return;
+        const Raised letting(lettingEventsRun_);
         application_.DoEvents();
     });
 }
@@ -333,8 +353,8 @@ void ctlPPE::passOn(bool flag, const std::wstring& knowledgebase, KBAction actio
     } else if (action == KBAction::wizard) {
         std::int32_t zero = 0;
         desktop.sendMessage(searchWindow(), MESSAGE_START_WIZARD, 0, reinterpret_cast<std::intptr_t>(&zero));
-    } else if (application_.addIn) {
-        notifyAddIn(*application_.addIn, knowledgebase, action);
+    } else if (const std::shared_ptr<AddIn> addIn = application_.addIn) {
+        notifyAddIn(*addIn, knowledgebase, action);
     }
 }
 

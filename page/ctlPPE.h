@@ -108,6 +108,8 @@ private:
     bool IsLoading_ = false;
     bool loggingAtLoad_ = false;
     int connectionAttempts_ = 0;
+    int pollsWithoutRule_ = 0;
+    bool lettingEventsRun_ = false;
 };
 
 }  // namespace vexa

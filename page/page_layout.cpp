@@ -9,7 +9,7 @@ namespace vexa {
 namespace {
 
 constexpr int MARGIN = 120;  // twips: left edge of the labels, and the gap at the right edge
-constexpr int TEXT_HEIGHT = 225;
+constexpr int TEXT_HEIGHT = 210;
 constexpr int LINE_HEIGHT = 30;
 constexpr int PICTURE = 480;
 constexpr int BUTTON_WIDTH = 1800;
@@ -18,9 +18,10 @@ constexpr int GAP = 60;
 
 // From a row's top: its caption, its description, then picture and button side by side.
 constexpr int CAPTION_TOP = GAP;
-constexpr int DESCRIPTION_TOP = CAPTION_TOP + TEXT_HEIGHT + GAP / 2;
-constexpr int PICTURE_TOP = DESCRIPTION_TOP + TEXT_HEIGHT + GAP;
-constexpr int ROW_HEIGHT = PICTURE_TOP + PICTURE + GAP;
+constexpr int DESCRIPTION_TOP = CAPTION_TOP + TEXT_HEIGHT + GAP / 4;
+constexpr int PICTURE_TOP = DESCRIPTION_TOP + TEXT_HEIGHT + GAP / 2;
+// Five of these fit the page of a classic property sheet, 218 dialog units or some 354 pixels at 96 DPI.
+constexpr int ROW_HEIGHT = PICTURE_TOP + PICTURE + GAP / 2;
 constexpr int MOST_ROW_HEIGHT = ROW_HEIGHT + 300;
 
 /// Twips to pixels, rounded.

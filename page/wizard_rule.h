@@ -5,8 +5,14 @@
 
 namespace vexa {
 
-/// True only while the add-in is idle, no command is being processed, and no knowledgebase has a file with
-/// content yet. Throws Error where the add-in or the file system fails.
-[[nodiscard]] bool wizardAllowed(Application& application);
+struct WizardAnswer {
+    bool allowed = false;
+    /// Knowledgebases whose names were read to come to a yes, which is what the rule's time goes to.
+    std::int32_t knowledgebases = 0;
+};
+
+/// A yes only while the add-in is idle, no command is being processed, and no knowledgebase has a file with
+/// content yet. Throws Error where the file system fails.
+[[nodiscard]] WizardAnswer askWizardRule(Application& application);
 
 }  // namespace vexa

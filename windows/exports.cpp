@@ -24,7 +24,11 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** out) {
     });
 }
 
-STDAPI DllCanUnloadNow() { return com::ModuleReference::none() && com::Runtime::shutDown() ? S_OK : S_FALSE; }
+STDAPI DllCanUnloadNow() {
+    using com::ModuleReference;
+    // Letting go of the add-in may run foreign code, which may make a page.
+    return ModuleReference::none() && com::Runtime::shutDown() && ModuleReference::none() ? S_OK : S_FALSE;
+}
 
 STDAPI DllRegisterServer() { return com::registerClass(HKEY_LOCAL_MACHINE); }
 

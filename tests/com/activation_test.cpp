@@ -363,6 +363,19 @@ TEST_F(Activation, OutlivesItsContainersWindow) {
     end();
 }
 
+// An activation that ends half-way is taken back at the container.
+TEST_F(Activation, TellsTheContainerOfAnActivationThatFails) {
+    createWithSite();
+    container.moveTo(nullptr);
+    container.acceptAnything();
+    container.forget();
+    EXPECT_TRUE(
+        FAILED(as<IOleObject>()->DoVerb(OLEIVERB_SHOW, nullptr, container.site(), 0, nullptr, nullptr)));
+    EXPECT_EQ(container.count("OnInPlaceActivateEx") + container.count("OnInPlaceActivate"), 1);
+    EXPECT_EQ(container.count("OnInPlaceDeactivate"), 1);
+    container.moveTo(window);
+}
+
 // Statement 30: the host takes everything away while a dialog of the page is open.
 class EndDuringDialog : public Activation {
 protected:

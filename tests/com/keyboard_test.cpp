@@ -125,6 +125,19 @@ TEST_F(Keyboard, AnAccessKeyOfADisabledButtonDoesNothing) {
     EXPECT_FALSE(registry.get(L"Software\\Norvane\\Quillmark\\", L"ProjectEvent").has_value());
 }
 
+// A page's dialog disables its root; a container that is dead to the user disables the page's frame.
+TEST_F(Keyboard, AnAccessKeyDoesNothingWhileAnAncestorIsDisabled) {
+    MSG pressed{};
+    pressed.message = WM_SYSCHAR;
+    pressed.wParam = L'W';
+    for (const HWND ancestor : {window, frame()}) {
+        EnableWindow(ancestor, FALSE);
+        ASSERT_EQ(as<IOleControl>()->OnMnemonic(&pressed), S_OK);
+        EnableWindow(ancestor, TRUE);
+    }
+    EXPECT_FALSE(registry.get(L"Software\\Norvane\\Quillmark\\", L"ProjectEvent").has_value());
+}
+
 // Statement 33: the page uses Tab and the arrows, and leaves everything else to the container.
 TEST_F(Keyboard, TabMovesThroughThePageAndLeavesItAtTheEnd) {
     container.answers["TranslateAccelerator"] = S_FALSE;

@@ -179,8 +179,21 @@ TEST_F(Shortage, EveryMethodThatAllocatesSaysThatMemoryIsOut) {
         return as<IOleControl>()->GetControlInfo(&information);
     });
     starve("put_BackColor", [&] { return page->put_BackColor(3); });
-    starve("Apply", [&] { return page->Apply(); });
     starve("Close", [&] { return object->Close(OLECLOSE_NOSAVE); });
+}
+
+// The host gets success from Apply whatever happens inside; no shortage may end the process.
+TEST_F(Shortage, ApplyWithMemoryOutAtAnyAllocationComesToItsEnd) {
+    container.ambients[DISPID_AMBIENT_DISPLAYNAME].vt = VT_BSTR;
+    container.ambients[DISPID_AMBIENT_DISPLAYNAME].bstrVal = SysAllocString(L"a name that needs memory");
+    as<IOleObject>()->SetClientSite(container.site());
+    const auto page = as<IctlPPE>();
+    for (long allocations = 0; allocations < 300; ++allocations) {
+        allocationsLeft = allocations;
+        const HRESULT result = page->Apply();
+        allocationsLeft = -1;
+        ASSERT_EQ(result, S_OK) << "allocation " << allocations;
+    }
 }
 
 TEST_F(Shortage, AnAdviseSaysThatMemoryIsOut) {

@@ -4,6 +4,7 @@
 
 #include "tests/com/control_test.h"
 #include "tests/windows/stage/messages.h"
+#include "tests/windows/stage/scratch_folder.h"
 
 namespace tests {
 namespace {
@@ -71,6 +72,12 @@ private:
 };
 
 using Server = ControlTest;
+
+int occurrences(const std::string& text, const std::string& part) {
+    int count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+    return count;
+}
 
 // --- Class object -----------------------------------------------------------------------------------------
 
@@ -162,6 +169,23 @@ TEST_F(Server, IsCreatedUnloadedAndCreatedAgainByCom) {
         CoFreeUnusedLibrariesEx(0, 0);
     }
     EXPECT_EQ(library.unregisterServer(), S_OK);
+}
+
+// The log of a process begins once, and the settings that were not applied stay, even where the library was
+// free to go between two pages.
+TEST_F(Server, RemembersTheProcessBetweenTwoPages) {
+    const std::wstring root = L"Software\\Norvane\\Quillmark";
+    const ScratchFolder folder;
+    registry.put(root, L"AppVer", L"3.1.4");
+    registry.put(root + L"\\", L"LogPath", folder.path() + L"\\");
+    for (int round = 0; round < 2; ++round) {
+        create();
+        end();
+        ASSERT_EQ(library.canUnloadNow(), S_OK);
+    }
+    const std::string log = ScratchFolder::read(folder.path() + L"\\VexaPPE.log").value_or("");
+    EXPECT_EQ(occurrences(log, "3.1.4"), 1);
+    EXPECT_EQ(occurrences(log, "initialized."), 2);
 }
 
 // --- Registration -----------------------------------------------------------------------------------------

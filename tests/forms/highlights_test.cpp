@@ -1,6 +1,7 @@
 // The highlight settings dialog.
 #include "page/ctlPPE.h"
 #include "settings/frmDispMatches.h"
+#include "settings/frmDispMatches.ids.h"
 #include "tests/forms/form_test.h"
 #include "tests/support/text.h"
 
@@ -48,6 +49,7 @@ TEST_F(Highlights, TheDefaultsPaintTheSwatchesInTheirSevenColours) {
 TEST_F(Highlights, CaptionsAreTheDialogsOwn) {
     open([&](frmDispMatches& form) {
         EXPECT_EQ(form.window().caption(), L"Highlights");
+        EXPECT_EQ(form.window().control<ui::Frame>(IDC_fraPenalties).text(), L"Highlights");
         EXPECT_EQ(hotspots(form).text(), L"&Hotspots");
         EXPECT_EQ(textMarks(form).text(), L"Text &Marks");
         EXPECT_EQ(form.lblHotspotColor.text(), L"Select Color:");

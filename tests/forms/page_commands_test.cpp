@@ -1,5 +1,6 @@
 // The page's buttons, the message button, the poll, the wizard rule and the knowledgebase events.
 #include "common/knowledgebase_names.h"
+#include "kb/frmKBConfiguration.h"
 #include "settings/frmDispMatches.h"
 #include "tests/forms/page_test_base.h"
 
@@ -85,12 +86,15 @@ TEST_F(PageCommands, TheFlagOfAnEditEventBecomesTheMessagesLParam) {
 
 TEST_F(PageCommands, UnknownEventCodesAreWrittenAndDoNothingElse) {
     for (const std::int32_t code : {7, -1, 1000}) {
+        calls.clear();
         raise(code);
         EXPECT_EQ(integer(PROFILE, L"ProjectEvent"), code);
         EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"Mail");
+        EXPECT_THAT(calls.linesWith("registry set"), SizeIs(2));
+        EXPECT_THAT(calls.linesWith("registry delete"), IsEmpty());
+        EXPECT_THAT(calls.linesWith("addin"), IsEmpty());
+        EXPECT_THAT(calls.linesWith("message"), IsEmpty());
     }
-    EXPECT_THAT(calls.linesWith("addin"), IsEmpty());
-    EXPECT_THAT(calls.linesWith("message"), IsEmpty());
 }
 
 TEST_F(PageCommands, ARenameWithoutAnOldNameTellsTheEmptyName) {
@@ -200,6 +204,27 @@ TEST_F(PageCommands, ABrokenCountOfTwoThousandMillionIsHeldAtAHundredThousand) {
     EXPECT_EQ(vexa::knowledgebaseCount(application), 100'000);
 }
 
+// The rule reads every name, and a poll comes each quarter of a second: a long list must not take all of the
+// host's time.
+TEST_F(PageCommands, ALongListWithoutContentIsNotReadAtEveryPoll) {
+    stage->setValue(PROFILE, L"ProjectCount", 10'000);
+    const auto readsOfOnePoll = [&] {
+        calls.clear();
+        user.wait(250);
+        return calls.linesWith("registry query").size();
+    };
+    EXPECT_GT(readsOfOnePoll(), 9'999U);
+    EXPECT_THAT(calls.linesWith("files size"), SizeIs(testing::Le(2))) << "missing names are one name";
+    EXPECT_EQ(readsOfOnePoll(), 0U);
+    EXPECT_EQ(readsOfOnePoll(), 0U);
+    EXPECT_GT(readsOfOnePoll(), 9'999U);
+    stage->addIn().searching = true;
+    user.wait(250);
+    stage->addIn().searching = false;
+    EXPECT_GT(readsOfOnePoll(), 9'999U) << "the wizard comes back with the other buttons";
+    EXPECT_EQ(buttonStates(), allOn);
+}
+
 // --- The message button -----------------------------------------------------------------------------------
 
 TEST_F(PageCommands, KeyTwentyEnablesTheWizardAndTwentyOneDisablesIt) {
@@ -224,6 +249,16 @@ TEST_F(PageCommands, AMouseMoveAtTwentyEnablesTheWizardAndAtTwentyOneDisablesIt)
     EXPECT_THAT(calls.linesWith("doevents"), SizeIs(3));
 }
 
+TEST_F(PageCommands, MovesThatComeWhileEventsRunAreNotHandledOneInsideTheOther) {
+    calls.during("doevents", [&] { user.moveMouse(page->cmdMsg, 21, 0); });
+    user.moveMouse(page->cmdMsg, 1, 0);
+    EXPECT_FALSE(page->cmdWizard.enabled());
+    EXPECT_THAT(calls.linesWith("doevents"), SizeIs(1));
+    EXPECT_THAT(log(), testing::IsSupersetOf({"ctlPPE, cmdMsg_MouseMove.", "ctlPPE, cmdMsg_MouseMove."}));
+    user.moveMouse(page->cmdMsg, 20, 0);
+    EXPECT_THAT(calls.linesWith("doevents"), SizeIs(2));
+}
+
 // --- Poll -------------------------------------------------------------------------------------------------
 
 TEST_F(PageCommands, WhileTheAddInSearchesAllButtonsAreDisabledWithinAQuarterSecondAndComeBack) {
@@ -239,7 +274,7 @@ TEST_F(PageCommands, WhileTheAddInSearchesAllButtonsAreDisabledWithinAQuarterSec
 TEST_F(PageCommands, AnAddInThatGoesAwayWhileSearchingGivesTheButtonsBack) {
     stage->addIn().searching = true;
     user.wait(260);
-    calls.failCallsWith("addin IsSearching");
+    calls.failCallsWith("addin");
     user.wait(260);
     EXPECT_EQ(buttonStates(), allOn);
 }
@@ -255,6 +290,47 @@ TEST_F(PageCommands, DisabledButtonsTakeNoClick) {
 }
 
 // --- Buttons ----------------------------------------------------------------------------------------------
+
+TEST_F(PageCommands, TheKnowledgebaseButtonLogsShowsAndAsksTheWizardRuleAfterwards) {
+    std::vector<std::string> logWhenShown;
+    stage->whenShown<vexa::frmKBConfiguration>([&](vexa::frmKBConfiguration& form) {
+        logWhenShown = log();
+        addKnowledgebase(*stage);
+        stage->writeFile(stage->folder() + L"kb\\Mail.dct", "x");
+        calls.clear();
+        form.window().close();
+    });
+    user.click(page->cmdKnowledgeBase);
+    EXPECT_THAT(logWhenShown, Contains("ctlPPE, showing kb configuration dialog."));
+    EXPECT_FALSE(page->cmdWizard.enabled());
+    EXPECT_EQ(calls.lines().back(), "doevents");
+}
+
+/// A dialog's button, and the line that the log gets where the dialog cannot be made.
+struct FailingButton {
+    ui::Button& (*button)(vexa::ctlPPE& page);
+    const char* procedure;
+};
+
+class PageButtonFaults : public PageCommands, public testing::WithParamInterface<FailingButton> {};
+
+TEST_P(PageButtonFaults, ADialogThatFailsIsLoggedUnderItsButton) {
+    stage->whenShown(Script([](ui::Form& form) { form.window().close(); }));
+    calls.failCallsWith("site OnStatusChange");
+    application.flags.dialogChanged = true;
+    user.click(GetParam().button(*page));
+    EXPECT_THAT(log(), Contains("ctlPPE, Error " + std::string(GetParam().procedure) + ": The host failed"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Buttons, PageButtonFaults,
+    testing::Values(FailingButton{[](vexa::ctlPPE& page) -> ui::Button& { return page.cmdAttachments; },
+                                  "cmdAttachments_Click"},
+                    FailingButton{[](vexa::ctlPPE& page) -> ui::Button& { return page.cmdDispMatches; },
+                                  "cmdDispMatches_Click"},
+                    FailingButton{[](vexa::ctlPPE& page) -> ui::Button& { return page.cmdKnowledgeBase; },
+                                  "cmdKnowledgeBase_Click"}),
+    [](const auto& one) { return std::string(one.param.procedure); });
 
 TEST_F(PageCommands, ADialogThatChangedNothingLeavesThePageClean) {
     stage->whenShown<vexa::frmDispMatches>([&](vexa::frmDispMatches& form) { user.click(form.cmdOk); });

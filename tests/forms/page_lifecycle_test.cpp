@@ -217,6 +217,49 @@ TEST_F(PageLifeCycle, ASecondPageInTheSameProcessStartsAfreshButSharesTheRecord)
         << "one log per process";
 }
 
+TEST_F(PageLifeCycle, TwoPageStartsInOneProcessWriteOneVersionLine) {
+    stage->setValue(ROOT, L"AppVer", L"3.1.4");
+    start();
+    end();
+    start();
+    EXPECT_THAT(log(),
+                ElementsAre("3.1.4", "Trials to get OlAddIn: 1.", "ctlPPE, initialized.",
+                            "ctlPPE, terminated.", "Trials to get OlAddIn: 1.", "ctlPPE, initialized."));
+}
+
+// As where the library lets everything go between two pages, but stays loaded.
+TEST_F(PageLifeCycle, WhatTheProcessRemembersGoesOnInANewApplication) {
+    stage->setValue(ROOT, L"AppVer", L"3.1.4");
+    start();
+    application.settings.MaxEntries = 77;
+    application.flags.shortcutChanged = true;
+    application.bBaseDirChanged = true;
+    end();
+    vexa::Application next(application.platform, application.screen);
+    next.recall(application.remember());
+    EXPECT_EQ(next.settings, application.settings);
+    EXPECT_EQ(next.flags, application.flags);
+    EXPECT_TRUE(next.bBaseDirChanged);
+    const std::vector<std::string> before = log();
+    next.log.LogPath = application.log.LogPath;
+    next.WriteLogLine(L"more");
+    std::vector<std::string> expected = before;
+    expected.push_back("more");
+    EXPECT_EQ(log(), expected) << "the log goes on, without a second version line";
+}
+
+TEST_F(PageLifeCycle, TheMissingAddInIsReportedBeforeTheSettingsAreRead) {
+    stage->setAddInRunning(false);
+    start();
+    const auto& lines = calls.lines();
+    const auto box = std::ranges::find(lines, "screen message Failed to get AddIn.");
+    const auto read =
+        std::ranges::find_if(lines, [](const std::string& line) { return line.starts_with("registry"); });
+    ASSERT_NE(box, lines.end());
+    ASSERT_NE(read, lines.end());
+    EXPECT_LT(box, read);
+}
+
 TEST_F(PageLifeCycle, TwoPagesAliveAtOnceDoNotDisturbEachOther) {
     start();
     FakePageSite otherSite{calls};
@@ -269,6 +312,17 @@ TEST_F(PageLifeCycle, EveryRowKeepsItsDistanceFromTheEdgesAtAnyWidth) {
             previousBottom = picture.top + picture.height;
         }
     }
+}
+
+// The page of a classic property sheet has 218 dialog units, some 354 pixels at 96 DPI.
+TEST_F(PageLifeCycle, AllRowsFitThePageOfAClassicPropertySheet) {
+    create();
+    const int height = static_cast<int>(354 * 15 / application.screen.twipsPerPixelY());
+    user.resize(page->window(), {400, height});
+    for (const ui::Control* control :
+         {static_cast<ui::Control*>(&page->cmdWizard),
+          static_cast<ui::Control*>(&page->window().control<ui::Picture>(IDC_picWizard))})
+        EXPECT_LE(control->bounds().top + control->bounds().height, height);
 }
 
 TEST_F(PageLifeCycle, APageWithoutAnyRoomKeepsItsRowsAndDoesNotFail) {

@@ -74,6 +74,18 @@ TEST_F(SettingsFromPage, TheLoggingSwitchReachesTheAddInOnApply) {
     EXPECT_EQ(integer(ROOT, L"LoggingInformation"), 0);
 }
 
+TEST_F(SettingsFromPage, LoggingSwitchedOffAndOnAgainBeforeApplyReachesNobody) {
+    for (int round = 0; round < 2; ++round) {
+        stage->whenShown<frmSettings>([&](frmSettings& form) {
+            user.click(form.chkLoggingInformation);
+            user.click(form.cmdOk);
+        });
+        user.click(page->cmdSettings);
+    }
+    page->PropertyPage_Apply();
+    EXPECT_THAT(calls.linesWith("addin SetLogging"), IsEmpty());
+}
+
 TEST_F(SettingsFromPage, TheAttachmentDialogWritesAtOnceAndLeavesThePageClean) {
     stage->whenShown<frmAttachment>([&](frmAttachment& form) {
         user.click(form.chkFindAtt);

@@ -39,6 +39,22 @@ TEST_F(DesktopTest, ThePointerTakesItsShapes) {
     }
 }
 
+// The system asks the window for a pointer at each move of the mouse.
+TEST_F(DesktopTest, ThePointerKeepsItsShapeWhileTheMouseMoves) {
+    const auto moveMouse = [&] {
+        const HWND window = reinterpret_cast<HWND>(page->handle());
+        SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+        SendMessageW(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window),
+                     MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    };
+    desktop.setPointer(vexa::PointerShape::hourglass);
+    moveMouse();
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
+    desktop.setPointer(vexa::PointerShape::standard);
+    moveMouse();
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
+}
+
 TEST_F(DesktopTest, PendingInputRuns) {
     auto& button = page->control<ui::Button>(IDC_testPageButton);
     int clicks = 0;

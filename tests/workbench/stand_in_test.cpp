@@ -300,6 +300,15 @@ TEST_F(StandInTest, AfterItsEndEveryCallSaysThatItIsGone) {
     EXPECT_NE(errorOf([&] { (void)addIn.connect([](const std::wstring&, bool) {}); }), L"no error");
 }
 
+TEST_F(StandInTest, WhileItIsAwayEveryCallSaysThatItIsGone) {
+    standIn.behaviour.away = true;
+    EXPECT_NE(errorOf([&] { addIn.NotifyKbUpdate(L"Mail"); }), L"no error");
+    EXPECT_NE(errorOf([&] { (void)addIn.IsSearching(); }), L"no error");
+    EXPECT_NE(errorOf([&] { (void)addIn.connect([](const std::wstring&, bool) {}); }), L"no error");
+    standIn.behaviour.away = false;
+    EXPECT_EQ(errorOf([&] { (void)addIn.IsSearching(); }), L"no error");
+}
+
 TEST_F(StandInTest, EveryCallIsNotedWithItsArguments) {
     calls.clear();
     addIn.SetDefaultKnowledgebase(L"Mail");

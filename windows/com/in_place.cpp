@@ -54,9 +54,11 @@ void InPlace::activate(HWND parent, const RECT* place_) {
     }
     site_ = container_.site().as<IOleInPlaceSite>();
     if (!site_) throw Failure(E_FAIL);
+    bool told = false;
     try {
         unlessRefused(site_->CanInPlaceActivate());
         unlessRefused(tellActivated(site_));
+        told = true;
         RECT position = place_ ? *place_ : RECT{0, 0, page_.naturalSize().cx, page_.naturalSize().cy};
         RECT clip = position;
         frame_ = std::make_unique<HostWindow>(requestPlace(parent, position, clip));
@@ -66,7 +68,9 @@ void InPlace::activate(HWND parent, const RECT* place_) {
         ShowWindow(frame_->handle(), SW_SHOWNA);
     } catch (...) {
         frame_.reset();
+        const auto site = site_;
         forgetContainerWindows();
+        if (told) site->OnInPlaceDeactivate();
         throw;
     }
 }

@@ -29,7 +29,12 @@ BOOL CALLBACK collect(HWND control, LPARAM keys) noexcept {
     }
 }
 
-bool usable(const AccessKey& key) { return IsWindowEnabled(key.control) && IsWindowVisible(key.control); }
+/// Not while a dialog is open, which disables the root, nor in a container that is dead to the user.
+bool usable(const AccessKey& key) {
+    for (HWND window = key.control; window != nullptr; window = GetAncestor(window, GA_PARENT))
+        if (!IsWindowEnabled(window)) return false;
+    return IsWindowVisible(key.control);
+}
 
 }  // namespace
 

@@ -21,7 +21,8 @@ public:
     /// the program lives on one user-interface thread.
     [[nodiscard]] static Runtime& get();
 
-    /// Releases everything, the add-in included. False where that is not possible on this thread.
+    /// Releases everything, the add-in included; the next runtime recalls the settings record, the change
+    /// flags and that the log has begun. False where that is not possible on this thread.
     [[nodiscard]] static bool shutDown() noexcept;
 
     [[nodiscard]] vexa::Application& application() { return application_; }

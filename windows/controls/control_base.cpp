@@ -140,11 +140,16 @@ void ControlBase::focus() {
     if (handle_ != nullptr && isEnabled() && isShown()) dialog_.setFocus(handle_);
 }
 
-/// A control that can no longer take keys must not keep the focus: the keyboard would be dead.
+/// A control that can no longer take keys must not keep the focus: the keyboard would be dead. A page whose
+/// last stop it was gives the focus back to its host's dialog.
 void ControlBase::leaveFocus() {
     if (handle_ == nullptr || GetFocus() != handle_) return;
-    const HWND next = GetNextDlgTabItem(dialog_.window(), handle_, FALSE);
-    if (next != nullptr && next != handle_) SetFocus(next);
+    for (const HWND dialog : {dialog_.window(), GetAncestor(handle_, GA_ROOT)}) {
+        const HWND next = GetNextDlgTabItem(dialog, handle_, FALSE);
+        if (next == nullptr || next == handle_) continue;
+        SetFocus(next);
+        return;
+    }
 }
 
 ui::Rect ControlBase::place() const {

@@ -1,4 +1,5 @@
-// The module's icons, each loaded once in each size in which it is shown: loading costs far more than drawing.
+// The module's icons, each loaded once in each size in which it is shown: loading costs far more than
+// drawing.
 #pragma once
 
 #include <windows.h>

@@ -12,6 +12,7 @@
 #include "windows/controls/control_factory.h"
 #include "windows/controls/screen.h"
 #include "windows/controls/template_reader.h"
+#include "windows/platform/desktop.h"
 #include "windows/platform/messages.h"
 #include "windows/platform/text.h"
 
@@ -110,6 +111,7 @@ std::optional<LRESULT> Window::handle(UINT message, WPARAM wParam, LPARAM lParam
             if (role_ == Role::dialog) close();
             return 0;
         case WM_ERASEBKGND: return eraseBackground(reinterpret_cast<HDC>(wParam));
+        case WM_SETCURSOR: return keepPointer() ? std::optional<LRESULT>(TRUE) : std::nullopt;
         case WM_SYSCOLORCHANGE: refreshColours(); return std::nullopt;
         case WM_NCDESTROY: vanished(); return std::nullopt;
         case MODAL_LOOP_RUNS: scripted(); return 0;

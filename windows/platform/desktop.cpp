@@ -9,6 +9,8 @@
 namespace win {
 namespace {
 
+vexa::PointerShape pointerShape = vexa::PointerShape::standard;
+
 LPCWSTR cursorOf(vexa::PointerShape shape) {
     switch (shape) {
         case vexa::PointerShape::hourglass: return IDC_WAIT;
@@ -38,7 +40,16 @@ std::intptr_t Desktop::sendMessage(std::intptr_t window, std::uint32_t message, 
     return IsWindow(receiver) ? SendMessageA(receiver, message, wParam, lParam) : 0;
 }
 
-void Desktop::setPointer(vexa::PointerShape shape) { SetCursor(LoadCursorW(nullptr, cursorOf(shape))); }
+void Desktop::setPointer(vexa::PointerShape shape) {
+    pointerShape = shape;
+    SetCursor(LoadCursorW(nullptr, cursorOf(shape)));
+}
+
+bool keepPointer() noexcept {
+    if (pointerShape == vexa::PointerShape::standard) return false;
+    SetCursor(LoadCursorW(nullptr, cursorOf(pointerShape)));
+    return true;
+}
 
 void Desktop::doEvents() {
     MSG message;

@@ -13,6 +13,10 @@ public:
     void doEvents() override;
 };
 
+/// Shows the pointer's shape again, which the system forgets when the mouse moves. False while it is the
+/// standard one: then windows show their own.
+bool keepPointer() noexcept;
+
 class SystemTimers : public vexa::SystemTimers {
 public:
     ~SystemTimers() override;

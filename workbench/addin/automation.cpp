@@ -107,11 +107,13 @@ void Automation::disconnect() {
     sinks_.clear();
 }
 
+bool Automation::isGone() const { return standIn_ == nullptr || standIn_->behaviour.away; }
+
 // --- Operations -------------------------------------------------------------------------------------------
 
 template <class Action>
 HRESULT Automation::answer(const wchar_t* operation, const std::wstring& arguments, Action action) {
-    if (standIn_ == nullptr) return RPC_E_DISCONNECTED;
+    if (isGone()) return RPC_E_DISCONNECTED;
     try {
         const auto failure = standIn_->behaviour.failures.find(operation);
         const bool fails = failure != standIn_->behaviour.failures.end();
@@ -135,7 +137,7 @@ HRESULT Automation::answerQuestion(const wchar_t* operation, bool (StandIn::*que
 }
 
 HRESULT Automation::reserved(int position) {
-    if (standIn_ == nullptr) return RPC_E_DISCONNECTED;
+    if (isGone()) return RPC_E_DISCONNECTED;
     calls_.note(side::pageToAddIn, L"position " + std::to_wstring(position));
     return E_NOTIMPL;
 }
@@ -244,7 +246,7 @@ HRESULT Automation::GetConnectionPointContainer(IConnectionPointContainer** cont
 
 HRESULT Automation::Advise(IUnknown* sink, DWORD* cookie) {
     if (sink == nullptr || cookie == nullptr) return E_POINTER;
-    if (standIn_ == nullptr) return RPC_E_DISCONNECTED;
+    if (isGone()) return RPC_E_DISCONNECTED;
     com::Ptr<IDispatch> events;
     if (FAILED(sink->QueryInterface(__uuidof(_IOlAddInEvents), events.outVoid())) &&
         FAILED(sink->QueryInterface(__uuidof(IDispatch), events.outVoid())))

@@ -71,6 +71,7 @@ public:
 
 private:
     ~Automation() = default;
+    [[nodiscard]] bool isGone() const;
     HRESULT reserved(int position) override;
     /// One call of the page: notes it, fails it where that is set, else runs the action. Nothing leaves it.
     template <class Action>

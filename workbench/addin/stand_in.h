@@ -17,6 +17,7 @@ namespace workbench {
 
 /// How the stand-in shall behave.
 struct Behaviour {
+    bool away = false;  ///< every call says that it is gone, also on an object found before
     bool searching = false;
     bool processing = false;       ///< says that it processes, beside the commands it works on
     bool finishesByState = false;  ///< writes KBProcessState 3 in place of raising the event

@@ -149,6 +149,16 @@ void MainWindow::markMenu() {
         mark(IDM_failFirst + i, behaviour.failures.contains(OPERATIONS[i]));
 }
 
+/// A page that has found the add-in before loses it, too.
+void MainWindow::startOrStopAddIn() {
+    const bool starts = !runningObject_.running();
+    standIn_.behaviour.away = !starts;
+    if (starts)
+        runningObject_.start();
+    else
+        runningObject_.stop();
+}
+
 void MainWindow::command(int identifier) {
     Behaviour& behaviour = standIn_.behaviour;
     const auto flip = [](bool& flag) { flag = !flag; };
@@ -159,8 +169,7 @@ void MainWindow::command(int identifier) {
         case IDM_clearList: return calls_.clear();
         case IDM_showSearchWindow: return searchWindow_.show();
         case IDM_exit: DestroyWindow(handle()); return;
-        case IDM_running:
-            return runningObject_.running() ? runningObject_.stop() : void(runningObject_.start());
+        case IDM_running: return startOrStopAddIn();
         case IDM_searching: return flip(behaviour.searching);
         case IDM_processing: return flip(behaviour.processing);
         case IDM_autoUpdate: return standIn_.runAutoUpdate();

@@ -23,6 +23,7 @@ public:
 private:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void command(int identifier);
+    void startOrStopAddIn();
     void showOptions();
     void optionsClosed();
     void setFailure(std::size_t operation);
