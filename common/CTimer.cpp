@@ -13,7 +13,8 @@ void CTimer::StartTimer() { modTimer::start(timers_, shared_from_this()); }
 void CTimer::StopTimer() { modTimer::stop(timers_); }
 
 void CTimer::raiseNotify() {
-    if (Notify) Notify();
+    const auto handler = Notify;  // its own copy: the handler may replace itself
+    if (handler) handler();
 }
 
 void modTimer::start(SystemTimers& timers, std::shared_ptr<CTimer> timer) {

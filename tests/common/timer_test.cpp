@@ -141,6 +141,20 @@ TEST_F(TimerTest, AHandlerMayStartAnotherTimer) {
     EXPECT_EQ(second, 1);
 }
 
+TEST_F(TimerTest, AHandlerMayReplaceItself) {
+    const auto timer = CTimer::create(system);
+    std::vector<std::string> told;
+    // Longer than the room for short texts, so that the handler's own copy lies in memory of its own.
+    timer->Notify = [&, timer = timer.get(), name = std::string("the handler that replaced itself")] {
+        timer->Notify = [&] { told.emplace_back("the second"); };
+        told.push_back(name);
+    };
+    timer->StartTimer();
+    system.tick(41);
+    system.tick(41);
+    EXPECT_THAT(told, ElementsAre("the handler that replaced itself", "the second"));
+}
+
 TEST_F(TimerTest, NothingThatAHandlerThrowsReachesTheSystem) {
     const auto timer = CTimer::create(system);
     timer->Notify = [] { throw vexa::Error(L"failed"); };
