@@ -1,5 +1,7 @@
 #include "settings/frmAttachment.h"
 
+#include <optional>
+
 #include "settings/extension_list.h"
 #include "settings/frmAttachment.ids.h"
 #include "ui/dialog_ids.h"
@@ -24,10 +26,11 @@ std::vector<std::wstring> itemsOf(const ui::ListBox& list) {
     return items;
 }
 
-void selectAllOnCtrlA(ui::ListBox& list, const ui::KeyEvent& event) {
-    attempt([&] {
-        if (event.key == KEY_A && (event.modifiers & ui::modifier::control) != 0) list.selectAll(true);
-    });
+void selectAllOnCtrlA(ui::ListBox& list, ui::KeyEvent& event) {
+    if (event.key != KEY_A || (event.modifiers & ui::modifier::control) == 0) return;
+    // The list would look for an item that begins with the key's character.
+    event.key = 0;
+    attempt([&] { list.selectAll(true); });
 }
 
 }  // namespace
@@ -76,8 +79,8 @@ void frmAttachment::connectHandlers() {
     txtMaxSize.onChange = [this] { txtMaxSize_Change(); };
     cmdAdd.onClick = [this] { cmdAdd_Click(); };
     cmdRemove.onClick = [this] { cmdRemove_Click(); };
-    lstAvailable.onKeyDown = [this](const ui::KeyEvent& event) { lstAvailable_KeyDown(event); };
-    lstSelected.onKeyDown = [this](const ui::KeyEvent& event) { lstSelected_KeyDown(event); };
+    lstAvailable.onKeyDown = [this](ui::KeyEvent& event) { lstAvailable_KeyDown(event); };
+    lstSelected.onKeyDown = [this](ui::KeyEvent& event) { lstSelected_KeyDown(event); };
     cmdOk.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { Unload(); };
 }
@@ -87,7 +90,7 @@ void frmAttachment::connectHandlers() {
 void frmAttachment::Form_Load() {
     attempt([&] { showPage(TAB_KNOWLEDGEBASE); });
     loadOptions();
-    attempt([&] { loadExtensions(); });
+    loadExtensions();
     attempt([&] { enableMoveButtons(); });
 }
 
@@ -102,14 +105,22 @@ void frmAttachment::loadOptions() {
 }
 
 void frmAttachment::loadExtensions() {
-    const auto read = [&](const wchar_t* name) {
-        const std::wstring list = application_.readText(application_.ProfileKey, name, L"");
-        return splitExtensions(application_.platform.conversions.lower(list));
-    };
-    const std::vector<std::wstring> available = read(valueName::AvailableExtensions);
-    const std::vector<std::wstring> selected = read(valueName::SelectedExtensions);
-    fill(lstAvailable, withoutSelected(available, selected));
-    fill(lstSelected, selected);
+    std::vector<std::wstring> available;
+    std::optional<std::vector<std::wstring>> selected;
+    attempt([&] { available = readExtensions(valueName::AvailableExtensions); });
+    attempt([&] { selected = readExtensions(valueName::SelectedExtensions); });
+    attempt([&] {
+        fill(lstAvailable, withoutSelected(available, selected.value_or(std::vector<std::wstring>())));
+    });
+    attempt([&] {
+        fill(lstSelected, selected.value());
+        allSelectedShown_ = true;
+    });
+}
+
+std::vector<std::wstring> frmAttachment::readExtensions(const wchar_t* name) {
+    const std::wstring list = application_.readText(application_.ProfileKey, name, L"");
+    return splitExtensions(application_.platform.conversions.lower(list));
 }
 
 // --- Enabling ---------------------------------------------------------------------------------------------
@@ -138,15 +149,20 @@ void frmAttachment::enableMoveButtons() {
 
 // --- Extensions -------------------------------------------------------------------------------------------
 
-void frmAttachment::cmdAdd_Click() {
-    attempt([&] { moveSelected(lstAvailable, lstSelected); });
-}
+void frmAttachment::cmdAdd_Click() { moveSelected(lstAvailable, lstSelected); }
 
-void frmAttachment::cmdRemove_Click() {
-    attempt([&] { moveSelected(lstSelected, lstAvailable); });
-}
+void frmAttachment::cmdRemove_Click() { moveSelected(lstSelected, lstAvailable); }
 
 void frmAttachment::moveSelected(ui::ListBox& source, ui::ListBox& target) {
+    // Where a list takes no more items, the rest of the rule holds for what has been moved.
+    attempt([&] { moveItems(source, target); });
+    attempt([&] {
+        if (source.count() > 0) source.setSelected(0, true);
+    });
+    attempt([&] { enableMoveButtons(); });
+}
+
+void frmAttachment::moveItems(ui::ListBox& source, ui::ListBox& target) {
     const ui::ListBoxUpdate sourceUpdate(source);
     const ui::ListBoxUpdate targetUpdate(target);
     target.selectAll(false);
@@ -157,13 +173,11 @@ void frmAttachment::moveSelected(ui::ListBox& source, ui::ListBox& target) {
         source.remove(index);
         target.setSelected(added, true);
     }
-    if (source.count() > 0) source.setSelected(0, true);
-    enableMoveButtons();
 }
 
-void frmAttachment::lstAvailable_KeyDown(const ui::KeyEvent& event) { selectAllOnCtrlA(lstAvailable, event); }
+void frmAttachment::lstAvailable_KeyDown(ui::KeyEvent& event) { selectAllOnCtrlA(lstAvailable, event); }
 
-void frmAttachment::lstSelected_KeyDown(const ui::KeyEvent& event) { selectAllOnCtrlA(lstSelected, event); }
+void frmAttachment::lstSelected_KeyDown(ui::KeyEvent& event) { selectAllOnCtrlA(lstSelected, event); }
 
 // --- Tabs -------------------------------------------------------------------------------------------------
 
@@ -184,16 +198,20 @@ void frmAttachment::showPage(int tab) {
 // --- Storing ----------------------------------------------------------------------------------------------
 
 void frmAttachment::cmdOK_Click() {
-    attempt([&] {
-        application_.writeText(application_.ProfileKey, valueName::SelectedExtensions,
-                               joinExtensions(itemsOf(lstSelected)));
-    });
+    attempt([&] { storeSelectedExtensions(); });
     attempt([&] { store(&Settings::AddAttachments, chkKBAdd.checked()); });
     attempt([&] { store(&Settings::AddAllAttachments, optKBAddAll[0].get().selected()); });
     attempt([&] { store(&Settings::AddSizelimitedAttachments, optKBAddAll[1].get().selected()); });
     attempt([&] { store(&Settings::AttachmentsMaxSize, updMaxSize.value()); });
     attempt([&] { store(&Settings::AddAttachmentsToQuery, chkFindAtt.checked()); });
     Unload();
+}
+
+void frmAttachment::storeSelectedExtensions() {
+    // A list that could not be shown whole must not take the place of the stored one.
+    if (!allSelectedShown_) return;
+    application_.writeText(application_.ProfileKey, valueName::SelectedExtensions,
+                           joinExtensions(itemsOf(lstSelected)));
 }
 
 template <class T>

@@ -48,16 +48,19 @@ private:
     void txtMaxSize_Change() { maxSize_.textChanged(); }
     void cmdAdd_Click();
     void cmdRemove_Click();
-    void lstAvailable_KeyDown(const ui::KeyEvent& event);
-    void lstSelected_KeyDown(const ui::KeyEvent& event);
+    void lstAvailable_KeyDown(ui::KeyEvent& event);
+    void lstSelected_KeyDown(ui::KeyEvent& event);
     void cmdOK_Click();
 
     void loadOptions();
     void loadExtensions();
+    [[nodiscard]] std::vector<std::wstring> readExtensions(const wchar_t* name);
     void enableSizeField(bool enabled);
     void enableMoveButtons();
     void moveSelected(ui::ListBox& source, ui::ListBox& target);
+    static void moveItems(ui::ListBox& source, ui::ListBox& target);
     void showPage(int tab);
+    void storeSelectedExtensions();
 
     /// Writes a value to the registry at once and then copies it into the settings record.
     template <class T>
@@ -65,6 +68,7 @@ private:
 
     Application& application_;
     NumericEntryField maxSize_;
+    bool allSelectedShown_ = false;
     /// The controls of each tab.
     std::array<std::vector<ui::Control*>, 2> pages_;
 };

@@ -70,6 +70,7 @@ void frmSettings::connectHandlers() {
 
 void frmSettings::Form_Load() {
     const Settings& settings = application_.settings;
+    flagsBefore_ = application_.flags;
     application_.flags.defaultKnowledgebaseChanged = false;
     application_.flags.shortcutChanged = false;
     attempt([&] { readDefaultProject(); });
@@ -87,8 +88,9 @@ void frmSettings::Form_Load() {
 
 void frmSettings::readDefaultProject() {
     // Unlike the page's own reading, a missing name is none: the dialog starts from what is stored.
-    application_.settings.DefaultProject =
-        application_.readText(application_.ProfileKey, valueName::DefaultProject, L"");
+    Setting setting = settingOf(&Settings::DefaultProject);
+    setting.defaultValue = std::wstring();
+    application_.load(setting);
 }
 
 void frmSettings::listKnowledgebases() {
@@ -153,7 +155,13 @@ void frmSettings::cmdOK_Click() {
         SettingUpdate(application_.flags)(application_.settings.LoggingInformation,
                                           chkLoggingInformation.checked());
     });
+    flagsBefore_.reset();
     Unload();
+}
+
+void frmSettings::Form_QueryUnload() {
+    // What an earlier OK changed still waits for Apply: the add-in must hear of it.
+    if (flagsBefore_) application_.flags = *flagsBefore_;
 }
 
 void frmSettings::storeDefaultKnowledgebase() {

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 
 #include "common/application.h"
 #include "settings/NumericEntryField.h"
@@ -38,6 +39,7 @@ public:
 
 protected:
     void Form_Load() override;
+    void Form_QueryUnload() override;
 
 private:
     void connectHandlers();
@@ -65,6 +67,8 @@ private:
     NumericEntryField delay_;
     NumericEntryField entryCount_;
     NumericEntryField minRel_;
+    /// For Cancel; nothing before the form has loaded and after OK.
+    std::optional<ChangeFlags> flagsBefore_;
 };
 
 }  // namespace vexa

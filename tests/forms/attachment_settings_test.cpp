@@ -18,6 +18,14 @@ protected:
         setText(L"SelectedExtensions", selected);
         calls.clear();
     }
+    /// Opens the dialog with lists that have room for just so many items.
+    void openWithRoom(int available, int selected, const std::function<void(frmAttachment&)>& script) {
+        stage->whenShown<frmAttachment>(script);
+        frmAttachment form(application, stage->owner());
+        stage->setRoom(form.lstAvailable, available);
+        stage->setRoom(form.lstSelected, selected);
+        form.Show();
+    }
     void showExtensions(frmAttachment& form) { user.pickTab(form.sstAttachments, 1); }
 
     static ui::OptionButton& everyFile(frmAttachment& form) { return form.optKBAddAll[0]; }
@@ -293,6 +301,70 @@ TEST_F(AttachmentSettings, WithNothingSelectedAddOnlySelectsTheFirst) {
         EXPECT_THAT(selectedItems(form.lstSelected), IsEmpty());
         user.click(form.cmdCancel);
     });
+}
+
+TEST_F(AttachmentSettings, CtrlADoesNotLookForAnItemOfItsCharacter) {
+    setExtensions(
+        L"doc;\x01"
+        L"a;txt;",
+        L"");
+    open([&](frmAttachment& form) {
+        showExtensions(form);
+        user.press(form.window(), 'A', ui::modifier::control);
+        EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"doc",
+                                                                  L"\x01"
+                                                                  L"a",
+                                                                  L"txt"));
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(AttachmentSettings, ALetterAloneLooksForAnItem) {
+    setExtensions(L"doc;pdf;txt;", L"");
+    open([&](frmAttachment& form) {
+        showExtensions(form);
+        user.press(form.window(), 'T');
+        EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"txt"));
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(AttachmentSettings, AMoveThatStopsHalfWayLeavesTheButtonsByTheirRule) {
+    setExtensions(L"a;b;c;d;", L"");
+    openWithRoom(4, 2, [&](frmAttachment& form) {
+        showExtensions(form);
+        user.press(form.window(), 'A', ui::modifier::control);
+        user.click(form.cmdAdd);
+        EXPECT_THAT(items(form.lstAvailable), ElementsAre(L"a", L"b")) << "nothing is lost";
+        EXPECT_THAT(items(form.lstSelected), ElementsAre(L"d", L"c"));
+        EXPECT_THAT(moveButtons(form), ElementsAre(true, true));
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(storedText(L"SelectedExtensions"), L"d;c;");
+}
+
+TEST_F(AttachmentSettings, AnAvailableListThatCannotBeFilledLeavesTheSelectedOneWhole) {
+    setExtensions(L"a;b;c;", L"X;y;");
+    openWithRoom(1, 2, [&](frmAttachment& form) {
+        EXPECT_THAT(items(form.lstAvailable), ElementsAre(L"a"));
+        EXPECT_THAT(items(form.lstSelected), ElementsAre(L"x", L"y"));
+        EXPECT_THAT(moveButtons(form), ElementsAre(true, true));
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(storedText(L"SelectedExtensions"), L"x;y;");
+}
+
+TEST_F(AttachmentSettings, ASelectedListThatCannotBeFilledKeepsWhatIsStored) {
+    setExtensions(L"a;", L"X;Y;Z;");
+    openWithRoom(1, 2, [&](frmAttachment& form) {
+        EXPECT_THAT(items(form.lstSelected), ElementsAre(L"x", L"y"));
+        EXPECT_THAT(moveButtons(form), ElementsAre(true, true));
+        user.click(form.chkFindAtt);
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(storedText(L"SelectedExtensions"), L"X;Y;Z;");
+    EXPECT_EQ(stage->value(SETTINGS_KEY, L"AddAttachmentsToQuery"), vexa::Value(1))
+        << "the others are written";
 }
 
 TEST_F(AttachmentSettings, FiveThousandExtensionsMoveAtOnce) {

@@ -158,9 +158,41 @@ TEST_F(SearchSettings, LoadingClearsTheTwoFlagsThatItAnswersFor) {
     application.flags = {true, true, true};
     open([&](frmSettings& form) {
         EXPECT_EQ(application.flags, (ChangeFlags{true, false, false}));
-        user.click(form.cmdCancel);
+        user.click(form.cmdOk);
     });
     EXPECT_EQ(application.flags, (ChangeFlags{true, false, false}));
+}
+
+TEST_F(SearchSettings, CancelBringsTheFlagsOfAnEarlierOkBack) {
+    for (const ChangeFlags before :
+         {ChangeFlags{true, true, true}, {true, false, true}, {true, true, false}}) {
+        application.flags = before;
+        open([&](frmSettings& form) { user.click(form.cmdCancel); });
+        EXPECT_EQ(application.flags, before);
+        open([&](frmSettings& form) { user.closeWindow(form.window()); });
+        EXPECT_EQ(application.flags, before);
+    }
+}
+
+TEST_F(SearchSettings, AStoredNameThatIsNoTextLeavesTheRecordsName) {
+    stage->setValue(SETTINGS_KEY, L"DefaultProject", vexa::Bytes{1, 2, 3});
+    settings.DefaultProject = L"Work";
+    open([&](frmSettings& form) {
+        EXPECT_EQ(settings.DefaultProject, L"Work");
+        EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 2);
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(settings.DefaultProject, L"Work");
+    EXPECT_EQ(application.flags, ChangeFlags());
+}
+
+TEST_F(SearchSettings, AStoredNumberIsANameOfDigits) {
+    setKnowledgebases({L"Mail", L"17"});
+    stage->setValue(SETTINGS_KEY, L"DefaultProject", 17);
+    open([&](frmSettings& form) {
+        EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 2);
+        user.click(form.cmdCancel);
+    });
 }
 
 TEST_F(SearchSettings, WithNeitherScopeStoredUnreadIsSelected) {

@@ -89,18 +89,23 @@ TEST(SettingsFaults, OkOfTheSearchDialogMakesNoOutsideCall) {
     EXPECT_THAT(scene.calls.lines(), IsEmpty());
 }
 
+/// What of the attachment dialog is loaded whichever call fails.
+void expectLoaded(frmAttachment& form) {
+    EXPECT_TRUE(form.chkKBAdd.checked());
+    EXPECT_EQ(form.txtMaxSize.text(), L"77");
+    EXPECT_TRUE(form.txtMaxSize.enabled());
+    EXPECT_EQ(form.cmdAdd.enabled(), form.lstAvailable.count() > 0);
+    EXPECT_EQ(form.cmdRemove.enabled(), form.lstSelected.count() > 0);
+    // One of the two lists is read where the other is not.
+    EXPECT_GT(form.lstAvailable.count() + form.lstSelected.count(), 0);
+}
+
 TEST(SettingsFaults, EachCallOfTheAttachmentDialogsLoadMayFailAndTheRestIsLoaded) {
     failEachCall(
         [](Scene& scene, const std::function<void()>& arm) {
             arm();
             scene.openAttachments([&](frmAttachment& form) {
-                EXPECT_TRUE(form.chkKBAdd.checked());
-                EXPECT_EQ(form.txtMaxSize.text(), L"77");
-                EXPECT_TRUE(form.txtMaxSize.enabled());
-                EXPECT_EQ(form.cmdAdd.enabled(), form.lstAvailable.count() > 0);
-                EXPECT_EQ(form.cmdRemove.enabled(), form.lstSelected.count() > 0);
-                // One of the two lists is read where the other is not.
-                EXPECT_GT(form.lstAvailable.count() + form.lstSelected.count(), 0);
+                expectLoaded(form);
                 scene.user.click(form.cmdCancel);
             });
         },
@@ -111,6 +116,52 @@ TEST(SettingsFaults, EachCallOfTheAttachmentDialogsLoadMayFailAndTheRestIsLoaded
                 EXPECT_EQ(items(form.lstSelected), (std::vector<std::wstring>{L"pdf"}));
                 scene.user.click(form.cmdCancel);
             });
+        });
+}
+
+TEST(SettingsFaults, AfterAFailedLoadOkOfTheAttachmentDialogStoresWhatItShows) {
+    std::wstring shown;
+    failEachCall(
+        [&](Scene& scene, const std::function<void()>& arm) {
+            arm();
+            scene.openAttachments([&](frmAttachment& form) {
+                scene.calls.forgetFaults();
+                shown = form.lstSelected.count() > 0 ? L"pdf;" : L"";
+                scene.user.click(form.cmdOk);
+            });
+        },
+        [&](Scene& scene, const std::string& failed) {
+            // A text that cannot be read is a missing one to the dialog.
+            const bool selectedUnread = failed.find("SelectedExtensions") != std::string::npos;
+            if (selectedUnread) {
+                EXPECT_EQ(shown, L"");
+            }
+            EXPECT_EQ(scene.storedText(L"SelectedExtensions"), shown);
+            EXPECT_EQ(scene.storedText(L"AvailableExtensions"), L"doc;pdf;txt;");
+            EXPECT_EQ(scene.settings.AttachmentsMaxSize, 77);
+            EXPECT_EQ(scene.stage->value(SETTINGS_KEY, L"AttachmentsMaxSize"), vexa::Value(77));
+            EXPECT_EQ(scene.stage->value(SETTINGS_KEY, L"AddSizelimitedAttachments"), vexa::Value(1));
+        });
+}
+
+TEST(SettingsFaults, AfterAFailedLoadOkOfTheSearchDialogStoresWhatItShows) {
+    std::wstring shown;
+    failEachCall(
+        [&](Scene& scene, const std::function<void()>& arm) {
+            arm();
+            scene.openSearch([&](frmSettings& form) {
+                const int index = form.cboDefaultKB.selectedIndex();
+                shown = index == 0 ? L"" : form.cboDefaultKB.item(index);
+                scene.user.click(form.cmdOk);
+            });
+        },
+        [&](Scene& scene, const std::string&) {
+            EXPECT_EQ(scene.settings.DefaultProject, shown);
+            EXPECT_EQ(scene.settings.MaxEntries, 55);
+            EXPECT_EQ(scene.settings.AutoFindDelay, 5);
+            EXPECT_EQ(scene.settings.FindShortcut, 0);
+            EXPECT_TRUE(scene.settings.LoggingInformation);
+            EXPECT_EQ(scene.storedText(L"DefaultProject"), L"Work") << "the registry waits for Apply";
         });
 }
 

@@ -63,6 +63,21 @@ TEST_F(SettingsFromPage, ANewShortcutAndKnowledgebaseReachTheAddInOnApply) {
     EXPECT_EQ(text(PROFILE, L"DefaultProject"), L"Work");
 }
 
+TEST_F(SettingsFromPage, ANewShortcutReachesTheAddInThoughTheDialogWasOpenedAndCancelledAgain) {
+    stage->whenShown<frmSettings>([&](frmSettings& form) {
+        user.choose(form.cboSearchShortcut, 1);
+        user.click(form.cmdOk);
+    });
+    user.click(page->cmdSettings);
+    stage->whenShown<frmSettings>([&](frmSettings& form) {
+        EXPECT_EQ(form.cboSearchShortcut.selectedIndex(), 1);
+        user.click(form.cmdCancel);
+    });
+    user.click(page->cmdSettings);
+    page->PropertyPage_Apply();
+    EXPECT_THAT(calls.linesWith("addin SetFindShortcut"), ElementsAre("addin SetFindShortcut(1)"));
+}
+
 TEST_F(SettingsFromPage, TheLoggingSwitchReachesTheAddInOnApply) {
     stage->whenShown<frmSettings>([&](frmSettings& form) {
         user.click(form.chkLoggingInformation);

@@ -58,6 +58,8 @@ public:
                                                                  const ui::Size& size) = 0;
     /// The resolution that the program sees from now on; the windows' own pixels stay as they are.
     virtual void setTwipsPerPixel(double twips) = 0;
+    /// From now on this list has room for just so many items: adding more fails.
+    virtual void setRoom(ui::ListBox& list, int items) = 0;
     /// The owner for a dialog that a test shows by itself.
     [[nodiscard]] virtual ui::Window& owner() = 0;
 

@@ -1,12 +1,15 @@
 #include "tests/headless/list_box.h"
 
 #include <algorithm>
+#include <new>
 
 #include "tests/forms/user.h"
+#include "tests/headless/letters.h"
 
 namespace headless {
 
 int ListBox::add(const std::wstring& item) {
+    if (count() >= room_) throw std::bad_alloc();
     rows_.push_back({item, false});
     return count() - 1;
 }
@@ -41,9 +44,21 @@ void ListBox::handleKey(const ui::KeyEvent& event) {
         case tests::key::home: next = 0; break;
         case tests::key::end: next = count() - 1; break;
         case tests::key::space: break;
-        default: return;
+        default: return typeAhead(event);
     }
     pick(std::clamp(next, 0, count() - 1), event.modifiers & ui::modifier::shift);
+}
+
+void ListBox::typeAhead(const ui::KeyEvent& event) {
+    if (event.key < '0' || event.key > 'Z') return;
+    const bool control = (event.modifiers & ui::modifier::control) != 0;
+    const auto typed =
+        control ? static_cast<wchar_t>(event.key - 'A' + 1) : lower(static_cast<wchar_t>(event.key));
+    for (int step = 1; step <= count(); ++step) {
+        const int index = (caret_ + step) % count();
+        const std::wstring& text = at(index).text;
+        if (!text.empty() && lower(text.front()) == typed) return pick(index, 0);
+    }
 }
 
 void ListBox::pick(int index, int modifiers) {

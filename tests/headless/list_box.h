@@ -1,6 +1,7 @@
 // A list box of multiple selection in memory.
 #pragma once
 
+#include <limits>
 #include <vector>
 
 #include "tests/headless/item.h"
@@ -26,6 +27,9 @@ public:
     void press() override {}
     void handleKey(const ui::KeyEvent& event) override;
 
+    /// Adding more items than these fails.
+    void setRoom(int items) { room_ = items; }
+
     /// A click on a row: alone it becomes the selection, with Ctrl it changes sides, with Shift everything
     /// from the row clicked last is selected.
     void pick(int index, int modifiers);
@@ -37,8 +41,11 @@ private:
     };
     [[nodiscard]] const Row& at(int index) const { return rows_.at(static_cast<std::size_t>(index)); }
     void selectRange(int from, int to);
+    /// A key that stands for a character: the next item that begins with it is picked.
+    void typeAhead(const ui::KeyEvent& event);
 
     std::vector<Row> rows_;
+    int room_ = std::numeric_limits<int>::max();
     int anchor_ = 0;
     int caret_ = 0;
 };

@@ -7,6 +7,7 @@
 #include <deque>
 
 #include "common/CTimer.h"
+#include "tests/headless/list_box.h"
 #include "tests/headless/machine.h"
 #include "tests/headless/user.h"
 #include "tests/headless/window.h"
@@ -76,6 +77,7 @@ public:
     [[nodiscard]] std::unique_ptr<ui::Window> createPage(int templateIdentifier,
                                                          const ui::Size& size) override;
     void setTwipsPerPixel(double twips) override { scripted_.setTwipsPerPixel(twips); }
+    void setRoom(ui::ListBox& list, int items) override { dynamic_cast<ListBox&>(list).setRoom(items); }
     [[nodiscard]] ui::Window& owner() override { return owner_; }
 
     void whenShown(tests::Script script) override { scripts_.push_back(std::move(script)); }
@@ -102,7 +104,7 @@ private:
                                  {machine_.registry, machine_.ansi, machine_.conversions, machine_.files,
                                   machine_.clock, locator_, machine_.desktop, machine_.timers}};
     Screen screen_{machine_.loop};
-    tests::ScriptedScreen scripted_{calls_, screen_};
+    tests::ScriptedScreen scripted_{calls_, screen_, [this] { return screen_.isClosing(); }};
     Window owner_{screen_, ownerTemplate(), nullptr};
     User user_{machine_.loop};
     vexa::Application application_{ports_.platform(), scripted_};

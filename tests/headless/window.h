@@ -99,6 +99,7 @@ public:
     /// Closes every modal window, the innermost first; until the last one has returned, new ones close at
     /// once.
     void closeAll();
+    [[nodiscard]] bool isClosing() const { return closing_; }
 
     double twipsPerPixel = 15;  ///< 96 DPI
     std::vector<std::wstring> fontNames{L"Tahoma", L"Arial", L"Courier New", L"MS Sans Serif"};

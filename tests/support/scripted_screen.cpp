@@ -31,6 +31,7 @@ void ScriptedScreen::answerColours(const std::vector<std::optional<ui::Colour>>&
 
 ui::MessageAnswer ScriptedScreen::showMessage(ui::Window*, const ui::Message& message) {
     const ui::MessageAnswer plain = plainAnswer(message.buttons);
+    if (closing_()) return plain;
     if (calls_.enter("screen message " + toUtf8(message.text))) return plain;
     messages_.push_back(message);
     return next(messageAnswers_, plain);
@@ -38,6 +39,7 @@ ui::MessageAnswer ScriptedScreen::showMessage(ui::Window*, const ui::Message& me
 
 std::optional<ui::Colour> ScriptedScreen::chooseColour(ui::Window&, ui::Colour initial,
                                                        const std::wstring& title) {
+    if (closing_()) return {};
     if (calls_.enter("screen colour " + std::to_string(initial) + " " + toUtf8(title)))
         throw vexa::Error(L"The colour chooser failed");
     questions_.push_back({initial, title});

@@ -12,7 +12,9 @@ namespace tests {
 
 class ScriptedScreen : public ui::Screen {
 public:
-    ScriptedScreen(CallLog& calls, ui::Screen& screen) : calls_(calls), screen_(screen) {}
+    /// While `closing` answers true, questions are answered without being asked, as on a real screen.
+    ScriptedScreen(CallLog& calls, ui::Screen& screen, std::function<bool()> closing)
+        : calls_(calls), screen_(screen), closing_(std::move(closing)) {}
 
     void answerMessages(const std::vector<ui::MessageAnswer>& answers);
     void answerColours(const std::vector<std::optional<ui::Colour>>& answers);
@@ -41,6 +43,7 @@ public:
 private:
     CallLog& calls_;
     ui::Screen& screen_;
+    std::function<bool()> closing_;
     std::optional<double> twipsPerPixel_;
     std::deque<ui::MessageAnswer> messageAnswers_;
     std::deque<std::optional<ui::Colour>> colourAnswers_;

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
+
 #include <deque>
 
 #include "common/CTimer.h"
@@ -40,6 +42,15 @@ public:
     void sleep(int) override {}
     vexa::LocalTime time{2026, 2, 3, 9, 5, 7, 4};
 };
+
+/// Stands before a list that has room for `items` alone.
+LRESULT CALLBACK refuseItems(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR identifier,
+                             DWORD_PTR items) noexcept {
+    if (message == LB_ADDSTRING && SendMessageW(list, LB_GETCOUNT, 0, 0) >= static_cast<LRESULT>(items))
+        return LB_ERRSPACE;
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(list, refuseItems, identifier);
+    return DefSubclassProc(list, message, wParam, lParam);
+}
 
 class WindowsStage : public Stage {
 public:
@@ -93,6 +104,9 @@ public:
     [[nodiscard]] std::unique_ptr<ui::Window> createPage(int templateIdentifier,
                                                          const ui::Size& size) override;
     void setTwipsPerPixel(double twips) override { scripted_.setTwipsPerPixel(twips); }
+    void setRoom(ui::ListBox& list, int items) override {
+        SetWindowSubclass(windowOf(list), refuseItems, 1, static_cast<DWORD_PTR>(items));
+    }
     [[nodiscard]] ui::Window& owner() override;
 
     void whenShown(Script script) override { scripts_.push_back(std::move(script)); }
@@ -127,7 +141,7 @@ private:
     RecordingPorts ports_{calls_,
                           {registry_, ansi_, conversions_, files_, clock_, locator_, desktop_, timers_}};
     win::Screen screen_{GetModuleHandleW(nullptr)};
-    ScriptedScreen scripted_{calls_, screen_};
+    ScriptedScreen scripted_{calls_, screen_, [this] { return screen_.isClosing(); }};
     WindowsUser user_;
     vexa::Application application_{ports_.platform(), scripted_};
     std::deque<Script> scripts_;
