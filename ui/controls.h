@@ -66,6 +66,8 @@ public:
     std::function<void()> onClick;
 };
 
+/// A click that brings the focus to a box with an `onGotFocus` handler does not move the caret: caret and
+/// selection are what the handler makes them. Without a handler the caret goes where the click was.
 class TextBox : public Control {
 public:
     static constexpr Kind kind = Kind::textBox;

@@ -56,7 +56,8 @@ public:
     /// The whole text as RTF, 7-bit characters only. Throws std::exception where there is no memory for it.
     [[nodiscard]] virtual std::wstring rtf() const = 0;
 
-    /// The caret moved or the selection changed, by the user, by typing or by `select`.
+    /// The caret moved or the selection changed, by the user, by typing or by `select`; or the user pressed a
+    /// key with Ctrl, by which editors change formats on their own.
     std::function<void()> onSelectionChange;
 };
 

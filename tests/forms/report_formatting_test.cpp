@@ -418,6 +418,29 @@ TEST_F(ReportFormatting, AnArrowKeyMovesTheCaretAndTheButtonsFollow) {
     });
 }
 
+TEST_F(ReportFormatting, TheButtonsShowWhatTheEditorsOwnShortcutsDo) {
+    openWithText(L"text", [&](frmSendBugReport& form) {
+        select(form, 0, 4);
+        for (const int letter : {'B', 'I', 'U', 'E', 'R', 'L'}) {
+            SCOPED_TRACE(static_cast<char>(letter));
+            // The editor tells of none of these; some editors know the shortcuts, and others do not.
+            form.rtfBody.setBold(form.rtfBody.bold() != true);
+            form.rtfBody.setItalic(form.rtfBody.italic() != true);
+            form.rtfBody.setUnderline(form.rtfBody.underline() != true);
+            form.rtfBody.setAlignment(letter == 'R' ? ui::Alignment::centre : ui::Alignment::right);
+            user.press(form.window(), letter, ui::modifier::control);
+            std::vector<int> expected;
+            if (form.rtfBody.bold() == true) expected.push_back(button::bold);
+            if (form.rtfBody.italic() == true) expected.push_back(button::italic);
+            if (form.rtfBody.underline() == true) expected.push_back(button::underline);
+            if (form.rtfBody.alignment() == ui::Alignment::left) expected.push_back(button::leftAlign);
+            if (form.rtfBody.alignment() == ui::Alignment::centre) expected.push_back(button::center);
+            if (form.rtfBody.alignment() == ui::Alignment::right) expected.push_back(button::rightAlign);
+            EXPECT_EQ(pressed(form), expected);
+        }
+    });
+}
+
 TEST_F(ReportFormatting, AMixedSelectionLeavesTheCombosAloneAndTheButtonsUp) {
     openWithText(L"abcd", [&](frmSendBugReport& form) {
         form.rtfBody.select(0, 2);

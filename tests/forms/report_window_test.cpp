@@ -165,14 +165,45 @@ TEST_F(ReportWindow, ClickingAFieldGreysTheFormattingButImportanceAndSelectsItsT
         for (ui::TextBox* field : {&form.txtTo, &form.txtCc, &form.txtSubject}) {
             field->setText(L"some text");
             user.click(form.rtfBody);
-            user.press(form.window(), key::tab, ui::modifier::shift);
-            field->setFocus();
+            user.click(*field);
+            EXPECT_TRUE(field->hasFocus());
             EXPECT_EQ(disabled(form), FORMATTING);
             EXPECT_FALSE(form.cboFontname.enabled());
             EXPECT_FALSE(form.cboFontsize.enabled());
             EXPECT_EQ(field->selectionStart(), 0);
             EXPECT_EQ(field->selectionLength(), 9);
         }
+    });
+}
+
+TEST_F(ReportWindow, AFieldThatTheProgramFocusesHasItsTextSelectedToo) {
+    open([&](frmSendBugReport& form) {
+        form.txtSubject.setText(L"some text");
+        user.click(form.rtfBody);
+        form.txtSubject.setFocus();
+        EXPECT_EQ(form.txtSubject.selectionStart(), 0);
+        EXPECT_EQ(form.txtSubject.selectionLength(), 9);
+    });
+}
+
+TEST_F(ReportWindow, ASecondClickIntoAFieldPlacesTheCaret) {
+    open([&](frmSendBugReport& form) {
+        form.txtSubject.setText(L"text");
+        user.click(form.rtfBody);
+        user.click(form.txtSubject);
+        user.click(form.txtSubject);
+        EXPECT_EQ(form.txtSubject.selectionLength(), 0);
+        EXPECT_EQ(form.txtSubject.selectionStart(), 4) << "the middle of the box lies behind the text";
+    });
+}
+
+TEST_F(ReportWindow, WhatIsTypedAfterAClickIntoAFieldTakesThePlaceOfItsText) {
+    storeRecipient(L"old@tarnwell.example");
+    open([&](frmSendBugReport& form) {
+        user.click(form.rtfBody);
+        user.click(form.txtTo);
+        user.type(form.txtTo, L"new");
+        EXPECT_EQ(form.txtTo.text(), L"new");
     });
 }
 

@@ -130,11 +130,25 @@ void RichText::handleKey(const ui::KeyEvent& event) {
         case BACKSPACE: return erase(true);
         default: break;
     }
-    if (control && event.key == 'A') return select(0, length());
+    if (control) return takeShortcut(event.key);
     const bool character = event.key == tests::key::space || (event.key >= '0' && event.key <= 'Z');
-    if (!character || control) return;
+    if (!character) return;
     const auto typed = static_cast<wchar_t>(event.key);
     handleCharacter(extend ? typed : lower(typed));
+}
+
+void RichText::takeShortcut(int key) {
+    switch (key) {
+        case 'A': select(0, length()); break;
+        case 'B': setBold(bold() != true); break;
+        case 'I': setItalic(italic() != true); break;
+        case 'U': setUnderline(underline() != true); break;
+        case 'L': setAlignment(ui::Alignment::left); break;
+        case 'E': setAlignment(ui::Alignment::centre); break;
+        case 'R': setAlignment(ui::Alignment::right); break;
+        default: break;
+    }
+    raise(onSelectionChange);
 }
 
 void RichText::handleCharacter(wchar_t character) {
@@ -203,8 +217,13 @@ void RichText::setAlignment(ui::Alignment alignment) {
 }
 std::optional<bool> RichText::bulleted() const { return paragraphValue(&ParagraphFormat::bulleted); }
 void RichText::setBulleted(bool bulleted) {
+    bulletFormats_.emplace_back(bulleted ? "on" : "off");
     setParagraphValue(&ParagraphFormat::bulleted, bulleted);
     if (!bulleted) setHangingIndent(0);
+}
+void RichText::setBulletIndent(double pixels) {
+    bulletFormats_.emplace_back("indent");
+    setHangingIndent(pixels);
 }
 std::optional<double> RichText::leftIndent() const { return paragraphValue(&ParagraphFormat::leftIndent); }
 void RichText::setLeftIndent(double pixels) { setParagraphValue(&ParagraphFormat::leftIndent, pixels); }

@@ -1,6 +1,7 @@
 // A rich-text editor in memory: formats per character and per paragraph, a caret and a selection.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "tests/headless/plain_controls.h"
@@ -59,13 +60,16 @@ public:
     void setAlignment(ui::Alignment alignment) override;
     [[nodiscard]] std::optional<bool> bulleted() const override;
     void setBulleted(bool bulleted) override;
-    void setBulletIndent(double pixels) override { setHangingIndent(pixels); }
+    void setBulletIndent(double pixels) override;
     [[nodiscard]] std::optional<double> leftIndent() const override;
     void setLeftIndent(double pixels) override;
     [[nodiscard]] std::optional<double> hangingIndent() const override;
     void setHangingIndent(double pixels) override;
 
     [[nodiscard]] std::wstring rtf() const override;
+
+    /// The bullet formats that were set, in order: "indent", "on" and "off".
+    [[nodiscard]] const std::vector<std::string>& bulletFormats() const { return bulletFormats_; }
 
     [[nodiscard]] bool focusable() const override { return true; }
     /// Enter starts a paragraph; Esc is nobody's.
@@ -83,6 +87,8 @@ private:
     void replaceSelection(const std::wstring& text);
     void joinParagraphs(int start, int end);
     void erase(bool before);
+    /// A key with Ctrl.
+    void takeShortcut(int key);
 
     template <class T>
     [[nodiscard]] std::optional<T> characterValue(T CharacterFormat::*member) const;
@@ -98,6 +104,7 @@ private:
     CharacterFormat default_;
     /// The format of what is typed next.
     CharacterFormat insertion_;
+    std::vector<std::string> bulletFormats_;
     int anchor_ = 0;
     int caret_ = 0;
 };

@@ -1,6 +1,7 @@
 #include "tests/headless/text_box.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "tests/headless/letters.h"
 #include "tests/headless/up_down.h"
@@ -10,6 +11,7 @@ namespace headless {
 namespace {
 
 constexpr int BACKSPACE = 0x08;
+constexpr int LETTER_WIDTH = 6;    // pixels
 constexpr int MOST_TYPED = 32767;  // characters that a text box takes from the keyboard
 
 }  // namespace
@@ -68,6 +70,12 @@ bool TextBox::accepts(wchar_t character) const {
 
 void TextBox::focusGained(FocusBy by) {
     if (by == FocusBy::keyboard) select(0, length());
+    justFocused_ = by == FocusBy::mouse;
+}
+
+void TextBox::click(const ui::MouseEvent& event) {
+    if (std::exchange(justFocused_, false) && onGotFocus) return;
+    moveCaret(event.x / LETTER_WIDTH, false);
 }
 
 void TextBox::paste(const std::wstring& text) {

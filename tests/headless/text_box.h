@@ -17,7 +17,9 @@ public:
     [[nodiscard]] bool focusable() const override { return true; }
     [[nodiscard]] bool wantsKey(const ui::KeyEvent& event) const override;
     [[nodiscard]] bool wantsCharacters() const override { return true; }
-    void press() override {}
+    /// Places the caret, but for the click that brings the focus to a box whose handler sees to the
+    /// selection.
+    void click(const ui::MouseEvent& event) override;
     void handleKey(const ui::KeyEvent& event) override;
     /// Typed at the caret, in place of the selection; a backspace deletes.
     void handleCharacter(wchar_t character) override;
@@ -37,6 +39,7 @@ private:
     /// Deletes the selection, or else one character before or behind the caret.
     void erase(bool before);
 
+    bool justFocused_ = false;  ///< by the click that is still to be handled
     int anchor_ = 0;
     int caret_ = 0;
 };

@@ -41,6 +41,8 @@ public:
     virtual void onButton(int /*identifier*/) {}
     /// WM_NOTIFY; a result is the answer to the control.
     virtual std::optional<LRESULT> onNotify(NMHDR& /*notification*/) { return std::nullopt; }
+    /// The window of the tips that the control shows for its parts, which notifies the dialog itself.
+    [[nodiscard]] virtual HWND tipWindow() const { return nullptr; }
     /// WM_DRAWITEM and WM_MEASUREITEM; true where the wrapper has handled them.
     virtual bool onDrawItem(const DRAWITEMSTRUCT& /*item*/) { return false; }
     virtual bool onMeasureItem(MEASUREITEMSTRUCT& /*item*/) { return false; }

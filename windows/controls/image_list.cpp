@@ -11,7 +11,11 @@ int ToolbarImages::place(int icon, int disabledIcon) {
     const auto known = places_.find(icon);
     if (known != places_.end()) return known->second;
     const int place = add(enabled_, icon);
-    if (place < 0 || add(disabled_, disabledIcon) != place) return I_IMAGENONE;
+    if (place < 0) return I_IMAGENONE;
+    if (add(disabled_, disabledIcon) < 0) {
+        ImageList_Remove(enabled_, place);  // a place is the same in both lists
+        return I_IMAGENONE;
+    }
     places_.emplace(icon, place);
     return place;
 }

@@ -17,6 +17,8 @@ constexpr LPARAM MOST_CHARACTERS = 0x7FFFFFFE;
 constexpr DWORD OUT_OF_MEMORY = 1;
 constexpr wchar_t FIRST_BEYOND_ASCII = 0x80;
 constexpr UINT UTF16 = 1200;  // the code page
+/// The editor's own shortcuts change formats, of which it tells nobody.
+constexpr UINT SHORTCUT_DONE = WM_APP + 1;
 
 void setFace(CHARFORMAT2W& format, const std::wstring& name) {
     format.dwMask |= CFM_FACE | CFM_CHARSET;
@@ -141,10 +143,18 @@ std::optional<LRESULT> RichText::onNotify(NMHDR& notification) {
 }
 
 std::optional<LRESULT> RichText::onMessage(UINT message, WPARAM, LPARAM lParam) {
-    if (message != WM_GETDLGCODE) return std::nullopt;
-    // The editor must not learn that it lies in a dialog: it would close the dialog at Esc. Enter is its own,
-    // Tab goes on to the next control.
-    return DLGC_WANTARROWS | DLGC_WANTCHARS | (isEnter(lParam) ? DLGC_WANTMESSAGE : 0);
+    switch (message) {
+        case WM_GETDLGCODE:
+            // The editor must not learn that it lies in a dialog: it would close the dialog at Esc. Enter is
+            // its own, Tab goes on to the next control.
+            return DLGC_WANTARROWS | DLGC_WANTCHARS | (isEnter(lParam) ? DLGC_WANTMESSAGE : 0);
+        case WM_KEYDOWN:
+            // Behind the character that the key may stand for.
+            if (GetKeyState(VK_CONTROL) < 0) PostMessageW(window(), SHORTCUT_DONE, 0, 0);
+            return std::nullopt;
+        case SHORTCUT_DONE: raise(onSelectionChange); return 0;
+        default: return std::nullopt;
+    }
 }
 
 // --- Text and selection -----------------------------------------------------------------------------------

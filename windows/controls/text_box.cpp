@@ -8,6 +8,14 @@ void TextBox::onCommand(int code) {
     if (code == EN_CHANGE && !setting_) raise(onChange);
 }
 
+std::optional<LRESULT> TextBox::onMessage(UINT message, WPARAM, LPARAM) {
+    // The system gives the box the focus first and places the caret then, which would undo the handler's
+    // doing.
+    if (message != WM_LBUTTONDOWN || !onGotFocus || isFocused()) return std::nullopt;
+    SetFocus(window());
+    return 0;
+}
+
 void TextBox::setText(const std::wstring& text) {
     if (text == windowText()) return;
     // Boxes of one line tell of a text that is set, boxes of several do not: here it is told once.

@@ -10,6 +10,7 @@ class TextBox : public ControlOf<ui::TextBox> {
 public:
     using ControlOf::ControlOf;
     void onCommand(int code) override;
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void setText(const std::wstring& text) override;
     [[nodiscard]] int selectionStart() const override;
     [[nodiscard]] int selectionLength() const override;

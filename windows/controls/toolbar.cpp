@@ -49,7 +49,8 @@ private:
 
 Toolbar::Toolbar(Window& dialogWindow, HWND handle) : ControlOf(dialogWindow, handle) {
     send(TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON));
-    // A button's text that is not shown is its accessible name.
+    // A button's text that is not shown is its accessible name. Without TBSTYLE_LIST in the template the
+    // system would show every text.
     send(TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
 }
 
@@ -126,6 +127,8 @@ std::optional<LRESULT> Toolbar::onNotify(NMHDR& notification) {
             openMenu(reinterpret_cast<const NMTOOLBARW&>(notification).iItem);
             return TBDDRET_DEFAULT;
         case TBN_GETINFOTIPW: tellTip(notification); return 0;
+        // Asked in place of the other for a button whose text is shown.
+        case TTN_GETDISPINFOW: tellTip(reinterpret_cast<NMTTDISPINFOW&>(notification)); return 0;
         default: return std::nullopt;
     }
 }
@@ -138,6 +141,14 @@ void Toolbar::tellTip(NMHDR& notification) const {
     std::copy_n(text.begin(), length, tip.pszText);
     tip.pszText[length] = L'\0';
 }
+
+void Toolbar::tellTip(NMTTDISPINFOW& tip) {
+    const int index = static_cast<int>(tip.hdr.idFrom);
+    if (index >= 1 && index <= count())
+        tip.lpszText = buttons_[static_cast<std::size_t>(index) - 1].tooltip.data();
+}
+
+HWND Toolbar::tipWindow() const { return reinterpret_cast<HWND>(send(TB_GETTOOLTIPS)); }
 
 void Toolbar::openMenu(int index) {
     if (!canBePressed(index)) return;

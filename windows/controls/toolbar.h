@@ -2,6 +2,10 @@
 // works here, since the system's own handling differs between its versions.
 #pragma once
 
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include "ui/toolbar.h"
 #include "windows/controls/control_base.h"
 
@@ -13,6 +17,7 @@ public:
     void onButton(int index) override;
     std::optional<LRESULT> onNotify(NMHDR& notification) override;
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    [[nodiscard]] HWND tipWindow() const override;
 
     void setButtons(std::vector<ui::ToolbarButton> buttons) override;
     [[nodiscard]] int count() const override { return static_cast<int>(buttons_.size()); }
@@ -27,6 +32,8 @@ private:
     [[nodiscard]] const ui::ToolbarButton& button(int index) const;
     [[nodiscard]] bool canBePressed(int index) const;
     void tellTip(NMHDR& notification) const;
+    /// The text belongs to the button, which outlives the tip.
+    void tellTip(NMTTDISPINFOW& tip);
     void openMenu(int index);
     void showHot();
     void moveHot(int step);

@@ -126,6 +126,7 @@ std::optional<LRESULT> Window::route(UINT message, WPARAM wParam, LPARAM lParam)
         case WM_NOTIFY: {
             auto& notification = *reinterpret_cast<NMHDR*>(lParam);
             ControlBase* wrapper = wrapperOf(notification.hwndFrom);
+            if (wrapper == nullptr) wrapper = ownerOfTips(notification.hwndFrom);
             return wrapper ? wrapper->onNotify(notification) : std::nullopt;
         }
         case WM_DRAWITEM: {
@@ -306,6 +307,12 @@ ui::Control& Window::bind(ui::Kind kind, int identifier) {
 ControlBase* Window::find(int identifier) const {
     const auto found = controls_.find(identifier);
     return found == controls_.end() ? nullptr : found->second.get();
+}
+
+ControlBase* Window::ownerOfTips(HWND tips) const {
+    for (const auto& [identifier, wrapper] : controls_)
+        if (tips != nullptr && wrapper->tipWindow() == tips) return wrapper.get();
+    return nullptr;
 }
 
 HWND Window::focus() const { return IsWindowVisible(handle_) ? GetFocus() : firstFocus_; }

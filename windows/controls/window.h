@@ -66,6 +66,8 @@ private:
     /// The brush behind a control that lies on another one.
     [[nodiscard]] std::optional<LRESULT> background(HDC canvas, HWND control);
     [[nodiscard]] std::optional<LRESULT> eraseBackground(HDC canvas);
+    /// The wrapper whose control shows its tips in this window; null where none does.
+    [[nodiscard]] ControlBase* ownerOfTips(HWND tips) const;
     /// `sender` is the control that tells of itself or of a part of it; null where a key tells it.
     void command(WPARAM wParam, HWND sender);
     void tick(std::uintptr_t identifier);
