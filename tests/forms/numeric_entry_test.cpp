@@ -62,7 +62,6 @@ protected:
 
     void playAll(ui::Window& window, ui::TextBox& box, ui::UpDown& upDown,
                  std::span<const NumericEntry> entries) {
-        ASSERT_GE(entries.size(), 120U);
         for (const NumericEntry& entry : entries) {
             SCOPED_TRACE(std::string(entry.what) + ": " + narrow(entry.keys));
             const std::wstring before = std::to_wstring(entry.before);
@@ -79,6 +78,11 @@ protected:
 };
 
 // --- Typed texts ------------------------------------------------------------------------------------------
+
+TEST_F(NumericEntries, EachFieldHasATableOfAtLeast120TypedTexts) {
+    for (const auto entries : {delayEntries(), entryCountEntries(), minRelEntries(), maxSizeEntries()})
+        EXPECT_GE(entries.size(), 120U);
+}
 
 TEST_F(NumericEntries, DelayFollowsTheTableOfTypedTexts) {
     openSearch([&](vexa::frmSettings& form) {
@@ -106,6 +110,54 @@ TEST_F(NumericEntries, MaxSizeFollowsTheTableOfTypedTexts) {
         playAll(form.window(), form.txtMaxSize, form.updMaxSize, maxSizeEntries());
         user.click(form.cmdCancel);
     });
+}
+
+// --- A decimal comma --------------------------------------------------------------------------------------
+
+constexpr NumericEntry COMMA_ENTRIES[] = {
+    {"a fraction above the half", 50, L"{all}{paste:1,6}", L"2|=2"},
+    {"the half above an odd number", 50, L"{all}{paste:1,5}", L"2|=2"},
+    {"the half above an even number", 50, L"{all}{paste:2,5}", L"2|=2"},
+    {"a fraction below the half", 50, L"{all}{paste:12,49}", L"12|=12"},
+    {"a fraction, typed", 50, L"{all}1,5", L"1|=1 / 1,|=1 / 2|=2"},
+    {"a comma at the end", 50, L"{all}{paste:12,}", L"12|=12"},
+    {"a fraction below the minimum", 50, L"{all}{paste:0,4}", L"0,4|=50"},
+    {"two commas", 50, L"{all}{paste:1,5,6}", L"50|=50"},
+    {"a point between thousands", 50, L"{all}{paste:1.000}", L"1000|=1000"},
+    {"a point between thousands, typed", 50, L"{all}1.000", L"1|=1 / 1.|=1 / 10|=10 / 100|=100 / 1000|=1000"},
+    {"a point elsewhere", 50, L"{all}{paste:1.5}", L"15|=15"},
+    {"point and comma", 50, L"{all}{paste:10.000,4}", L"10000|=10000"},
+    {"the maximum with its point", 50, L"{all}{paste:65.000}", L"65000|=65000"},
+    {"above the maximum", 50, L"{all}{paste:65.001}", L"65000|=65000"},
+    {"a letter behind", 50, L"{all}{paste:1,5x}", L"50|=50"},
+};
+
+TEST_F(NumericEntries, WithADecimalCommaACommaBeginsTheFractionAndPointsSeparateThousands) {
+    stage->useDecimalComma();
+    openAttachments([&](vexa::frmAttachment& form) {
+        playAll(form.window(), form.txtMaxSize, form.updMaxSize, COMMA_ENTRIES);
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(NumericEntries, WithADecimalCommaLoadingAndArrowsStillShowPlainDigits) {
+    stage->useDecimalComma();
+    settings.MaxEntries = 9999;
+    settings.AttachmentsMaxSize = 65000;
+    openSearch([&](vexa::frmSettings& form) {
+        EXPECT_EQ(form.txtEntryCount.text(), L"9999");
+        user.step(form.updEntryCount, true);
+        EXPECT_EQ(form.txtEntryCount.text(), L"10000");
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(settings.MaxEntries, 10000);
+    openAttachments([&](vexa::frmAttachment& form) {
+        EXPECT_EQ(form.txtMaxSize.text(), L"65000");
+        user.step(form.updMaxSize, false);
+        EXPECT_EQ(form.txtMaxSize.text(), L"64999");
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(stage->value(SETTINGS_KEY, L"AttachmentsMaxSize"), vexa::Value(64999));
 }
 
 // --- Bounds -----------------------------------------------------------------------------------------------
@@ -254,6 +306,17 @@ TEST_F(NumericEntries, ANumberBeyond32BitsCountsAsNoNumber) {
         selectAll(form.txtEntryCount);
         user.paste(form.txtEntryCount, L"99999999999");
         EXPECT_EQ(state(form.txtEntryCount, form.updEntryCount), L"20|=20");
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(NumericEntries, AClickPlacesTheCaretAndSelectsNothing) {
+    openSearch([&](vexa::frmSettings& form) {
+        form.chkAutoInfo.setFocus();
+        user.click(form.txtMinRel);
+        EXPECT_TRUE(form.txtMinRel.hasFocus());
+        EXPECT_EQ(form.txtMinRel.selectionLength(), 0);
+        EXPECT_EQ(form.txtMinRel.selectionStart(), 2) << "the middle of the box lies behind the text";
         user.click(form.cmdCancel);
     });
 }

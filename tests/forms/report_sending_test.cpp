@@ -228,6 +228,17 @@ TEST_F(ReportSending, ClosingDuringACallThatFailsStillSaysSo) {
     EXPECT_EQ(calls.linesWith("pointer").back(), "pointer 0");
 }
 
+TEST_F(ReportSending, AFailureWhileTheHostClosesThePageIsNotSaid) {
+    calls.failCallsWith("addin SendMail");
+    open([&](frmSendBugReport& form) {
+        calls.during("addin SendMail", [&] { stage->closeDialogs(); });
+        send(form);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_THAT(stage->messages(), IsEmpty());
+    EXPECT_EQ(calls.linesWith("pointer").back(), "pointer 0");
+}
+
 TEST_F(ReportSending, AnAddInThatGoesAwayDuringTheCallIsHeldUntilItReturns) {
     open([&](frmSendBugReport& form) {
         calls.during("addin SendMail", [&] { application.addIn.reset(); });
