@@ -2,9 +2,10 @@
 // conversions; only the clock, the add-in and the answers to questions are the test's.
 #include "tests/forms/stage.h"
 
-#include <gtest/gtest.h>
+#include <windows.h>
 
 #include <commctrl.h>
+#include <gtest/gtest.h>
 
 #include <deque>
 
