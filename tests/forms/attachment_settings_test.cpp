@@ -319,16 +319,6 @@ TEST_F(AttachmentSettings, CtrlADoesNotLookForAnItemOfItsCharacter) {
     });
 }
 
-TEST_F(AttachmentSettings, ALetterAloneLooksForAnItem) {
-    setExtensions(L"doc;pdf;txt;", L"");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
-        user.press(form.window(), 'T');
-        EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"txt"));
-        user.click(form.cmdCancel);
-    });
-}
-
 TEST_F(AttachmentSettings, AMoveThatStopsHalfWayLeavesTheButtonsByTheirRule) {
     setExtensions(L"a;b;c;d;", L"");
     openWithRoom(4, 2, [&](frmAttachment& form) {

@@ -132,8 +132,9 @@ TEST(SettingsFaults, AfterAFailedLoadOkOfTheAttachmentDialogStoresWhatItShows) {
         },
         [&](Scene& scene, const std::string& failed) {
             // A text that cannot be read is a missing one to the dialog.
-            const bool selectedUnread = failed.find("SelectedExtensions") != std::string::npos;
-            if (selectedUnread) {
+            const bool read = !failed.starts_with("registry query") ||
+                              failed.find("SelectedExtensions") == std::string::npos;
+            if (!read) {
                 EXPECT_EQ(shown, L"");
             }
             EXPECT_EQ(scene.storedText(L"SelectedExtensions"), shown);
