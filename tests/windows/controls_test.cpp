@@ -153,6 +153,17 @@ TEST_F(ControlsTest, APictureButtonBearsItsTooltipAsWindowTextAndKeepsItsEmptyCa
     });
 }
 
+TEST_F(ControlsTest, APageWhoseLastStopIsDisabledGivesTheFocusToItsHost) {
+    const HWND ok = CreateWindowExW(0, L"BUTTON", L"OK", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 50, 20,
+                                    host.window(), nullptr, nullptr, nullptr);
+    page->control<ui::TextBox>(IDC_testPageText).setEnabled(false);
+    auto& button = page->control<ui::Button>(IDC_testPageButton);
+    button.setFocus();
+    ASSERT_TRUE(button.hasFocus());
+    button.setEnabled(false);
+    EXPECT_EQ(GetFocus(), ok);
+}
+
 TEST_F(ControlsTest, ADisabledControlGivesTheFocusAway) {
     inDialog(IDD_testDialog, [&](TestForm& form) {
         auto& button = form.control<ui::Button>(IDC_testButton);
