@@ -13,10 +13,18 @@ constexpr int MINIMUM_WIDTH = 320;   // pixels
 constexpr int MARGIN = 60;           // twips
 constexpr int HOVER_INTERVAL = 150;  // milliseconds
 constexpr int BODY_FONT_SIZE = 8;    // points
-constexpr const wchar_t* BODY_FONT = L"MS Sans Serif";
+/// The design's font, then what stands in for it where the screen lacks it.
+constexpr const wchar_t* bodyFonts[] = {L"MS Sans Serif", L"Microsoft Sans Serif", L"Tahoma", L"Arial"};
 
 /// The blank keeps the column of numbers aligned.
 constexpr const wchar_t* fontSizes[] = {L" 8", L"10", L"12", L"14", L"18", L"24", L"36"};
+
+/// One of the screen's fonts, so that the combo can show it.
+std::wstring bodyFont(const std::vector<std::wstring>& fonts) {
+    for (const wchar_t* font : bodyFonts)
+        if (std::ranges::find(fonts, font) != fonts.end()) return font;
+    return fonts.empty() ? bodyFonts[0] : fonts.front();
+}
 
 }  // namespace
 
@@ -33,7 +41,6 @@ frmSendBugReport::frmSendBugReport(Application& application, ui::Window& owner)
       application_(application) {
     tbrBugReport.setButtons(sendButtons());
     tbrProperties.setButtons(propertyButtons());
-    rtfBody.setDefaultFont(BODY_FONT, BODY_FONT_SIZE);
     connectHandlers();
 }
 
@@ -81,8 +88,11 @@ void frmSendBugReport::placeCombo(ui::ComboBox& combo, int button) {
 }
 
 void frmSendBugReport::fillFontCombos() {
+    std::vector<std::wstring> fonts;
+    attempt([&] { fonts = application_.screen.fonts(); });
+    attempt([&] { rtfBody.setDefaultFont(bodyFont(fonts), BODY_FONT_SIZE); });
     attempt([&] {
-        for (const std::wstring& font : application_.screen.fonts()) cboFontname.add(font);
+        for (const std::wstring& font : fonts) cboFontname.add(font);
     });
     attempt([&] { selectFontname(rtfBody.fontName()); });
     attempt([&] {

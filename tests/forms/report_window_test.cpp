@@ -106,13 +106,6 @@ TEST_F(ReportWindow, TheSizeComboListsSevenSizesWithABlankBeforeTheFirst) {
     });
 }
 
-TEST_F(ReportWindow, TheFontComboShowsTheEditorsFontWhereTheScreenHasIt) {
-    open([&](frmSendBugReport& form) {
-        EXPECT_EQ(form.rtfBody.fontName(), L"MS Sans Serif");
-        EXPECT_EQ(form.cboFontname.selectedIndex(), indexOf(form.cboFontname, L"MS Sans Serif"));
-    });
-}
-
 TEST_F(ReportWindow, TheCombosLieOnTheirToolbarButtons) {
     open([&](frmSendBugReport& form) {
         const ui::Rect toolbar = form.tbrProperties.bounds();

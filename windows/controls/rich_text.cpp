@@ -112,6 +112,24 @@ std::wstring withNumbers(const std::wstring& source) {
     return text;
 }
 
+/// Some editors end the stream at a picture that they cannot write, in the middle of the text.
+bool isWhole(const std::wstring& rtf) {
+    const std::size_t last = rtf.find_last_not_of(L"\r\n");
+    return last != std::wstring::npos && rtf[last] == L'}';
+}
+
+/// A text as RTF without formats. A picture in it becomes a blank.
+std::wstring unformatted(const std::wstring& text) {
+    constexpr wchar_t PICTURE = 0xFFFC;
+    std::wstring rtf = L"{\\rtf1\\ansi ";
+    for (const wchar_t character : text) {
+        if (character == L'\n') rtf += L"\\par";
+        if (character == L'\\' || character == L'{' || character == L'}') rtf += L'\\';
+        rtf += character == PICTURE ? L' ' : character;
+    }
+    return withNumbers(rtf + L"}");
+}
+
 /// RTF in UTF-8 as RTF of 7-bit characters.
 std::wstring plainRtf(Collected utf8) {
     constexpr std::wstring_view UTF8_HEAD = L"{\\urtf";
@@ -195,7 +213,8 @@ void RichText::select(int start, int length) {
 
 std::wstring RichText::rtf() const {
     // Only in UTF-8 do all editors write every character; else some put a similar one in its place.
-    return plainRtf(streamOut(window()));
+    Collected utf8 = streamOut(window());
+    return isWhole(utf8.text) ? plainRtf(std::move(utf8)) : unformatted(text());
 }
 
 // --- Formats of characters --------------------------------------------------------------------------------

@@ -47,6 +47,14 @@ private:
     bool enableAgain_;
 };
 
+/// The title bar's icon, where the module has one under the dialog's identifier. The system shares it and
+/// frees it.
+void setIcon(HWND window, HINSTANCE module, int identifier) {
+    const HANDLE icon = LoadImageW(module, MAKEINTRESOURCEW(identifier), IMAGE_ICON,
+                                   GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED);
+    if (icon != nullptr) SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
+}
+
 BOOL CALLBACK forwardColourChange(HWND control, LPARAM) noexcept {
     SendMessageW(control, WM_SYSCOLORCHANGE, 0, 0);
     return TRUE;
@@ -63,6 +71,7 @@ Window::Window(Screen& screen, Role role, int templateIdentifier, HWND parent, W
                            reinterpret_cast<LPARAM>(this)) == nullptr)
         throwLastError();
     tooltips_ = std::make_unique<Tooltips>(screen_.context(), handle_);
+    setIcon(handle_, screen_.instance(), templateIdentifier);
     // A page lies on a tab and shows the tab's own background.
     if (role_ == Role::page) EnableThemeDialogTexture(handle_, ETDT_ENABLETAB);
     screen_.add(*this);
@@ -273,6 +282,8 @@ void Window::pump() {
 void Window::close() {
     if (!open_ || std::exchange(closing_, true)) return;
     screen_.closeDialogsOf(*this);
+    // A menu of the window that is open would keep the modal loop from returning.
+    if (handle_ != nullptr) SendMessageW(handle_, WM_CANCELMODE, 0, 0);
     try {
         raise(onQueryUnload);
     } catch (...) {
