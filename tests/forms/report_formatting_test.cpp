@@ -508,5 +508,27 @@ TEST_F(ReportFormatting, ButtonsAreReachedAndPressedByKeyboardAlone) {
     });
 }
 
+TEST_F(ReportFormatting, TheCombosAreReachedAndOperatedByKeyboardAlone) {
+    openWithText(L"abcd", [&](frmSendBugReport& form) {
+        form.rtfBody.select(0, 4);
+        user.press(form.window(), key::tab, ui::modifier::shift);
+        user.press(form.window(), key::tab, ui::modifier::shift);
+        ASSERT_TRUE(form.cboFontsize.hasFocus());
+        user.press(form.window(), key::down);
+        EXPECT_EQ(form.rtfBody.fontSize(), 10);
+        user.press(form.window(), key::end);
+        EXPECT_EQ(form.rtfBody.fontSize(), 36);
+        user.press(form.window(), key::tab, ui::modifier::shift);
+        ASSERT_TRUE(form.cboFontname.hasFocus());
+        user.press(form.window(), key::home);
+        EXPECT_EQ(form.rtfBody.fontName(), form.cboFontname.item(0));
+        EXPECT_EQ(form.cboFontname.selectedIndex(), 0);
+        // On through the toolbar, back to the text.
+        for (int step = 0; step < 3; ++step) user.press(form.window(), key::tab);
+        EXPECT_TRUE(form.rtfBody.hasFocus());
+        EXPECT_EQ(form.rtfBody.selectionLength(), 4);
+    });
+}
+
 }  // namespace
 }  // namespace tests

@@ -79,5 +79,26 @@ TEST_F(ReportMenu, EndsWhenTheSystemDestroysTheComposersWindow) {
         [&](frmSendBugReport& form) { DestroyWindow(reinterpret_cast<HWND>(form.window().handle())); });
 }
 
+TEST_F(ReportMenu, IsOpenedAndItsColourChosenByKeyboardAlone) {
+    stage->whenShown<frmSendBugReport>([&](frmSendBugReport& form) {
+        user.type(form.rtfBody, L"text");
+        form.rtfBody.select(0, 4);
+        user.press(form.window(), key::tab, ui::modifier::shift);
+        ASSERT_TRUE(form.tbrProperties.hasFocus());
+        // Over both importance buttons.
+        user.press(form.window(), key::right);
+        user.press(form.window(), key::right);
+        // What follows the key that opens the menu waits for it: the fifth entry, which is red.
+        const auto toolbar = reinterpret_cast<HWND>(form.tbrProperties.handle());
+        for (int step = 0; step < 5; ++step) PostMessageW(toolbar, WM_KEYDOWN, VK_DOWN, 1);
+        PostMessageW(toolbar, WM_CHAR, L'\r', 1);
+        SendMessageW(toolbar, WM_KEYDOWN, VK_DOWN, 1);
+        deliverMessages();
+        EXPECT_EQ(form.rtfBody.colour(), 0x0000FF);
+        user.closeWindow(form.window());
+    });
+    vexa::showBugReport(application, stage->owner());
+}
+
 }  // namespace
 }  // namespace tests
