@@ -55,6 +55,8 @@ vexa::Value fromStored(const Stored& stored) {
 ScratchRegistry::ScratchRegistry() : path_(nextPath()) {
     check(RegCreateKeyExW(HKEY_CURRENT_USER, path_.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &hive_,
                           nullptr));
+    // A crashed run may have left its key, and its process number may come again.
+    check(RegDeleteTreeW(hive_, nullptr));
     check(RegOverridePredefKey(HKEY_CURRENT_USER, hive_));
 }
 
