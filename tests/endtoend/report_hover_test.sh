@@ -46,7 +46,7 @@ play_at() {
     done
     cat "$results"
     for picture in "$work"/*.bmp; do
-        convert "$picture" -filter point -resize 400% "$pictures/$(basename "$picture" .bmp)-$1.png"
+        convert "$picture" -alpha off -filter point -resize 400% "$pictures/$(basename "$picture" .bmp)-$1.png"
         rm "$picture"
     done
     check "each state of both combos is drawn as computed at $1 DPI" grep -q '^passed$' "$results"
