@@ -23,6 +23,7 @@ frmKBConfiguration::frmKBConfiguration(Application& application, ui::Window& own
       cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
       lblDebugInfo(window().control<ui::Label>(IDC_lblDebugInfo)),
       application_(application),
+      mvarTeskAddIn(application.addIn),
       tmrLock_(window().createTimer()),
       rowCommands_{cmdAdd, cmdEdit, cmdRebuild, cmdRemove, cmdRename, cmdUpdate} {
     sftKBConfiguration.setColumns(
@@ -39,7 +40,7 @@ void frmKBConfiguration::connectHandlers() {
     sftKBConfiguration.onBeginEdit = [this](int row) { BeginEdit(row); };
     sftKBConfiguration.onEndEdit = [this](const ui::GridEdit& edit) { EndEdit(edit); };
     cmdAdd.onClick = [this] { command([&] { addKnowledgebase(); }); };
-    cmdEdit.onClick = [this] { command([&] { editKnowledgebase(); }); };
+    cmdEdit.onClick = [this] { command([&] { editCurrentRow(); }); };
     cmdRename.onClick = [this] { command([&] { renameKnowledgebase(); }); };
     cmdRemove.onClick = [this] { command([&] { removeKnowledgebase(); }); };
     cmdRebuild.onClick = [this] { command([&] { rebuildKnowledgebase(); }); };
@@ -56,17 +57,12 @@ void frmKBConfiguration::connectHandlers() {
 }
 
 void frmKBConfiguration::connectAddIn() {
-    if (!application_.addIn) return;
+    if (!mvarTeskAddIn) return;
     guarded(application_, FORM_NAME, L"connectAddIn", [&] {
-        connection_ = application_.addIn->connect([this](const std::wstring& project, bool keepList) {
+        connection_ = mvarTeskAddIn->connect([this](const std::wstring& project, bool keepList) {
             mvarTeskAddIn_ProcessFinished(project, keepList);
         });
     });
-}
-
-AddIn& frmKBConfiguration::mvarTeskAddIn() {
-    if (!application_.addIn) throw Error(L"The add-in is not connected");
-    return *application_.addIn;
 }
 
 void frmKBConfiguration::trace(const std::wstring& text) { application_.WriteLogLine(FORM_NAME + text); }
@@ -83,6 +79,7 @@ void frmKBConfiguration::Form_Load() {
             sftKBConfiguration.setSortArrow(header, ui::SortArrow::none);
         trace(L", updating ListView...");
         UpdateListView(true);
+        if (closed_) return;  // the host has closed the page while events ran
         trace(L", ...update finished.");
         restoreSort();
         selectCurrentKnowledgebase();
@@ -102,9 +99,11 @@ void frmKBConfiguration::selectCurrentKnowledgebase() {
 
 void frmKBConfiguration::Form_QueryUnload() {
     guarded(application_, FORM_NAME, L"Form_QueryUnload", [&] {
-        if (bNewProject && sftKBConfiguration.editedRow() != -1) removeNewRow();
+        if (bNewProject) removeNewRow();
         trace(L", form unload.");
-        application_.settings.ProjectCount = sftKBConfiguration.rowCount();
+        // A dialog that is closed while it loads has nothing to say of the list or the sort.
+        if (filled_) application_.settings.ProjectCount = sftKBConfiguration.rowCount();
+        if (!sortRestored_) return;
         const std::wstring& key = application_.ProfileKey;
         application_.writeInteger(key, valueName::KBConfigSortOrder, nSortOrder);
         application_.writeInteger(key, valueName::KBConfigColumn, nSortColumn);
@@ -122,7 +121,9 @@ void frmKBConfiguration::UpdateListView(bool bFromLoad) {
         const std::wstring name = application_.readText(application_.ProfileKey, valueOfName, L"");
         trace(std::wstring(L", Lookup: ") + valueOfName);
         application_.WriteLogLine(L"Projectname: " + name);
+        const Raised busy(busy_);  // no command begins in a list that is being filled
         const std::int32_t count = clearForFill();
+        if (closed_) return;
         application_.WriteLogLine(L"UpdateListView, ProjectCount: " + std::to_wstring(count));
         {
             const ui::Grid::BulkUpdate bulk(sftKBConfiguration);
@@ -133,6 +134,7 @@ void frmKBConfiguration::UpdateListView(bool bFromLoad) {
                     nSortOrder == DESCENDING ? ASCENDING : DESCENDING;
             }
         }
+        filled_ = true;
         selectEach(name);
         lblDebugInfo.setText(std::to_wstring(sftKBConfiguration.rowCount()));
         showButtonsForList();
@@ -142,10 +144,11 @@ void frmKBConfiguration::UpdateListView(bool bFromLoad) {
 std::int32_t frmKBConfiguration::clearForFill() {
     const unsigned fill = ++fills_;
     std::int32_t count = knowledgebaseCount(application_);
+    filled_ = false;
     endEditForRefill();
     sftKBConfiguration.clear();
     application_.DoEvents();
-    if (fill != fills_) {
+    if (fill != fills_ && !closed_) {
         // An event has filled the list meanwhile; this fill starts from what is true now.
         count = knowledgebaseCount(application_);
         sftKBConfiguration.clear();
@@ -211,6 +214,7 @@ void frmKBConfiguration::restoreSort() {
     nSortOrder = saved && order == ASCENDING ? ASCENDING : DESCENDING;
     nSortType = saved ? code : sortCode::textAscending;
     if (!sortCodeFits(nSortColumn, nSortType)) nSortType = sortCodeOf(nSortColumn, nSortOrder);
+    sortRestored_ = true;
     showSortArrow();
     sortList();
     nNextOrder[static_cast<std::size_t>(nSortColumn)] = nSortOrder;

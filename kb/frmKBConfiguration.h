@@ -59,8 +59,6 @@ protected:
 private:
     void connectHandlers();
     void connectAddIn();
-    /// Throws Error where the add-in is not connected.
-    [[nodiscard]] AddIn& mvarTeskAddIn();
     void trace(const std::wstring& text);
 
     // The list (frmKBConfiguration.cpp).
@@ -99,13 +97,16 @@ private:
     void raiseDefaultKBChanged();
     void addKnowledgebase();
     [[nodiscard]] std::wstring GetNewKBName();
-    void editKnowledgebase();
+    void editCurrentRow();
+    void editKnowledgebase(int row);
     void renameKnowledgebase();
     void removeKnowledgebase();
     [[nodiscard]] bool confirmRemoval(const std::wstring& name);
     void chooseNextDefault(int rowsBefore);
     void rebuildKnowledgebase();
     void updateKnowledgebase();
+    /// `row` where it still has this name, else the first one that has it; -1 where none has.
+    [[nodiscard]] int rowStillNamed(int row, const std::wstring& name) const;
     void DoubleClick(int row);
     void BeginEdit(int row);
     void requestBaseFolder();
@@ -117,8 +118,10 @@ private:
     void EndEdit(const ui::GridEdit& edit);
     void PostEdit(const ui::GridEdit& edit);
     void undoEdit();
-    /// The list is about to be read anew: what is being edited in it is forgotten.
+    /// The list is about to be read anew: what is being edited in it, or waits for another name, is
+    /// forgotten.
     void endEditForRefill();
+    /// Takes away a row that the add-in has not been told of.
     void removeNewRow();
     [[nodiscard]] bool nameIsAllowed(int row, const std::wstring& name);
     void refuse(int row, const std::wstring& why);
@@ -142,15 +145,20 @@ private:
     void endRemoval(const std::wstring& project);
     void tmrLock_Timer();
     void endProcessing();
+    /// Unlocks the dialog, whatever of an end of processing has failed.
+    void unlock() noexcept;
     void RefreshEditedKB();
     [[nodiscard]] bool refreshRow(const std::wstring& name);
 
     Application& application_;
+    /// The add-in that this dialog works with, whatever pages come and go meanwhile; null where none ran.
+    std::shared_ptr<AddIn> mvarTeskAddIn;
     std::unique_ptr<ui::Timer> tmrLock_;
     std::array<std::reference_wrapper<ui::Button>, 6> rowCommands_;
     std::unique_ptr<EventConnection> connection_;
 
     bool bLocked = false;
+    /// A row is in the list that the add-in has not been told of.
     bool bNewProject = false;
     bool bRenaming = false;
     bool bRemoving = false;
@@ -170,6 +178,10 @@ private:
     /// A command is being started: until it has locked the dialog, no other one begins.
     bool busy_ = false;
     bool closed_ = false;
+    /// The list shows all knowledgebases; false from the clearing to the end of a fill.
+    bool filled_ = false;
+    /// The saved sort has been taken over.
+    bool sortRestored_ = false;
     /// Counts fills and ends of processing, so that a step that let events run knows of those in it.
     unsigned fills_ = 0;
     unsigned ends_ = 0;

@@ -15,7 +15,8 @@ void frmKBConfiguration::command(const std::function<void()>& body) noexcept {
 }
 
 bool frmKBConfiguration::addInIsFree() {
-    if (!mvarTeskAddIn().IsAutoUpdateRunning()) return !bLocked;
+    if (!mvarTeskAddIn) return false;
+    if (!mvarTeskAddIn->IsAutoUpdateRunning()) return !bLocked && !closed_;
     application_.screen.showMessage(
         &window(),
         {L"An auto-update is currently running.\r\nPlease wait until it is complete and try again.",
@@ -74,17 +75,15 @@ std::wstring frmKBConfiguration::GetNewKBName() {
 
 // --- Edit and Rename --------------------------------------------------------------------------------------
 
-void frmKBConfiguration::editKnowledgebase() {
+void frmKBConfiguration::editCurrentRow() { editKnowledgebase(sftKBConfiguration.currentRow()); }
+
+void frmKBConfiguration::editKnowledgebase(int row) {
     bEditCancelled = false;
-    if (bNewProject) {
-        nEditIndex = findRow(strNewName);
-        if (nEditIndex != -1) sftKBConfiguration.setCurrentRow(nEditIndex);
-    } else {
-        nEditIndex = sftKBConfiguration.currentRow();
-    }
+    nEditIndex = row;
     bNewProject = bRenaming = bRemoving = false;
-    if (nEditIndex == -1) return;
-    const std::wstring name = nameOf(nEditIndex);
+    if (row == -1) return;
+    sftKBConfiguration.setCurrentRow(row);
+    const std::wstring name = nameOf(row);
     lockForCommand(false);
     raiseKBClick(name, KBEvent::edited);
 }
@@ -153,19 +152,30 @@ void frmKBConfiguration::updateKnowledgebase() {
 
 // --- Gestures ---------------------------------------------------------------------------------------------
 
+// The guard may let events run, and what they do may move the rows: the name says which one was meant.
+
 void frmKBConfiguration::DoubleClick(int row) {
-    command([&] {
-        sftKBConfiguration.setCurrentRow(row);
-        editKnowledgebase();
+    attempt([&] {
+        const std::wstring name = nameOf(row);
+        command([&] { editKnowledgebase(rowStillNamed(row, name)); });
     });
 }
 
 void frmKBConfiguration::BeginEdit(int row) {
-    command([&] {
-        if (!sftKBConfiguration.row(row).enabled) return;
-        sftKBConfiguration.setCurrentRow(row);
-        renameKnowledgebase();
+    attempt([&] {
+        const std::wstring name = nameOf(row);
+        command([&] {
+            const int meant = rowStillNamed(row, name);
+            if (meant == -1 || !sftKBConfiguration.row(meant).enabled) return;
+            sftKBConfiguration.setCurrentRow(meant);
+            renameKnowledgebase();
+        });
     });
+}
+
+int frmKBConfiguration::rowStillNamed(int row, const std::wstring& name) const {
+    const bool still = row < sftKBConfiguration.rowCount() && nameOf(row) == name;
+    return still ? row : findRow(name);
 }
 
 void frmKBConfiguration::requestBaseFolder() {

@@ -17,7 +17,9 @@ constexpr std::uintptr_t KEY_REMOVED = 2;
 // --- Locking ----------------------------------------------------------------------------------------------
 
 void frmKBConfiguration::lockWhileProcessing() {
-    if (mvarTeskAddIn().IsProcessing()) {
+    const bool processing = mvarTeskAddIn && mvarTeskAddIn->IsProcessing();
+    if (closed_) return;
+    if (processing) {
         trace(L", locking form...");
         LockForm(true, false);
         trace(L", ...locking finished.");
@@ -51,6 +53,7 @@ void frmKBConfiguration::showLocked(bool bAutoUpdate, bool bNoWrite) {
 }
 
 void frmKBConfiguration::setLocked() {
+    setRowCommands(false);  // another row may have become the current one while events ran
     bLocked = true;
     startLockTimer();
 }
@@ -91,9 +94,13 @@ void frmKBConfiguration::mvarTeskAddIn_ProcessFinished(const std::wstring& strPr
             showButtonsForList();
         else
             UpdateListView(false);
-        sftKBConfiguration.setAllRowsEnabled(true);
     });
+    unlock();
+}
+
+void frmKBConfiguration::unlock() noexcept {
     bLocked = false;
+    attempt([&] { sftKBConfiguration.setAllRowsEnabled(true); });
 }
 
 void frmKBConfiguration::endRemoval(const std::wstring& project) {
@@ -108,12 +115,15 @@ void frmKBConfiguration::endRemoval(const std::wstring& project) {
 // --- The fallback timer -----------------------------------------------------------------------------------
 
 void frmKBConfiguration::tmrLock_Timer() {
+    bool ended = false;
     guarded(application_, FORM_NAME, L"tmrLock_Timer", [&] {
         const std::int32_t state = application_.readInteger(
             application_.ProfileKey, valueName::KBProcessState, processState::autoUpdate);
         setRowCommands(state != processState::autoUpdate && state != processState::command);
-        if (state == processState::ended) endProcessing();
+        ended = state == processState::ended;
+        if (ended) endProcessing();
     });
+    if (ended) unlock();
 }
 
 void frmKBConfiguration::endProcessing() {
@@ -126,7 +136,6 @@ void frmKBConfiguration::endProcessing() {
     bRemoving = false;
     RefreshEditedKB();
     cmdAdd.setEnabled(true);
-    bLocked = false;
 }
 
 void frmKBConfiguration::RefreshEditedKB() {

@@ -20,7 +20,8 @@ void frmKBConfiguration::EndEdit(const ui::GridEdit& edit) {
     const bool finished = guarded(application_, FORM_NAME, L"PostEdit", [&] { PostEdit(edit); });
     if (finished) return;
     attempt([&] { application_.SetPointerDefault(); });
-    bRenaming = false;
+    attempt([&] { undoEdit(); });
+    if (!bLocked) attempt([&] { restoreButtons(); });
 }
 
 void frmKBConfiguration::undoEdit() {
@@ -30,15 +31,14 @@ void frmKBConfiguration::undoEdit() {
 
 void frmKBConfiguration::removeNewRow() {
     bNewProject = false;
-    const int row = findRow(strOldName);
+    const int row = findRow(strNewName);
     if (row != -1) sftKBConfiguration.removeRow(row);
     sftKBConfiguration.setCurrentRow(strNameBeforeAdd_.empty() ? -1 : findRow(strNameBeforeAdd_));
     if (!bLocked) restoreButtons();
 }
 
 void frmKBConfiguration::endEditForRefill() {
-    if (sftKBConfiguration.editedRow() == -1) return;
-    bEditCancelled = true;
+    if (sftKBConfiguration.editedRow() != -1) bEditCancelled = true;
     bNewProject = bRenaming = false;
 }
 
@@ -132,14 +132,12 @@ void frmKBConfiguration::finishNewProject(const std::wstring& name) {
     strNewName = name;
     nEditIndex = placeNamedRow(name, L"NewProject");
     application_.WriteLogLine(L"New project: " + name);
+    bNewProject = false;  // from here on the row stands for a knowledgebase of the add-in
     raiseKBClick(name, KBEvent::added);
     application_.SetPointerDefault();
     offerAutoUpdate(name);
-    if (!closed_ && !bLocked && addInIsFree()) {
-        bNewProject = true;
-        editKnowledgebase();
-    }
-    bNewProject = bRenaming = false;
+    if (!closed_ && !bLocked && addInIsFree()) editKnowledgebase(findRow(name));
+    bRenaming = false;
     if (!bLocked) restoreButtons();
 }
 

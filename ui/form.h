@@ -15,8 +15,8 @@ public:
 
     /// Loads the form, shows it modally and returns when it has closed.
     void Show() {
-        Form_Load();
-        window_->runModal(*this);
+        // The owner is disabled before the form loads: where loading lets events run, no second dialog opens.
+        window_->runModal(*this, [this] { Form_Load(); });
     }
 
     [[nodiscard]] Window& window() { return *window_; }

@@ -1,6 +1,7 @@
 // Windows that hold controls, the screen that makes them, timers and message boxes.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -53,9 +54,10 @@ public:
     [[nodiscard]] virtual Size innerSize() const = 0;
     [[nodiscard]] virtual std::intptr_t handle() const = 0;
 
-    /// Shows the window and returns when it has closed; its owner is disabled meanwhile. `form` is the form
-    /// that lives in it.
-    virtual void runModal(Form& form) = 0;
+    /// Disables the owner, runs `load`, shows the window unless it has closed by then, and returns when it
+    /// has closed; the owner is enabled again. `form` is the form that lives in it. Nothing happens, and
+    /// `load` does not run, while the host closes the page. What `load` throws comes through.
+    virtual void runModal(Form& form, const std::function<void()>& load) = 0;
     /// Asks the form (`onQueryUnload`) and ends `runModal`. Does nothing on a closed window.
     virtual void close() = 0;
     [[nodiscard]] virtual bool isOpen() const = 0;

@@ -73,6 +73,7 @@ TEST_F(DefaultChooser, ADoubleClickActsAsOK) {
 }
 
 TEST_F(DefaultChooser, TheKeyboardChooses) {
+    application.settings.DefaultProject = L"News";
     open([&](frmSelectDefaultKB& form) {
         user.press(form.window(), key::down);
         user.press(form.window(), key::enter);
@@ -121,6 +122,10 @@ protected:
     static std::vector<std::wstring> inside(const frmKnowledgeBase& form) {
         const auto rows = shown(form);
         return {rows.begin() + form.dirVexaBaseDir.currentRow() + 1, rows.end()};
+    }
+    void chooseDrive(frmKnowledgeBase& form, const std::wstring& name) {
+        for (int index = 0; index < form.drvVexaBaseDir.count(); ++index)
+            if (form.drvVexaBaseDir.item(index) == name) user.choose(form.drvVexaBaseDir, index);
     }
     [[nodiscard]] std::wstring driveShown(const frmKnowledgeBase& form) const {
         const int index = form.drvVexaBaseDir.selectedIndex();
@@ -198,30 +203,36 @@ TEST_F(FolderChooser, TheKeyboardWalksDownAndUp) {
 }
 
 TEST_F(FolderChooser, AnotherDriveShowsItsRoot) {
+    stage->addDrive(L"Q:", true);
     open([&](frmKnowledgeBase& form) {
-        user.choose(form.drvVexaBaseDir, form.drvVexaBaseDir.selectedIndex());
-        EXPECT_EQ(application.platform.conversions.lower(form.folder()), drive + L"\\");
-        user.click(form.cmdCancel);
+        chooseDrive(form, L"Q:");
+        EXPECT_EQ(driveShown(form), L"Q:");
+        EXPECT_EQ(shown(form), std::vector<std::wstring>{L"Q:\\"});
+        EXPECT_EQ(form.folder(), L"Q:\\");
+        user.click(form.cmdOk);
     });
     EXPECT_THAT(stage->messages(), IsEmpty());
+    EXPECT_EQ(application.settings.VexaBaseDir, L"Q:\\");
+    EXPECT_TRUE(application.bBaseDirChanged);
 }
 
 TEST_F(FolderChooser, AnUnreadyDriveShowsTheMessageAndLeavesBothListsOnThePreviousDriveAndFolder) {
+    stage->addDrive(L"Q:", false);
     open([&](frmKnowledgeBase& form) {
         const std::wstring shownDrive = driveShown(form);
         const auto rows = shown(form);
-        calls.failCallsWith("files subfolders");
-        user.choose(form.drvVexaBaseDir, 0);
-        calls.forgetFaults();
-        const std::wstring chosen = form.drvVexaBaseDir.item(0);
+        ASSERT_NE(shownDrive, L"Q:");
+        chooseDrive(form, L"Q:");
         EXPECT_THAT(stage->messages(),
-                    ElementsAre(ui::Message{L"Drive '" + chosen + L"' is not available.", L"Orbisearch",
+                    ElementsAre(ui::Message{L"Drive 'Q:' is not available.", L"Orbisearch",
                                             ui::MessageIcon::information, ui::MessageButtons::ok}));
         EXPECT_EQ(driveShown(form), shownDrive);
         EXPECT_EQ(shown(form), rows);
         EXPECT_EQ(form.folder(), base);
-        user.click(form.cmdCancel);
+        user.click(form.cmdOk);
     });
+    EXPECT_EQ(application.settings.VexaBaseDir, base);
+    EXPECT_FALSE(application.bBaseDirChanged);
 }
 
 TEST_F(FolderChooser, AFolderThatCannotBeOpenedIsSaidAndChangesNothing) {

@@ -52,6 +52,17 @@ public:
         EXPECT_EQ(storedText(L"Project1"), L"Mail");
         EXPECT_EQ(storedText(L"Project2"), L"News");
         EXPECT_EQ(stored(L"ProjectCount"), 2);
+        expectEditOf(form, L"News");
+        expectEditOf(form, L"Mail");
+    }
+    /// The chosen row is the one that a command is about.
+    void expectEditOf(frmKBConfiguration& form, const std::wstring& name) {
+        choose(form, name);
+        user.click(form.cmdEdit);
+        EXPECT_TRUE(form.locked());
+        EXPECT_EQ(storedText(L"ProjectEventName"), name);
+        addIn.finish(name, true);
+        EXPECT_FALSE(form.locked());
     }
 };
 

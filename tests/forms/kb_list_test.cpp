@@ -22,14 +22,43 @@ TEST_F(KBList, WithNoProjectCountTheListIsEmptyAndEveryRowBoundCommandIsDisabled
     });
 }
 
-TEST_F(KBList, ShowsARowForEachKnowledgebase) {
-    record({{L"Mail", L"43831.5", 1536, 5}, {L"News", {}, {}, {}}});
+class KBEachLocale : public KBList, public testing::WithParamInterface<bool> {
+protected:
+    void SetUp() override {
+        KBList::SetUp();
+        if (GetParam()) stage->useDecimalComma();
+    }
+};
+
+std::string localeName(const testing::TestParamInfo<bool>& locale) {
+    return locale.param ? "DecimalComma" : "DecimalPoint";
+}
+
+INSTANTIATE_TEST_SUITE_P(Locales, KBEachLocale, testing::Bool(), localeName);
+
+TEST_P(KBEachLocale, ShowsARowForEachKnowledgebase) {
+    record({{L"Mail", L"43831.5", 1536, 5}, {L"News", {}, {}, {}}, {L"Post", L"43831,5", 1536, 1234}});
     open([&](frmKBConfiguration& form) {
         EXPECT_EQ(cells(form, 0), (Row{L"Mail", L"01/01/2020 12:00:00 PM", L"2 KB", L"       5"}));
         EXPECT_EQ(cells(form, 1), (Row{L"News", L"-", L"-", L"-"}));
-        EXPECT_EQ(form.lblDebugInfo.text(), L"2");
+        EXPECT_EQ(cells(form, 2), (Row{L"Post", L"01/01/2020 12:00:00 PM", L"2 KB", L"    1234"}));
+        EXPECT_EQ(form.lblDebugInfo.text(), L"3");
         EXPECT_FALSE(anyRowGreyed(form));
         EXPECT_EQ(form.sftKBConfiguration.row(0).picture, form.sftKBConfiguration.row(1).picture);
+    });
+}
+
+TEST_P(KBEachLocale, DatesSortByTheCalendarWhateverTheOrderOfDayAndMonth) {
+    // As texts, and read with the day first, these would sort otherwise.
+    record({{L"april3", L"43924", 1, 1},
+            {L"march4", L"43894", 1, 1},
+            {L"never", L"-1", 1, 1},
+            {L"dec13", L"43812", 1, 1}});
+    open([&](frmKBConfiguration& form) {
+        user.clickHeader(form.sftKBConfiguration, 1);
+        EXPECT_EQ(names(form), (Names{L"april3", L"march4", L"dec13", L"never"}));
+        user.clickHeader(form.sftKBConfiguration, 1);
+        EXPECT_EQ(names(form), (Names{L"never", L"dec13", L"march4", L"april3"}));
     });
 }
 
@@ -318,16 +347,6 @@ TEST_F(KBSortRules, AKnowledgebaseNeverUpdatedSortsAsTheOldestDate) {
     open([&](frmKBConfiguration& form) {
         user.clickHeader(form.sftKBConfiguration, 1);
         EXPECT_EQ(names(form), (Names{L"new", L"old", L"never"}));
-    });
-}
-
-TEST_F(KBSortRules, DatesSortByTheCalendarWhateverTheOrderOfDayAndMonth) {
-    // As texts, and read with the day first, these would sort otherwise.
-    record({{L"april3", L"43924", 1, 1}, {L"march4", L"43894", 1, 1}, {L"dec13", L"43812", 1, 1}});
-    open([&](frmKBConfiguration& form) {
-        user.clickHeader(form.sftKBConfiguration, 1);
-        user.clickHeader(form.sftKBConfiguration, 1);
-        EXPECT_EQ(names(form), (Names{L"dec13", L"march4", L"april3"}));
     });
 }
 

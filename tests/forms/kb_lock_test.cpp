@@ -309,7 +309,8 @@ TEST_P(KBReentrancy, AnEndAtAnyPointWherePendingEventsRunLosesNoCommandAndLeaves
             plan(point);
             give(form);
             calls.forgetFaults();
-            EXPECT_TRUE(notified() || GetParam() == RENAME || GetParam() == ADD);
+            EXPECT_EQ(sent().size(), GetParam() == ADD ? 2u : 1u)
+                << "a new one, and the choice of its folders";
             // Locked or not, the buttons say the same; the command's own end unlocks.
             EXPECT_EQ(form.locked(), buttons(form).empty());
             EXPECT_EQ(form.locked(), anyRowGreyed(form));
@@ -416,25 +417,6 @@ TEST_F(KBLock, AfterTheDialogHasClosedTheAddInsEventsReachNobody) {
     EXPECT_EQ(addIn.connections(), 0u);
     EXPECT_EQ(stored(L"KBProcessState"), 2) << "the add-in is still at it";
     addIn.finish(L"Mail", false);
-}
-
-TEST_F(KBLock, ThePageClosedWhileTheDialogIsOpenEndsBoth) {
-    open([&](frmKBConfiguration& form) {
-        lockByUpdate(form);
-        page->window().close();
-        form.window().close();
-    });
-    EXPECT_EQ(addIn.connections(), 0u);
-    EXPECT_EQ(stored(L"KBConfigColumn"), 0) << "the sort is kept on the way";
-}
-
-TEST_F(KBLock, ThePageClosedWhileANameIsEditedEndsBoth) {
-    open([&](frmKBConfiguration& form) {
-        user.click(form.cmdAdd);
-        page->window().close();
-        form.window().close();
-    });
-    EXPECT_EQ(addIn.connections(), 0u);
 }
 
 TEST_F(KBLock, TheNextOpeningIsUnlockedWhereTheAddInNeverFinished) {

@@ -47,6 +47,8 @@ public:
     /// Nothing where the file does not exist.
     [[nodiscard]] virtual std::optional<std::string> readFile(const std::wstring& path) = 0;
     virtual void createFolder(const std::wstring& path) = 0;
+    /// One more drive, as "Q:"; a ready one is empty, one that is not ready cannot be read.
+    virtual void addDrive(const std::wstring& name, bool ready) = 0;
     /// The time that the program's clock shows from now on; sleeping does not wait.
     virtual void setTime(const vexa::LocalTime& time) = 0;
     /// From now on numbers and dates convert as in a German locale: a decimal comma, points between

@@ -71,6 +71,7 @@ public:
         return machine_.files.read(path);
     }
     void createFolder(const std::wstring& path) override { machine_.files.createFolders(path); }
+    void addDrive(const std::wstring& name, bool ready) override { machine_.files.addDrive(name, ready); }
     void setTime(const vexa::LocalTime& time) override { machine_.clock.time = time; }
     void useDecimalComma() override { machine_.conversions.locale = german(); }
 

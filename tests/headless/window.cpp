@@ -118,10 +118,11 @@ private:
     Window* below_;
 };
 
-void Window::runModal(ui::Form& form) {
-    if (screen_.closing_) close();
-    if (!open_) return;
+void Window::runModal(ui::Form& form, const std::function<void()>& load) {
+    if (!open_ || screen_.closing_) return;
     const Screen::Modal modal(screen_, *this, screen_.modal_.empty() ? owner_ : screen_.modal_.back());
+    load();
+    if (!open_) return;
     shown_ = true;
     if (focused_ != nullptr)
         announceFocus();

@@ -25,7 +25,7 @@ public:
     void setOuterSize(const ui::Size& size) override;
     [[nodiscard]] ui::Size innerSize() const override { return innerSize_; }
     [[nodiscard]] std::intptr_t handle() const override { return handle_; }
-    void runModal(ui::Form& form) override;
+    void runModal(ui::Form& form, const std::function<void()>& load) override;
     void close() override;
     [[nodiscard]] bool isOpen() const override { return open_; }
 

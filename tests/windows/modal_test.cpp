@@ -75,6 +75,46 @@ TEST_F(ControlsTest, AFormThatClosesWhileItLoadsIsNeverShown) {
     EXPECT_FALSE(form.window().isOpen());
 }
 
+TEST_F(ControlsTest, TheHostIsDisabledWhileAFormLoadsAndItsButtonsTakeNoKeyEither) {
+    int clicks = 0;
+    auto& button = page->control<ui::Button>(IDC_testPageButton);
+    button.onClick = [&] { ++clicks; };
+    button.setFocus();
+    TestForm form(screen, IDD_testDialog, page.get());
+    form.onLoad = [&] {
+        EXPECT_FALSE(IsWindowEnabled(host.window()));
+        user.click(button);
+        user.press(*page, key::space, 0);
+        user.press(*page, 'O', ui::modifier::alt);
+        EXPECT_EQ(clicks, 0);
+        form.close();
+    };
+    form.Show();
+    EXPECT_TRUE(IsWindowEnabled(host.window()));
+    EXPECT_TRUE(button.hasFocus());
+    user.press(*page, key::space, 0);
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(ControlsTest, AFormThatFailsToLoadGivesTheHostBack) {
+    TestForm form(screen, IDD_testDialog, page.get());
+    form.onLoad = [] { throw std::runtime_error("nothing to show"); };
+    EXPECT_THROW(form.Show(), std::runtime_error);
+    EXPECT_TRUE(IsWindowEnabled(host.window()));
+}
+
+TEST_F(ControlsTest, TheHostThatClosesThePageWhileAFormLoadsEndsIt) {
+    TestForm form(screen, IDD_testDialog, page.get());
+    form.onLoad = [&] {
+        screen.closeAll();
+        EXPECT_TRUE(screen.isClosing());
+    };
+    screen.onModal = [](ui::Form&) { FAIL() << "shown"; };
+    form.Show();
+    EXPECT_FALSE(form.window().isOpen());
+    EXPECT_FALSE(screen.isClosing());
+}
+
 TEST_F(ControlsTest, ControlsCanBeReadAfterTheDialogHasClosed) {
     TestForm form(screen, IDD_testDialog, page.get());
     screen.onModal = [&](ui::Form&) {

@@ -178,6 +178,8 @@ std::optional<LRESULT> Window::eraseBackground(HDC canvas) {
 /// they are enabled.
 void Window::command(WPARAM wParam, HWND sender) {
     const int identifier = LOWORD(wParam);
+    // Access keys and a focus left behind reach a control below a dialog, too.
+    if (HIWORD(wParam) == BN_CLICKED && !IsWindowEnabled(GetAncestor(handle_, GA_ROOT))) return;
     const bool ofPart = sender != nullptr && GetDlgCtrlID(sender) != identifier;
     ControlBase* wrapper = find(ofPart ? GetDlgCtrlID(sender) : identifier);
     const bool takes = wrapper != nullptr && IsWindowEnabled(wrapper->window());
@@ -242,16 +244,16 @@ ui::Size Window::innerSize() const {
 
 // --- Modal showing ----------------------------------------------------------------------------------------
 
-void Window::runModal(ui::Form& form) {
+void Window::runModal(ui::Form& form, const std::function<void()>& load) {
     if (!isOpen() || screen_.isClosing()) return;
+    const Screen::Modal running(screen_, *this);
+    const DisabledOwner owner(handle_);
+    load();
+    if (!isOpen()) return;
     form_ = &form;
-    {
-        const Screen::Modal running(screen_, *this);
-        const DisabledOwner owner(handle_);
-        show();
-        PostMessageW(handle_, MODAL_LOOP_RUNS, 0, 0);
-        pump();
-    }
+    show();
+    PostMessageW(handle_, MODAL_LOOP_RUNS, 0, 0);
+    pump();
     form_ = nullptr;
 }
 

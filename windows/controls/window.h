@@ -32,7 +32,7 @@ public:
     void setOuterSize(const ui::Size& size) override;
     [[nodiscard]] ui::Size innerSize() const override;
     [[nodiscard]] std::intptr_t handle() const override { return reinterpret_cast<std::intptr_t>(handle_); }
-    void runModal(ui::Form& form) override;
+    void runModal(ui::Form& form, const std::function<void()>& load) override;
     void close() override;
     [[nodiscard]] bool isOpen() const override { return open_ && handle_ != nullptr; }
 

@@ -2,8 +2,10 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <stdexcept>
 
+#include "common/error.h"
 #include "windows/platform/module.h"
 
 namespace tests {
@@ -70,6 +72,20 @@ void ScratchFolder::createFolders(const std::wstring& path) {
         return;
     createFolders(win::folderOf(path));
     CreateDirectoryW(path.c_str(), nullptr);
+}
+
+std::vector<std::wstring> InstalledElsewhere::drives() {
+    std::vector<std::wstring> names = FileSystem::drives();
+    for (const auto& [name, ready] : added_) names.push_back(name);
+    std::ranges::sort(names);
+    return names;
+}
+
+std::vector<std::wstring> InstalledElsewhere::subfolders(const std::wstring& path) {
+    const auto drive = added_.find(path.substr(0, 2));
+    if (drive == added_.end()) return FileSystem::subfolders(path);
+    if (!drive->second) throw vexa::Error(L"The device is not ready");
+    return {};
 }
 
 }  // namespace tests

@@ -96,6 +96,7 @@ public:
         return ScratchFolder::read(path);
     }
     void createFolder(const std::wstring& path) override { ScratchFolder::createFolders(path); }
+    void addDrive(const std::wstring& name, bool ready) override { files_.addDrive(name, ready); }
     void setTime(const vexa::LocalTime& time) override { clock_.time = time; }
     void useDecimalComma() override {
         constexpr std::uint32_t GERMAN = 0x0407;
