@@ -12,6 +12,7 @@ namespace {
 // To the list view itself, when it has done with what it is doing.
 constexpr UINT EDIT_ENDED = WM_APP + 10;
 constexpr UINT EDIT_WANTED = WM_APP + 11;
+constexpr UINT SELECTION_LOST = WM_APP + 12;
 
 constexpr UINT_PTR EDITOR_SUBCLASS = 2;
 
@@ -178,6 +179,9 @@ std::optional<LRESULT> Grid::onNotify(NMHDR& notification) {
 
 void Grid::stateChanged(const NMLISTVIEW& change) {
     const bool selected = (change.uNewState & LVIS_SELECTED) != 0 && (change.uOldState & LVIS_SELECTED) == 0;
+    const bool lost = (change.uNewState & LVIS_SELECTED) == 0 && (change.uOldState & LVIS_SELECTED) != 0;
+    // A key or a click that only deselects leaves the row current; what commands act on has to be seen.
+    if (!telling_ && lost) PostMessageW(window(), SELECTION_LOST, 0, 0);
     if (telling_ || !selected || change.iItem < 0 || change.iItem >= rowCount()) return;
     selected_ = change.iItem;
     userMovedTo(change.iItem);
@@ -198,6 +202,15 @@ void Grid::showEditor(int row) {
     const LRESULT editor = send(LVM_EDITLABELW, static_cast<WPARAM>(row));
     opening_ = false;
     if (editor == 0) throw std::runtime_error("the list view opens no editor");
+    showWholeText(reinterpret_cast<HWND>(editor), cellText(row, 0));
+}
+
+/// The list view cuts what it gives its editor, and what may be typed there, after 259 characters.
+void Grid::showWholeText(HWND editor, const std::wstring& text) {
+    SendMessageW(editor, EM_SETLIMITTEXT, 0, 0);
+    if (textOf(editor) == text) return;
+    SetWindowTextW(editor, text.c_str());
+    SendMessageW(editor, EM_SETSEL, 0, -1);
 }
 
 LRESULT Grid::editorOpens(int row) {
@@ -243,6 +256,12 @@ ui::Grid::EditorContent Grid::takeEditor() {
 std::optional<LRESULT> Grid::onMessage(UINT message, WPARAM wParam, LPARAM) {
     if (message == EDIT_ENDED) {
         if (left_) finishEdit();
+        return 0;
+    }
+    if (message == SELECTION_LOST) {
+        const bool seen = currentRow() == -1 ||
+                          send(LVM_GETITEMSTATE, static_cast<WPARAM>(currentRow()), LVIS_SELECTED) != 0;
+        if (!seen) showCurrentRow();
         return 0;
     }
     if (message != EDIT_WANTED) return std::nullopt;

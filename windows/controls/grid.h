@@ -41,6 +41,7 @@ private:
     void stateChanged(const NMLISTVIEW& change);
     void clicked(int row);
     [[nodiscard]] LRESULT editorOpens(int row);
+    static void showWholeText(HWND editor, const std::wstring& text);
     void editorCloses();
     static LRESULT CALLBACK editorProcedure(HWND editor, UINT message, WPARAM wParam, LPARAM lParam,
                                             UINT_PTR identifier, DWORD_PTR grid) noexcept;
