@@ -1,6 +1,7 @@
 // The list view shows the current row as selected, whatever the user does to the selection.
-#include <commctrl.h>
+#include <windows.h>
 
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include "kb/frmKBConfiguration.ids.h"
