@@ -1,4 +1,5 @@
 // The attachment settings dialog.
+#include "tests/forms/dialog_table.h"
 #include "tests/forms/settings_test_base.h"
 
 namespace tests {
@@ -534,17 +535,6 @@ TEST_F(AttachmentSettings, AccessKeysWorkOnTheShownPage) {
 
 // --- Every setting: stored before x what the user does x OK or Cancel -------------------------------------
 
-struct Before {
-    const char* name;
-    std::function<void(Settings&)> prepare;
-};
-
-struct Deed {
-    const char* name;
-    std::function<void(User&, frmAttachment&)> act;
-    std::function<void(Settings&)> result;
-};
-
 void setOptions(Settings& settings, bool add, bool every, bool limited) {
     settings.AddAttachments = add;
     settings.AddAllAttachments = every;
@@ -568,7 +558,7 @@ void tick(User& user, frmAttachment& form) {
     if (!form.chkKBAdd.checked()) user.click(form.chkKBAdd);
 }
 
-std::vector<Deed> deeds() {
+std::vector<Deed<frmAttachment>> deeds() {
     return {
         {"Nothing", [](User&, frmAttachment&) {}, [](Settings&) {}},
         {"Add", [](User& user, frmAttachment& form) { user.click(form.chkKBAdd); },
@@ -609,9 +599,8 @@ std::vector<Deed> deeds() {
     };
 }
 
-using Row = std::tuple<Before, Deed, bool>;
-
-class AttachmentSettingsTable : public AttachmentSettings, public testing::WithParamInterface<Row> {};
+class AttachmentSettingsTable : public AttachmentSettings,
+                                public testing::WithParamInterface<DialogRow<frmAttachment>> {};
 
 TEST_P(AttachmentSettingsTable, WritesAndStoresOnOkAndForgetsOnCancel) {
     const auto& [before, deed, confirmed] = GetParam();
@@ -637,14 +626,8 @@ TEST_P(AttachmentSettingsTable, WritesAndStoresOnOkAndForgetsOnCancel) {
     EXPECT_EQ(stored(L"AddAttachmentsToQuery"), written(expected.AddAttachmentsToQuery));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, AttachmentSettingsTable,
-                         testing::Combine(testing::ValuesIn(startingPoints()), testing::ValuesIn(deeds()),
-                                          testing::Bool()),
-                         [](const auto& row) {
-                             return std::string(std::get<0>(row.param).name) + "_" +
-                                    std::get<1>(row.param).name +
-                                    (std::get<2>(row.param) ? "_Ok" : "_Cancel");
-                         });
+INSTANTIATE_TEST_SUITE_P(All, AttachmentSettingsTable, everyRow(startingPoints(), deeds()),
+                         rowName<frmAttachment>);
 
 }  // namespace
 }  // namespace tests

@@ -1,4 +1,5 @@
 // The search settings dialog.
+#include "tests/forms/dialog_table.h"
 #include "tests/forms/settings_test_base.h"
 
 namespace tests {
@@ -417,18 +418,7 @@ TEST_F(SearchSettings, AccessKeysReachTheControlsOfTheirLabels) {
 
 // --- Every setting: stored before x what the user does x OK or Cancel -------------------------------------
 
-struct Before {
-    const char* name;
-    std::function<void(Settings&)> prepare;
-};
-
-/// What the user does, and what OK makes of the record. `DefaultProject` is "Mail" before.
-struct Deed {
-    const char* name;
-    std::function<void(User&, frmSettings&)> act;
-    std::function<void(Settings&)> result;
-};
-
+// `DefaultProject` is "Mail" before.
 std::vector<Before> startingPoints() {
     const auto with = [](auto set) { return [set](Settings& settings) { set(settings); }; };
     return {
@@ -465,7 +455,7 @@ void typeOver(User& user, ui::TextBox& box, const std::wstring& text) {
     user.type(box, text);
 }
 
-std::vector<Deed> deeds() {
+std::vector<Deed<frmSettings>> deeds() {
     return {
         {"Nothing", [](User&, frmSettings&) {}, [](Settings&) {}},
         {"AutoInfo", [](User& user, frmSettings& form) { user.click(form.chkAutoInfo); },
@@ -535,9 +525,8 @@ void settleScopes(Settings& settings, const Settings& shown) {
     settings.AutoFindUnread = settings.AutoInfo && !allShown;
 }
 
-using Row = std::tuple<Before, Deed, bool>;
-
-class SearchSettingsTable : public SearchSettings, public testing::WithParamInterface<Row> {};
+class SearchSettingsTable : public SearchSettings,
+                            public testing::WithParamInterface<DialogRow<frmSettings>> {};
 
 TEST_P(SearchSettingsTable, StoresOnOkAndForgetsOnCancel) {
     const auto& [before, deed, confirmed] = GetParam();
@@ -568,14 +557,7 @@ TEST_P(SearchSettingsTable, StoresOnOkAndForgetsOnCancel) {
     EXPECT_EQ(storedText(L"DefaultProject"), L"Mail") << "the registry waits for Apply";
 }
 
-INSTANTIATE_TEST_SUITE_P(All, SearchSettingsTable,
-                         testing::Combine(testing::ValuesIn(startingPoints()), testing::ValuesIn(deeds()),
-                                          testing::Bool()),
-                         [](const auto& row) {
-                             return std::string(std::get<0>(row.param).name) + "_" +
-                                    std::get<1>(row.param).name +
-                                    (std::get<2>(row.param) ? "_Ok" : "_Cancel");
-                         });
+INSTANTIATE_TEST_SUITE_P(All, SearchSettingsTable, everyRow(startingPoints(), deeds()), rowName<frmSettings>);
 
 // --- Bad input --------------------------------------------------------------------------------------------
 

@@ -78,6 +78,25 @@ TEST_F(SettingsFromPage, ANewShortcutReachesTheAddInThoughTheDialogWasOpenedAndC
     EXPECT_THAT(calls.linesWith("addin SetFindShortcut"), ElementsAre("addin SetFindShortcut(1)"));
 }
 
+TEST_F(SettingsFromPage, AStoredShortcutOfNoEntryStaysUntilOkStoresNoSelection) {
+    stage->setValue(PROFILE, L"FindShortcut", 7);
+    application.load(vexa::settingOf(&vexa::Settings::FindShortcut));
+    const auto end = [&](const std::function<ui::Button&(frmSettings&)>& button) {
+        stage->whenShown<frmSettings>([&](frmSettings& form) {
+            EXPECT_EQ(form.cboSearchShortcut.selectedIndex(), -1);
+            user.click(button(form));
+        });
+        user.click(page->cmdSettings);
+        page->PropertyPage_Apply();
+    };
+    end([](frmSettings& form) -> ui::Button& { return form.cmdCancel; });
+    EXPECT_EQ(integer(PROFILE, L"FindShortcut"), 7);
+    EXPECT_THAT(calls.linesWith("addin SetFindShortcut"), IsEmpty());
+    end([](frmSettings& form) -> ui::Button& { return form.cmdOk; });
+    EXPECT_EQ(integer(PROFILE, L"FindShortcut"), -1);
+    EXPECT_THAT(stage->messages(), IsEmpty());
+}
+
 TEST_F(SettingsFromPage, TheLoggingSwitchReachesTheAddInOnApply) {
     stage->whenShown<frmSettings>([&](frmSettings& form) {
         user.click(form.chkLoggingInformation);
