@@ -70,4 +70,10 @@ private:
     HKEY key_ = nullptr;
 };
 
+/// What a window's first messages make it do: painting, above all.
+inline void handleMessages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+}
+
 }  // namespace bench

@@ -59,12 +59,6 @@ public:
 
 INT_PTR CALLBACK bareProcedure(HWND, UINT message, WPARAM, LPARAM) { return message == WM_INITDIALOG; }
 
-/// What a window's first messages make it do: painting, above all.
-void handleMessages() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-}
-
 /// The same template made, shown, its first messages handled, and destroyed.
 void openBare(const Fixture& fixture) {
     const win::Activation themed(fixture.screen.context());
@@ -74,7 +68,7 @@ void openBare(const Fixture& fixture) {
     EnableWindow(owner, FALSE);
     ShowWindow(dialog, SW_SHOW);
     SetForegroundWindow(dialog);
-    handleMessages();
+    bench::handleMessages();
     EnableWindow(owner, TRUE);
     ShowWindow(dialog, SW_HIDE);
     DestroyWindow(dialog);
@@ -148,7 +142,7 @@ int main() {
         met &= measureLargeText(form);
     });
     met &= bench::measure({"opening the composer", 1.3,
-                           [&] { fixture.open([](frmSendBugReport&) { handleMessages(); }); },
+                           [&] { fixture.open([](frmSendBugReport&) { bench::handleMessages(); }); },
                            [&] { openBare(fixture); }, 31, 2});
     return met ? 0 : 1;
 }

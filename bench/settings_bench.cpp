@@ -27,10 +27,11 @@ public:
         owner = screen.createDialog(IDD_frmSettings, nullptr);
     }
 
-    /// Opens a dialog of the program and closes it at once.
+    /// Opens a dialog of the program, plays `script` once its first messages have been handled, closes it.
     template <class Dialog, class... More>
     void open(const std::function<void(Dialog&)>& script, More&&... more) {
         screen.onModal = [&](ui::Form& form) {
+            bench::handleMessages();
             script(dynamic_cast<Dialog&>(form));
             form.window().close();
         };
@@ -59,8 +60,7 @@ void openBare(const Fixture& fixture, int identifier) {
     EnableWindow(owner, FALSE);
     ShowWindow(dialog, SW_SHOW);
     SetForegroundWindow(dialog);
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    bench::handleMessages();
     EnableWindow(owner, TRUE);
     ShowWindow(dialog, SW_HIDE);
     DestroyWindow(dialog);

@@ -141,6 +141,39 @@ TEST_F(ControlsTest, EnterPressesTheButtonThatHasTheFocus) {
     });
 }
 
+/// The tooltip control of a window; null where it has none.
+HWND tooltipsOf(HWND owner) {
+    for (HWND tips = nullptr; (tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr;)
+        if (GetWindow(tips, GW_OWNER) == owner) return tips;
+    return nullptr;
+}
+
+std::wstring tipFor(HWND tips, HWND owner, HWND control) {
+    wchar_t text[80] = L"";
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.uFlags = TTF_IDISHWND;
+    tool.hwnd = owner;
+    tool.uId = reinterpret_cast<UINT_PTR>(control);
+    tool.lpszText = text;
+    SendMessageW(tips, TTM_GETTEXTW, 80, reinterpret_cast<LPARAM>(&tool));
+    return text;
+}
+
+TEST_F(ControlsTest, ATipIsThereAsSoonAsTheMouseComesToItsControl) {
+    inDialog(IDD_testDialog, [&](TestForm& form) {
+        auto& button = form.control<ui::Button>(IDC_testButton);
+        button.setTooltip(L"First");
+        EXPECT_EQ(tooltipsOf(form.handle()), nullptr);
+        user.moveMouse(button, 2, 2);
+        const HWND tips = tooltipsOf(form.handle());
+        ASSERT_NE(tips, nullptr);
+        EXPECT_EQ(tipFor(tips, form.handle(), windowOf(button)), L"First");
+        button.setTooltip(L"Second");
+        EXPECT_EQ(tipFor(tips, form.handle(), windowOf(button)), L"Second");
+    });
+}
+
 TEST_F(ControlsTest, APictureButtonBearsItsTooltipAsWindowTextAndKeepsItsEmptyCaption) {
     inDialog(IDD_testDialog, [&](TestForm& form) {
         auto& button = form.control<ui::Button>(IDC_testPictureButton);

@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <memory>
+#include <utility>
 
 #include "windows/controls/window.h"
 
@@ -100,6 +101,10 @@ bool ControlBase::mouseDownTaken(int button, LPARAM lParam) {
 }
 
 void ControlBase::mouseMoved(WPARAM wParam, LPARAM lParam) {
+    if (!tip_.empty() && !std::exchange(tipReady_, true)) {
+        dialog_.tooltips().set(handle_, tip_);
+        dialog_.tooltips().relay(handle_, WM_MOUSEMOVE, wParam, lParam);
+    }
     ui::MouseEvent event{heldButton(wParam), modifiersNow(), GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
     raise(control_.onMouseMove, event);
 }
@@ -167,7 +172,7 @@ void ControlBase::placeAt(const ui::Rect& bounds) {
 
 void ControlBase::setTip(const std::wstring& text) {
     tip_ = text;
-    if (handle_ != nullptr) dialog_.tooltips().set(handle_, text);
+    if (handle_ != nullptr && tipReady_) dialog_.tooltips().set(handle_, text);
 }
 
 }  // namespace win

@@ -93,6 +93,8 @@ private:
     HWND handle_;
     ui::Control& control_;
     std::wstring tip_;
+    /// The tooltip control knows the tip.
+    bool tipReady_ = false;
 };
 
 /// A wrapper that speaks an interface of the vocabulary; the kinds add what is theirs.

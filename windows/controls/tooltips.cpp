@@ -30,4 +30,13 @@ void Tooltips::set(HWND control, const std::wstring& text) {
     if (!text.empty()) SendMessageW(handle_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
+void Tooltips::relay(HWND control, UINT message, WPARAM wParam, LPARAM lParam) const {
+    MSG heard{};
+    heard.hwnd = control;
+    heard.message = message;
+    heard.wParam = wParam;
+    heard.lParam = lParam;
+    SendMessageW(handle_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&heard));
+}
+
 }  // namespace win

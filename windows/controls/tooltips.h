@@ -1,4 +1,5 @@
-// The tooltips of one window: one tooltip control for all of its controls, made with the first tip.
+// The tooltips of one window: one tooltip control for all of its controls, made when the mouse first comes to
+// one that has a tip, because most windows are opened and closed without that.
 #pragma once
 
 #include <windows.h>
@@ -18,6 +19,8 @@ public:
 
     /// An empty text takes the tip away.
     void set(HWND control, const std::wstring& text);
+    /// A mouse message that the control got before it had its tip.
+    void relay(HWND control, UINT message, WPARAM wParam, LPARAM lParam) const;
 
 private:
     void create();
