@@ -7,6 +7,7 @@
 #include <memory>
 #include <numeric>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bench/bare_calls.h"
@@ -92,6 +93,52 @@ void bareFill(int count) {
     }
 }
 
+/// The keys of the list's rows and nothing else, sorted as a click on the header of their column sorts the
+/// list: down at first, then up and down in turn.
+class BareRows {
+public:
+    BareRows(const ui::Grid& list, vexa::Conversions& conversions) : order_(std::size_t(list.rowCount())) {
+        std::iota(order_.begin(), order_.end(), 0);
+        for (int row = 0; row < list.rowCount(); ++row) {
+            names_.push_back(conversions.lower(list.cellText(row, vexa::column::name)));
+            dates_.push_back(list.cellNumber(row, vexa::column::lastUpdate));
+            sizes_.push_back(list.cellNumber(row, vexa::column::size));
+            documents_.push_back(list.cellText(row, vexa::column::documents));
+        }
+    }
+
+    void sort(int column) {
+        const bool up = std::exchange(up_[column], !up_[column]);
+        switch (column) {
+            case vexa::column::name: return sort(names_, up);
+            case vexa::column::lastUpdate: return sort(dates_, up);
+            case vexa::column::size: return sort(sizes_, up);
+            default: return sort(documents_, up);
+        }
+    }
+
+    [[nodiscard]] bool areAsIn(const ui::Grid& list) const {
+        for (int row = 0; row < list.rowCount(); ++row)
+            if (list.cell(row, vexa::column::name).key != names_[order_[std::size_t(row)]]) return false;
+        return true;
+    }
+
+private:
+    template <class Key>
+    void sort(const std::vector<Key>& keys, bool up) {
+        std::stable_sort(order_.begin(), order_.end(), [&](std::size_t first, std::size_t second) {
+            return up ? keys[first] < keys[second] : keys[second] < keys[first];
+        });
+    }
+
+    std::vector<std::size_t> order_;
+    std::vector<std::wstring> names_;
+    std::vector<double> dates_;
+    std::vector<double> sizes_;
+    std::vector<std::wstring> documents_;
+    bool up_[vexa::column::count]{};
+};
+
 class Bench {
 public:
     Bench() {
@@ -114,8 +161,8 @@ public:
 private:
     void measureAll(vexa::frmKBConfiguration& form) {
         measureFill();
-        for (int column = 0; column < 4; ++column) measureSort(form, column);
-        measureGrowth();
+        measureSorts(form.sftKBConfiguration);
+        measureGrowth(form.sftKBConfiguration);
     }
 
     void refill() { addIn_->finished(L"Knowledgebase 1", false); }
@@ -125,53 +172,39 @@ private:
                                 [] { bareFill(LARGE); }, 7});
     }
 
-    void measureSort(vexa::frmKBConfiguration& form, int column) {
-        ui::Grid& list = form.sftKBConfiguration;
-        const auto click = [&] { list.onHeaderClick(column); };
-        const std::string name = "sort 10,000 rows by column " + std::to_string(column);
-        if (column == 1 || column == 2)
-            return measureSort(name, click,
-                               keys<double>(list, [&](int row) { return list.cellNumber(row, column); }));
-        measureSort(name, click, keys<std::wstring>(list, [&](int row) {
-                        return machine_.platform().conversions.lower(list.cellText(row, column));
-                    }));
+    /// A click on a header against a bare sort of the same keys. Both sides sort down and up in turn, in one
+    /// series from the order of the click before, in the other from the order of another column.
+    void measureSorts(ui::Grid& list) {
+        BareRows rows(list, machine_.platform().conversions);
+        for (int column = 0; column < vexa::column::count; ++column) {
+            const std::string name = "sort 10,000 rows by column " + std::to_string(column);
+            const auto click = [&] { list.onHeaderClick(column); };
+            const auto bare = [&] { rows.sort(column); };
+            met_ &= bench::measure({name + ", turned round", 2, click, bare});
+            const int other = (column + 2) % vexa::column::count;
+            met_ &= bench::measure({name + ", from another's order", 2, click, bare, 31, 1,
+                                    [&] { list.onHeaderClick(other); }, [&] { rows.sort(other); }});
+        }
+        if (rows.areAsIn(list)) return;
+        std::printf("The bare side has sorted otherwise than the list.\n");
+        met_ = false;
     }
 
-    template <class Key, class KeyOf>
-    static std::vector<Key> keys(const ui::Grid& list, KeyOf keyOf) {
-        std::vector<Key> all;
-        for (int row = 0; row < list.rowCount(); ++row) all.push_back(keyOf(row));
-        return all;
-    }
-
-    /// Both sides sort up and down in turn, each from the order of the time before.
-    template <class Key>
-    void measureSort(const std::string& name, const std::function<void()>& click,
-                     const std::vector<Key>& keys) {
-        std::vector<std::size_t> order(keys.size());
-        std::iota(order.begin(), order.end(), 0);
-        bool up = false;
-        const auto bare = [&] {
-            std::stable_sort(order.begin(), order.end(), [&](std::size_t first, std::size_t second) {
-                return up ? keys[first] < keys[second] : keys[second] < keys[first];
-            });
-            up = !up;
-        };
-        met_ &= bench::measure({name, 2, click, bare, 15, 2});
-    }
-
-    void measureGrowth() {
-        met_ &= bench::measureGrowth("refill", 11, SMALL, LARGE, [this](int count) {
-            setCount(count);
-            return [this] { refill(); };
+    void measureGrowth(ui::Grid& list) {
+        measureGrowth("refill", [this] { refill(); });
+        measureGrowth("unlock with the list kept", [this] { addIn_->finished(L"Knowledgebase 1", true); });
+        measureGrowth("select the last row and the first again", [&list] {
+            list.setCurrentRow(list.rowCount() - 1);
+            list.setCurrentRow(0);
         });
-        met_ &= bench::measureGrowth("unlock with the list kept", 11, SMALL, LARGE, [this](int count) {
+    }
+
+    void measureGrowth(const std::string& name, const std::function<void()>& deed) {
+        met_ &= bench::measureGrowth(name, 11, SMALL, LARGE, [&](int count) {
             setCount(count);
             refill();
-            return [this] { addIn_->finished(L"Knowledgebase 1", true); };
+            return deed;
         });
-        setCount(LARGE);
-        refill();
     }
 
     NobodyRuns locator_;

@@ -8,8 +8,9 @@
 namespace bench {
 namespace {
 
-double seconds(const std::function<void()>& deed, int repetitions) {
+double seconds(const std::function<void()>& deed, int repetitions, const std::function<void()>& before = {}) {
     using Clock = std::chrono::steady_clock;
+    if (before) before();
     const auto begin = Clock::now();
     for (int repetition = 0; repetition < repetitions; ++repetition) deed();
     return std::chrono::duration<double>(Clock::now() - begin).count() / repetitions;
@@ -35,8 +36,8 @@ bool measure(const Pair& pair) {
     std::vector<double> bare;
     std::vector<double> ratios;
     for (int round = 0; round < pair.rounds; ++round) {
-        deed.push_back(seconds(pair.deed, pair.repetitions));
-        bare.push_back(seconds(pair.bare, pair.repetitions));
+        deed.push_back(seconds(pair.deed, pair.repetitions, pair.beforeDeed));
+        bare.push_back(seconds(pair.bare, pair.repetitions, pair.beforeBare));
         ratios.push_back(deed.back() / bare.back());
     }
     const bool met = report(pair.name, quantile(ratios, 0.5), pair.goal);
@@ -46,21 +47,26 @@ bool measure(const Pair& pair) {
     return met;
 }
 
-double medianSeconds(const std::function<void()>& deed, int rounds, int repetitions) {
-    deed();
-    std::vector<double> times;
-    for (int round = 0; round < rounds; ++round) times.push_back(seconds(deed, repetitions));
-    return quantile(times, 0.5);
-}
-
 bool measureGrowth(const std::string& name, double goal, int small, int large,
                    const std::function<std::function<void()>(int size)>& prepare) {
-    const auto smallDeed = prepare(small);
-    const double smallTime = medianSeconds(smallDeed, 11, 1);
-    const auto largeDeed = prepare(large);
-    const double largeTime = medianSeconds(largeDeed, 11, 1);
-    const bool met = report(name, largeTime / smallTime, goal);
-    std::printf("   (%d: %.2f ms, %d: %.2f ms)\n", small, smallTime * 1e3, large, largeTime * 1e3);
+    constexpr int ROUNDS = 9;
+    const auto timeOf = [&](int size) {
+        const auto deed = prepare(size);
+        deed();
+        return seconds(deed, 1);
+    };
+    std::vector<double> smallTimes;
+    std::vector<double> largeTimes;
+    std::vector<double> ratios;
+    for (int round = 0; round < ROUNDS; ++round) {
+        smallTimes.push_back(timeOf(small));
+        largeTimes.push_back(timeOf(large));
+        ratios.push_back(largeTimes.back() / smallTimes.back());
+    }
+    const bool met = report(name, quantile(ratios, 0.5), goal);
+    std::printf("   (quartiles %.3f to %.3f; %d: %.2f ms, %d: %.2f ms)\n", quantile(ratios, 0.25),
+                quantile(ratios, 0.75), small, quantile(smallTimes, 0.5) * 1e3, large,
+                quantile(largeTimes, 0.5) * 1e3);
     std::fflush(stdout);
     return met;
 }

@@ -198,9 +198,7 @@ int frmKBConfiguration::findRowIgnoringCase(const std::wstring& name) const {
 // --- Sorting ----------------------------------------------------------------------------------------------
 
 void frmKBConfiguration::sortList() {
-    sftKBConfiguration.reorder(
-        rowOrder(sftKBConfiguration, nSortColumn, nSortType,
-                 [this](double first, double second) { return SortCompare(first, second); }));
+    sortRows(sftKBConfiguration, nSortColumn, nSortType, nNextOrder[column::lastUpdate]);
 }
 
 void frmKBConfiguration::restoreSort() {
@@ -227,7 +225,7 @@ void frmKBConfiguration::showSortArrow() {
 
 void frmKBConfiguration::HeaderClick(int clicked) {
     if (!nameIsFinished() || bLocked || busy_) return;
-    sftKBConfiguration.setSortArrow(nSortColumn, ui::SortArrow::none);
+    if (clicked != nSortColumn) sftKBConfiguration.setSortArrow(nSortColumn, ui::SortArrow::none);
     std::int32_t& nextOrder = nNextOrder.at(static_cast<std::size_t>(clicked));
     nSortColumn = clicked;
     nSortOrder = nextOrder;
@@ -235,13 +233,6 @@ void frmKBConfiguration::HeaderClick(int clicked) {
     sortList();  // the current knowledgebase stays the current one
     showSortArrow();
     nextOrder = nSortOrder == DESCENDING ? ASCENDING : DESCENDING;
-}
-
-int frmKBConfiguration::SortCompare(double first, double second) const noexcept {
-    const bool ascending = nNextOrder[column::lastUpdate] > 0;
-    if (second < first) return ascending ? 1 : -1;
-    if (second > first) return ascending ? -1 : 1;
-    return 0;
 }
 
 // --- Current row and buttons ------------------------------------------------------------------------------

@@ -69,8 +69,6 @@ private:
     [[nodiscard]] ui::GridRow rowOf(const std::wstring& name);
     void sortList();
     void restoreSort();
-    /// Dates in seconds; a row never updated is the oldest.
-    [[nodiscard]] int SortCompare(double first, double second) const noexcept;
     void showSortArrow();
     void HeaderClick(int column);
     void CaretChange();

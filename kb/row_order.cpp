@@ -1,43 +1,36 @@
 #include "kb/row_order.h"
 
-#include <algorithm>
-#include <utility>
+#include <functional>
+#include <string_view>
+#include <vector>
 
 namespace vexa {
 namespace {
 
-/// `keyOf(row)` is what a row is sorted by, `before(first, second)` compares two of them.
-template <class KeyOf, class Before>
-std::vector<int> ordered(int rows, KeyOf keyOf, Before before) {
-    using Key = decltype(keyOf(0));
-    std::vector<std::pair<Key, int>> keys;
-    keys.reserve(static_cast<std::size_t>(rows));
-    for (int row = 0; row < rows; ++row) keys.emplace_back(keyOf(row), row);
-    std::ranges::stable_sort(
-        keys, [&](const auto& first, const auto& second) { return before(first.first, second.first); });
-    std::vector<int> order;
-    order.reserve(keys.size());
-    for (const auto& key : keys) order.push_back(key.second);
-    return order;
-}
+class NumberKeys {
+public:
+    void add(const ui::GridCell& cell) { numbers_.push_back(cell.number); }
+    [[nodiscard]] double operator[](std::size_t index) const { return numbers_[index]; }
 
-std::vector<int> orderedByNumber(const ui::Grid& grid, int column, bool ascending) {
-    return ordered(
-        grid.rowCount(), [&](int row) { return grid.cellNumber(row, column); },
-        [ascending](double first, double second) { return ascending ? first < second : second < first; });
-}
+private:
+    std::vector<double> numbers_;
+};
 
-std::vector<int> orderedByText(const ui::Grid& grid, int column, bool ascending) {
-    const auto keyOf = [&](int row) {
-        const ui::GridCell& cell = grid.cell(row, column);
-        return cell.key.empty() ? &cell.text : &cell.key;
-    };
-    return ordered(grid.rowCount(), keyOf,
-                   [ascending](const std::wstring* first, const std::wstring* second) {
-                       const int difference = first->compare(*second);
-                       return ascending ? difference < 0 : difference > 0;
-                   });
-}
+/// The texts lie one behind the other: where the cells have them, comparing them walks through all memory.
+class TextKeys {
+public:
+    void add(const ui::GridCell& cell) {
+        texts_ += cell.key.empty() ? cell.text : cell.key;
+        ends_.push_back(texts_.size());
+    }
+    [[nodiscard]] std::wstring_view operator[](std::size_t index) const {
+        return {texts_.data() + ends_[index], ends_[index + 1] - ends_[index]};
+    }
+
+private:
+    std::wstring texts_;
+    std::vector<std::size_t> ends_{0};
+};
 
 }  // namespace
 
@@ -52,17 +45,23 @@ bool sortCodeFits(int column, std::int32_t code) {
     return code == sortCodeOf(column, ASCENDING) || code == sortCodeOf(column, DESCENDING);
 }
 
-std::vector<int> rowOrder(const ui::Grid& grid, int column, std::int32_t code,
-                          const DateCompare& compareDates) {
+int SortCompare(double first, double second, std::int32_t nextOrder) {
+    const bool ascending = nextOrder > 0;
+    if (second < first) return ascending ? 1 : -1;
+    if (second > first) return ascending ? -1 : 1;
+    return 0;
+}
+
+void sortRows(ui::Grid& grid, int column, std::int32_t code, std::int32_t nextOrder) {
     switch (code) {
         case sortCode::date:
-            return ordered(
-                grid.rowCount(), [&](int row) { return grid.cellNumber(row, column); },
-                [&](double first, double second) { return compareDates(first, second) < 0; });
-        case sortCode::numberAscending:
-        case sortCode::numberDescending:
-            return orderedByNumber(grid, column, code == sortCode::numberAscending);
-        default: return orderedByText(grid, column, code == sortCode::textAscending);
+            return grid.sort(column, NumberKeys(), [nextOrder](double first, double second) {
+                return SortCompare(first, second, nextOrder) < 0;
+            });
+        case sortCode::numberAscending: return grid.sort(column, NumberKeys(), std::less());
+        case sortCode::numberDescending: return grid.sort(column, NumberKeys(), std::greater());
+        case sortCode::textDescending: return grid.sort(column, TextKeys(), std::greater());
+        default: return grid.sort(column, TextKeys(), std::less());
     }
 }
 

@@ -1,9 +1,6 @@
 // The order of the list's rows: by text, by number or by date, in the codes that are kept between openings.
 #pragma once
 
-#include <functional>
-#include <vector>
-
 #include "kb/knowledgebase_record.h"
 
 namespace vexa {
@@ -26,12 +23,11 @@ constexpr std::int32_t DESCENDING = 0;
 /// Whether a code can be one for this column, in either order.
 [[nodiscard]] bool sortCodeFits(int column, std::int32_t code);
 
-/// Which of two dates (seconds) comes first: below 0 the first, above 0 the second, 0 neither.
-using DateCompare = std::function<int(double first, double second)>;
+/// Which of two dates (seconds) comes first: below 0 the first, above 0 the second, 0 neither. `nextOrder` is
+/// what the next click on the dates sorts by; a row never updated is the oldest.
+[[nodiscard]] int SortCompare(double first, double second, std::int32_t nextOrder);
 
-/// The present numbers of the rows in their new order. Texts are compared without regard to case. Rows that
-/// are equal keep their order.
-[[nodiscard]] std::vector<int> rowOrder(const ui::Grid& grid, int column, std::int32_t code,
-                                        const DateCompare& compareDates);
+/// Sorts the list by a column, texts without regard to case. Rows that are equal keep their order.
+void sortRows(ui::Grid& grid, int column, std::int32_t code, std::int32_t nextOrder);
 
 }  // namespace vexa

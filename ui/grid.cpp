@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace ui {
 
@@ -16,7 +17,8 @@ void Grid::setColumns(std::vector<GridColumn> columns) {
 SortArrow Grid::sortArrow(int column) const { return arrows_.at(static_cast<std::size_t>(column)); }
 
 void Grid::setSortArrow(int column, SortArrow arrow) {
-    arrows_.at(static_cast<std::size_t>(column)) = arrow;
+    SortArrow& shown = arrows_.at(static_cast<std::size_t>(column));
+    if (arrow == std::exchange(shown, arrow)) return;
     showSortArrow(column);
 }
 
@@ -27,25 +29,29 @@ std::size_t Grid::checked(int row) const {
     return static_cast<std::size_t>(row);
 }
 
-const GridRow& Grid::row(int row) const { return rows_[checked(row)]; }
+const GridRow& Grid::row(int row) const { return rows_[order_[checked(row)]]; }
 
-const GridCell& Grid::cell(int row, int column) const {
+const GridCell& Grid::cellOf(const GridRow& row, int column) {
     static const GridCell none;
-    const std::vector<GridCell>& cells = rows_[checked(row)].cells;
     const auto index = static_cast<std::size_t>(column);
-    return index < cells.size() ? cells[index] : none;
+    return index < row.cells.size() ? row.cells[index] : none;
 }
 
 int Grid::addRow(GridRow row) {
     rows_.push_back(std::move(row));
+    order_.push_back(rows_.size() - 1);
     rowsChanged();
     return rowCount() - 1;
 }
 
 void Grid::removeRow(int row) {
-    const std::size_t index = checked(row);
+    const auto place = order_.begin() + static_cast<std::ptrdiff_t>(checked(row));
     if (edited_ == row) dropEdit();
-    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
+    const std::size_t removed = *place;
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(removed));
+    order_.erase(place);
+    for (std::size_t& later : order_)
+        if (later > removed) --later;
     if (edited_ > row) --edited_;
     if (current_ > row)
         --current_;
@@ -57,12 +63,13 @@ void Grid::removeRow(int row) {
 void Grid::clear() {
     dropEdit();
     rows_.clear();
+    order_.clear();
     current_ = -1;
     rowsChanged();
 }
 
 void Grid::setCell(int row, int column, GridCell cell) {
-    std::vector<GridCell>& cells = rows_[checked(row)].cells;
+    std::vector<GridCell>& cells = rows_[order_[checked(row)]].cells;
     const auto index = static_cast<std::size_t>(column);
     if (cells.size() <= index) cells.resize(index + 1);
     cells[index] = std::move(cell);
@@ -74,15 +81,8 @@ void Grid::setAllRowsEnabled(bool enabled) {
     rowsChanged();
 }
 
-void Grid::reorder(const std::vector<int>& order) {
-    if (order.size() != rows_.size()) throw std::invalid_argument("an order names each row once");
-    dropEdit();
-    std::vector<GridRow> rows;
-    rows.reserve(rows_.size());
-    for (const int row : order) rows.push_back(std::move(rows_[checked(row)]));
-    rows_ = std::move(rows);
-    const auto place = std::ranges::find(order, current_);
-    if (place != order.end()) current_ = static_cast<int>(place - order.begin());
+void Grid::orderChanged(std::size_t current) {
+    if (current_ != -1) current_ = static_cast<int>(std::ranges::find(order_, current) - order_.begin());
     rowsChanged();
 }
 

@@ -2,6 +2,8 @@
 // reports what the user does with them.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -49,11 +51,11 @@ public:
     [[nodiscard]] SortArrow sortArrow(int column) const;
     void setSortArrow(int column, SortArrow arrow);
 
-    [[nodiscard]] int rowCount() const { return static_cast<int>(rows_.size()); }
+    [[nodiscard]] int rowCount() const { return static_cast<int>(order_.size()); }
     [[nodiscard]] const GridRow& row(int row) const;
     [[nodiscard]] const std::wstring& cellText(int row, int column) const { return cell(row, column).text; }
     /// An empty cell where the row has none there.
-    [[nodiscard]] const GridCell& cell(int row, int column) const;
+    [[nodiscard]] const GridCell& cell(int row, int column) const { return cellOf(this->row(row), column); }
     [[nodiscard]] double cellNumber(int row, int column) const { return cell(row, column).number; }
     /// Adds at the end and returns the number of the new row.
     int addRow(GridRow row);
@@ -62,9 +64,18 @@ public:
     void clear();
     void setCell(int row, int column, GridCell cell);
     void setAllRowsEnabled(bool enabled);
-    /// Puts the rows in another order: row i becomes what was row `order[i]`. The current row stays current;
-    /// an open edit ends without notice.
-    void reorder(const std::vector<int>& order);
+    /// Sorts the rows by a column: `keys.add(cell)` takes what a row goes by, `before(keys[first],
+    /// keys[second])` compares two of them. Rows that are equal keep their order, the current row stays
+    /// current, an open edit ends without notice.
+    template <class Keys, class Before>
+    void sort(int column, Keys keys, Before before) {
+        dropEdit();
+        for (const GridRow& row : rows_) keys.add(cellOf(row, column));
+        const std::size_t current = current_ == -1 ? rows_.size() : order_[checked(current_)];
+        std::ranges::stable_sort(
+            order_, [&](std::size_t first, std::size_t second) { return before(keys[first], keys[second]); });
+        orderChanged(current);
+    }
 
     /// The selected row; -1 where there is none.
     [[nodiscard]] int currentRow() const { return current_; }
@@ -140,12 +151,16 @@ protected:
 private:
     friend class BulkUpdate;
     void rowsChanged();
-    void changeCurrent(int row);
+    /// `current` is the place of the current row in `rows_`.
+    void orderChanged(std::size_t current);
     [[nodiscard]] std::size_t checked(int row) const;
+    [[nodiscard]] static const GridCell& cellOf(const GridRow& row, int column);
 
     std::vector<GridColumn> columns_;
     std::vector<SortArrow> arrows_;
+    // The rows stay where they were added; sorting moves their numbers alone.
     std::vector<GridRow> rows_;
+    std::vector<std::size_t> order_;  ///< by the row's number: its place in `rows_`
     int current_ = -1;
     int edited_ = -1;
     int bulkUpdates_ = 0;

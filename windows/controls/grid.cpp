@@ -36,6 +36,7 @@ Grid::Grid(Window& window, HWND handle) : ControlOf(window, handle) {
     images_ = ImageList_Create(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON),
                                ILC_COLOR32 | ILC_MASK, 2, 2);
     send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images_));
+    header_ = reinterpret_cast<HWND>(send(LVM_GETHEADER));
 }
 
 Grid::~Grid() {
@@ -63,14 +64,12 @@ void Grid::insertColumn(int index, const ui::GridColumn& column) {
 }
 
 void Grid::showSortArrow(int column) {
-    const auto header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
     HDITEMW item{};
     item.mask = HDI_FORMAT;
-    SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
-    item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+    item.fmt = HDF_STRING | (columns()[static_cast<std::size_t>(column)].rightAligned ? HDF_RIGHT : HDF_LEFT);
     if (sortArrow(column) == ui::SortArrow::up) item.fmt |= HDF_SORTUP;
     if (sortArrow(column) == ui::SortArrow::down) item.fmt |= HDF_SORTDOWN;
-    SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+    SendMessageW(header_, HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
 }
 
 // --- Rows -------------------------------------------------------------------------------------------------
@@ -96,7 +95,8 @@ void Grid::showCurrentRow() {
     telling_ = true;
     LVITEMW state{};
     state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-    if (selected_ != -1 && selected_ != currentRow())
+    // Where another row is selected, the list view itself takes the selection from the one before.
+    if (selected_ != -1 && currentRow() == -1)
         send(LVM_SETITEMSTATE, static_cast<WPARAM>(selected_), reinterpret_cast<LPARAM>(&state));
     selected_ = currentRow();
     if (currentRow() != -1) {

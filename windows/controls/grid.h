@@ -46,6 +46,7 @@ private:
     static LRESULT CALLBACK editorProcedure(HWND editor, UINT message, WPARAM wParam, LPARAM lParam,
                                             UINT_PTR identifier, DWORD_PTR grid) noexcept;
 
+    HWND header_;
     HIMAGELIST images_;                ///< the list view destroys it
     std::map<int, int> imageIndices_;  ///< by the icons' identifiers
     // What the list view shows: asking it would make it look through its rows.
