@@ -1,6 +1,8 @@
 // locate.exe: says where the controls of a window are, so that a script can reach them with the real mouse,
 // at any scaling.
-//   locate WINDOW            every visible control: number, class, left, top, width, height, state, text
+//   locate WINDOW            every visible control: number, class, left, top, width, height, state, and its
+//   text
+//                            on the same line: a return shows as \r, a line feed as \n
 //   locate WINDOW CONTROL    left, top, width and height of one control: "#number", or its text without "&"
 // WINDOW is the title of a visible window. Positions are pixels of the screen. Ends with 1 where there is no
 // such window or control, with 2 where the control is disabled.
@@ -21,6 +23,16 @@ struct WindowSearch {
 std::wstring textOf(HWND window) {
     wchar_t text[512];
     return {text, static_cast<std::size_t>(GetWindowTextW(window, text, 512))};
+}
+
+/// What is in the control: a text box of another program tells it only when it is asked itself.
+std::wstring contentOf(HWND control) {
+    constexpr UINT PATIENCE = 5000;  // milliseconds
+    wchar_t text[512];
+    DWORD_PTR length = 0;
+    SendMessageTimeoutW(control, WM_GETTEXT, 512, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG, PATIENCE,
+                        &length);
+    return {text, static_cast<std::size_t>(length)};
 }
 
 std::wstring withoutAccessKey(std::wstring text) {
@@ -64,6 +76,17 @@ std::string utf8(const std::wstring& text) {
     return {bytes, static_cast<std::size_t>(size)};
 }
 
+std::wstring onOneLine(const std::wstring& text) {
+    std::wstring line;
+    for (const wchar_t character : text) {
+        if (character == L'\r' || character == L'\n')
+            line += character == L'\r' ? L"\\r" : L"\\n";
+        else
+            line += character;
+    }
+    return line;
+}
+
 void printPlace(HWND control) {
     RECT place;
     GetWindowRect(control, &place);
@@ -75,7 +98,8 @@ void printLine(HWND control) {
     GetClassNameW(control, className, 64);
     std::printf("#%d %s ", GetDlgCtrlID(control), utf8(className).c_str());
     printPlace(control);
-    std::printf(" %s %s\n", IsWindowEnabled(control) ? "enabled" : "disabled", utf8(textOf(control)).c_str());
+    std::printf(" %s %s\n", IsWindowEnabled(control) ? "enabled" : "disabled",
+                utf8(onOneLine(contentOf(control))).c_str());
 }
 
 }  // namespace

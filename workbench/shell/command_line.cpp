@@ -58,6 +58,8 @@ const std::map<std::wstring, Switch> SWITCHES{
     {L"--unregister", [](CommandLine& line) { line.unregisterClass = true; }},
     {L"--sample", [](CommandLine& line) { line.sample = true; }},
     {L"--dump", [](CommandLine& line) { line.dump = true; }},
+    {L"--finish-now", [](CommandLine& line) { line.finishNow = true; }},
+    {L"--auto-update", [](CommandLine& line) { line.autoUpdate = true; }},
     {L"--show-options", [](CommandLine& line) { line.showOptions = true; }},
     {L"--exit-after-options", [](CommandLine& line) { line.exitAfterOptions = true; }},
     {L"--no-addin", [](CommandLine& line) { line.addInRuns = false; }},
@@ -103,6 +105,8 @@ std::wstring usage() {
         L"  --register, --unregister   the stand-in add-in's class, for the whole machine\n"
         L"  --sample                   replace all settings by sample knowledgebases and settings\n"
         L"  --dump                     print all settings\n"
+        L"  --finish-now               the add-in of the running workbench ends its command\n"
+        L"  --auto-update              the add-in of the running workbench begins an automatic update\n"
         L"  --help                     print this text\n\n"
         L"The page:\n"
         L"  --show-options             open the Options dialog at once\n"

@@ -15,6 +15,8 @@ struct CommandLine {
     bool unregisterClass = false;
     bool sample = false;
     bool dump = false;
+    bool finishNow = false;
+    bool autoUpdate = false;
 
     // The windows.
     bool showOptions = false;
@@ -29,7 +31,8 @@ struct CommandLine {
     std::wstring fault;
 
     [[nodiscard]] bool onlyPreparations() const {
-        return (help || registerClass || unregisterClass || sample || dump) && !showOptions;
+        return (help || registerClass || unregisterClass || sample || dump || finishNow || autoUpdate) &&
+               !showOptions;
     }
 };
 

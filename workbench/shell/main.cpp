@@ -7,6 +7,7 @@
 #include "workbench/addin/sample.h"
 #include "workbench/addin/store.h"
 #include "workbench/shell/main_window.h"
+#include "workbench/workbench.ids.h"
 
 namespace workbench {
 namespace {
@@ -28,7 +29,8 @@ bool prepare(const CommandLine& line) {
     }
     if (line.sample) fillWithSample();
     if (line.dump) print(STD_OUTPUT_HANDLE, store::dump());
-    return true;
+    if (line.finishNow && !MainWindow::tellRunning(IDM_finishNow)) return false;
+    return !line.autoUpdate || MainWindow::tellRunning(IDM_autoUpdate);
 }
 
 int runProgram() {

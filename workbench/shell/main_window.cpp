@@ -14,6 +14,8 @@
 namespace workbench {
 namespace {
 
+constexpr const wchar_t* CLASS_NAME = L"QuillmarkWorkbench";
+
 constexpr UINT OPTIONS_CLOSED = WM_APP + 1;
 constexpr UINT PRESS_BUTTON = WM_APP + 2;
 
@@ -43,7 +45,7 @@ MainWindow::MainWindow(const CommandLine& line) : line_(line) {
         automation_->raiseProcessFinished(project, keepList);
     };
     if (!line.logFile.empty() && !calls_.openLog(line.logFile)) exitCode_ = 1;
-    create(L"QuillmarkWorkbench", L"Quillmark workbench",
+    create(CLASS_NAME, L"Quillmark workbench",
            {WS_OVERLAPPEDWINDOW, 0, scaled(20), scaled(20), scaled(720), scaled(380)}, nullptr,
            LoadMenuW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDM_main)));
     addFailuresToMenu();
@@ -60,6 +62,11 @@ MainWindow::~MainWindow() {
     runningObject_.stop();
     automation_->disconnect();
     destroy();
+}
+
+bool MainWindow::tellRunning(int menuCommand) {
+    const HWND running = FindWindowW(CLASS_NAME, nullptr);
+    return running != nullptr && PostMessageW(running, WM_COMMAND, static_cast<WPARAM>(menuCommand), 0);
 }
 
 int MainWindow::run() {

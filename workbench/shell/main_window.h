@@ -19,6 +19,8 @@ public:
 
     /// The message loop. The program's exit code.
     int run();
+    /// Gives a command of the menu to the workbench that runs in another process; false where none does.
+    static bool tellRunning(int menuCommand);
 
 private:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
