@@ -174,10 +174,12 @@ ui::GridRow frmKBConfiguration::rowOf(const std::wstring& name) {
 }
 
 void frmKBConfiguration::selectEach(const std::wstring& name) {
-    for (int row = 0; row < sftKBConfiguration.rowCount(); ++row) {
+    // Each would take the selection from the one before: showing the last one is enough, and a broken count
+    // with thousands of nameless rows does not hang the host.
+    for (int row = sftKBConfiguration.rowCount() - 1; row >= 0; --row) {
         if (sftKBConfiguration.cellText(row, column::name) != name) continue;
         sftKBConfiguration.setCurrentRow(row);
-        ItemClick();
+        return ItemClick();
     }
 }
 

@@ -146,6 +146,11 @@ LRESULT Grid::draw(NMLVCUSTOMDRAW& drawing) const {
     if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || row >= rowCount() || this->row(row).enabled)
         return CDRF_DODEFAULT;
     drawing.clrText = GetSysColor(COLOR_GRAYTEXT);
+    if ((drawing.nmcd.uItemState & CDIS_SELECTED) != 0) {
+        // As long as the list view takes it for selected, it shows its own colours.
+        drawing.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
+        drawing.clrTextBk = GetSysColor(COLOR_BTNFACE);
+    }
     return CDRF_NEWFONT;
 }
 
