@@ -27,6 +27,7 @@ protected:
 
 TEST_F(SettingsControls, APictureButtonShowsItsIconAndBearsItsTooltipAsAccessibleName) {
     open([&](vexa::frmAttachment& form) {
+        user.pickTab(form.sstAttachments, 1);
         for (ui::Button* button : {&form.cmdAdd, &form.cmdRemove}) {
             EXPECT_NE(SendMessageW(windowOf(*button), BM_GETIMAGE, IMAGE_ICON, 0), 0);
             EXPECT_EQ(windowText(*button), button->tooltip());

@@ -14,6 +14,13 @@ void ComboBox::onCommand(int code) {
 }
 
 void ComboBox::move(const ui::Rect& bounds) {
+    const ui::Rect before = place();
+    if (bounds.width == before.width && bounds.height == before.height) {
+        // A box that only moves keeps its list; with a size the system would lay out both anew.
+        SetWindowPos(window(), nullptr, bounds.left, bounds.top, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        return;
+    }
     // The height that the system wants is that of the box with its list dropped down.
     const int list = static_cast<int>(send(CB_GETITEMHEIGHT)) * MOST_SHOWN_ITEMS;
     ControlOf::move({bounds.left, bounds.top, bounds.width, bounds.height + list});

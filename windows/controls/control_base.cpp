@@ -81,7 +81,12 @@ LRESULT CALLBACK ControlBase::procedure(HWND handle, UINT message, WPARAM wParam
 /// The window goes.
 void ControlBase::forget(HWND handle) {
     const std::unique_ptr<Hook> hook(hookOf(handle));
-    SetWindowLongPtrW(handle, GWLP_USERDATA, 0);
+    const auto current = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(handle, GWLP_WNDPROC));
+    // Someone who stands before this procedure may still call it.
+    if (current == procedure)
+        SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(hook->original));
+    else
+        SetWindowLongPtrW(handle, GWLP_USERDATA, 0);
     if (hook->wrapper != nullptr) hook->wrapper->handle_ = nullptr;
 }
 

@@ -42,13 +42,20 @@ void check(HWND button, bool checked) {
 // --- Button -----------------------------------------------------------------------------------------------
 
 Button::Button(Window& window, HWND handle) : ControlOf(window, handle), caption_(windowText()) {
-    if ((style() & BS_ICON) != 0) loadIcon();
+    if (isShown()) showIcon();
 }
 
-void Button::loadIcon() {
-    // 16 pixels at 96 DPI, where a pixel has 15 twips.
-    const int size = static_cast<int>(16 * 15 / dialog().screen().twipsPerPixelX() + 0.5);
-    const HICON icon = dialog().screen().icons().icon(GetDlgCtrlID(window()), size, size);
+std::optional<LRESULT> Button::onMessage(UINT message, WPARAM wParam, LPARAM) {
+    // A button of a page that nobody opens needs no icon.
+    if (message == WM_SHOWWINDOW && wParam != FALSE) showIcon();
+    return std::nullopt;
+}
+
+void Button::showIcon() {
+    if ((style() & BS_ICON) == 0 || send(BM_GETIMAGE, IMAGE_ICON) != 0) return;
+    const int width = GetSystemMetrics(SM_CXSMICON);
+    const int height = GetSystemMetrics(SM_CYSMICON);
+    const HICON icon = dialog().screen().icons().icon(GetDlgCtrlID(window()), width, height);
     send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon));
 }
 
@@ -97,7 +104,7 @@ OptionButton::OptionButton(Window& window, HWND handle)
 void OptionButton::onCommand(int code) {
     if (code != BN_CLICKED) return;
     const bool news = !known_ && selected();
-    noteGroup();
+    note(groupOf(window()));
     if (news) raise(onClick);
 }
 
@@ -105,16 +112,17 @@ bool OptionButton::selected() const { return isChecked(window()); }
 
 void OptionButton::setSelected(bool selected) {
     if (selected == isChecked(window())) return;
+    const std::vector<HWND> group = groupOf(window());
     if (selected)
-        for (HWND member : groupOf(window())) check(member, member == window());
+        for (HWND member : group) check(member, member == window());
     else
         check(window(), false);
-    noteGroup();
+    note(group);
     if (selected) raise(onClick);
 }
 
-void OptionButton::noteGroup() {
-    for (HWND member : groupOf(window()))
+void OptionButton::note(const std::vector<HWND>& group) {
+    for (HWND member : group)
         if (auto* wrapper = dynamic_cast<OptionButton*>(dialog().find(GetDlgCtrlID(member))))
             wrapper->known_ = isChecked(member);
 }

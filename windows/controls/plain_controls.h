@@ -1,6 +1,8 @@
 // The controls that need little beside what all have: label, frame, line, buttons, check box, option.
 #pragma once
 
+#include <vector>
+
 #include "ui/controls.h"
 #include "windows/controls/control_base.h"
 
@@ -16,13 +18,14 @@ class Button : public ControlOf<ui::Button> {
 public:
     Button(Window& window, HWND handle);
     void onCommand(int code) override;
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     [[nodiscard]] std::wstring text() const override { return caption_; }
     void setText(const std::wstring& text) override;
     void setTooltip(const std::wstring& text) override;
 
 private:
     void nameWindow();
-    void loadIcon();
+    void showIcon();
 
     std::wstring caption_;
 };
@@ -44,7 +47,7 @@ public:
 
 private:
     /// Every wrapper of the group takes over the state of its control.
-    void noteGroup();
+    void note(const std::vector<HWND>& group);
 
     bool known_;  ///< the state that handlers have been told
 };
