@@ -510,6 +510,26 @@ TEST_F(KBCommands, F2RenamesTheCurrentRow) {
     EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRenamed(News, Archive)"));
 }
 
+TEST_F(KBCommands, ASlowSecondClickRenamesTheCurrentRow) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        user.clickRowAndRest(form.sftKBConfiguration, 1);
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1) << "the first click only makes the row current";
+        user.clickRowAndRest(form.sftKBConfiguration, 1);
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), 1);
+        enter(form, L"Archive");
+    });
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRenamed(News, Archive)"));
+}
+
+TEST_F(KBCommands, ASlowSecondClickOnAGreyedRowDoesNothing) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        user.clickRowAndRest(form.sftKBConfiguration, 0);
+        form.sftKBConfiguration.setAllRowsEnabled(false);
+        user.clickRowAndRest(form.sftKBConfiguration, 0);
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
+    });
+}
+
 TEST_F(KBCommands, F2OnAGreyedRowDoesNothing) {
     openWith({L"Mail"}, [&](frmKBConfiguration& form) {
         choose(form, L"Mail");

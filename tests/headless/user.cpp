@@ -108,6 +108,13 @@ void User::doubleClickRow(ui::Grid& control, int row) {
     if (Grid* grid = pressed(control)) grid->doubleClickRow(row);
 }
 
+void User::clickRowAndRest(ui::Grid& control, int row) {
+    const bool again = control.currentRow() == row && control.hasFocus() && control.editedRow() == -1;
+    clickRow(control, row);
+    if (again && control.currentRow() == row && control.editedRow() == -1 && control.onBeginEdit)
+        control.onBeginEdit(row);
+}
+
 void User::clickHeader(ui::Grid& control, int column) {
     if (pressed(control) != nullptr && control.onHeaderClick) control.onHeaderClick(column);
 }

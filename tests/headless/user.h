@@ -23,6 +23,7 @@ public:
     void choose(ui::ComboBox& combo, int index) override;
     void clickRow(ui::Grid& grid, int row) override;
     void doubleClickRow(ui::Grid& grid, int row) override;
+    void clickRowAndRest(ui::Grid& grid, int row) override;
     void clickHeader(ui::Grid& grid, int column) override;
     void rewrite(ui::Grid& grid, const std::wstring& text) override;
     void clickButton(ui::Toolbar& toolbar, int index) override;

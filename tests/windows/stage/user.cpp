@@ -213,6 +213,13 @@ void WindowsUser::doubleClickRow(ui::Grid& grid, int row) {
     deliverMessages();
 }
 
+void WindowsUser::clickRowAndRest(ui::Grid& grid, int row) {
+    const int longerThanADoubleClick = static_cast<int>(GetDoubleClickTime()) + 300;
+    wait(longerThanADoubleClick);
+    clickRow(grid, row);
+    wait(longerThanADoubleClick);
+}
+
 void WindowsUser::clickHeader(ui::Grid& grid, int column) {
     const HWND list = windowOf(grid);
     if (!isReachable(list)) return;
