@@ -57,8 +57,8 @@ public:
     /// Left click on a row's first cell; also brings it into view.
     virtual void clickRow(ui::Grid& grid, int row) = 0;
     virtual void doubleClickRow(ui::Grid& grid, int row) = 0;
-    /// Left click on a row's first cell, after which the pointer rests for longer than a double click takes. On
-    /// the current row of a list that has the focus the user asks so to edit it.
+    /// Left click on a row's first cell, after which the pointer rests for longer than a double click takes.
+    /// On the current row of a list that has the focus the user asks so to edit it.
     virtual void clickRowAndRest(ui::Grid& grid, int row) = 0;
     virtual void clickHeader(ui::Grid& grid, int column) = 0;
     /// Types into the grid's open in-place editor, in place of all that is in it.
