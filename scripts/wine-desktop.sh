@@ -27,8 +27,16 @@ prepare_prefix() {
 
 set_value() { quietly wine reg add "$1" /v "$2" /t "$3" /d "$4" /f; }
 
-# Nothing that is asked of Wine here takes long; what hangs is ended.
-quietly() { timeout 120 "$@" >/dev/null 2>&1; }
+# quietly COMMAND ...: its output is seen only where it fails. Nothing that is asked of Wine here takes long; what
+# hangs is ended.
+quietly() {
+    local code=0
+    timeout 120 "$@" >"$root/build/quiet.log" 2>&1 || code=$?
+    [ "$code" = 0 ] && return
+    printf 'exit code %s: %s\n' "$code" "$*" >&2
+    cat "$root/build/quiet.log" >&2
+    return "$code"
+}
 
 # Keeps one process of the prefix alive: a session that is just ending serves no calls between processes.
 hold_prefix() {
