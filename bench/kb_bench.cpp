@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "bench/add_ins.h"
 #include "bench/bare_calls.h"
 #include "bench/ratio.h"
 #include "kb/frmKBConfiguration.h"
@@ -22,34 +23,6 @@ namespace {
 constexpr const char* PROFILE = "Software\\Norvane\\Quillmark\\Bench";
 constexpr int LARGE = 10'000;
 constexpr int SMALL = 1'000;
-
-/// An idle add-in whose event the benchmark raises.
-class QuietAddIn : public vexa::AddIn {
-public:
-    ProcessFinished finished;
-
-    void SetDefaultKnowledgebase(const std::wstring&) override {}
-    void SetLogging(bool) override {}
-    void NotifyKbAdded(const std::wstring&) override {}
-    void NotifyKbRemoved(const std::wstring&) override {}
-    void NotifyKbRenamed(const std::wstring&, const std::wstring&) override {}
-    void NotifyKbRebuild(const std::wstring&) override {}
-    void NotifyKbUpdate(const std::wstring&) override {}
-    bool IsProcessing() override { return false; }
-    bool IsAutoUpdateRunning() override { return false; }
-    bool IsSearching() override { return false; }
-    void SetFindShortcut(std::int32_t) override {}
-    void SendMail(const vexa::MailReport&) override {}
-    std::unique_ptr<vexa::EventConnection> connect(ProcessFinished handler) override {
-        finished = std::move(handler);
-        return nullptr;
-    }
-};
-
-class NobodyRuns : public vexa::AddInLocator {
-public:
-    std::shared_ptr<vexa::AddIn> running() override { return nullptr; }
-};
 
 std::string nameOf(int index) { return "Knowledgebase " + std::to_string(index * 7919 % LARGE); }
 
@@ -207,11 +180,11 @@ private:
         });
     }
 
-    NobodyRuns locator_;
+    bench::NoAddIn locator_;
     win::Machine machine_{locator_};
     win::Screen screen_{GetModuleHandleW(nullptr)};
     vexa::Application application_{machine_.platform(), screen_};
-    std::shared_ptr<QuietAddIn> addIn_ = std::make_shared<QuietAddIn>();
+    std::shared_ptr<bench::IdleAddIn> addIn_ = std::make_shared<bench::IdleAddIn>();
     HWND host_ = nullptr;
     std::unique_ptr<ui::Window> owner_;
     bool met_ = true;

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/add_ins.h"
 #include "bench/bare_calls.h"
 #include "bench/ratio.h"
 #include "page/ctlPPE.h"
@@ -17,30 +18,12 @@ constexpr const char* KEY = "Software\\Norvane\\Quillmark";
 constexpr const char* PROFILE = "Software\\Norvane\\Quillmark\\";
 constexpr WPARAM POLL_TIMER = 1;  // the first timer of a window
 
-/// An add-in that answers at once: what remains is the page's own work.
-class IdleAddIn : public vexa::AddIn {
-public:
-    void SetDefaultKnowledgebase(const std::wstring&) override {}
-    void SetLogging(bool) override {}
-    void NotifyKbAdded(const std::wstring&) override {}
-    void NotifyKbRemoved(const std::wstring&) override {}
-    void NotifyKbRenamed(const std::wstring&, const std::wstring&) override {}
-    void NotifyKbRebuild(const std::wstring&) override {}
-    void NotifyKbUpdate(const std::wstring&) override {}
-    bool IsProcessing() override { return false; }
-    bool IsAutoUpdateRunning() override { return false; }
-    bool IsSearching() override { return false; }
-    void SetFindShortcut(std::int32_t) override {}
-    void SendMail(const vexa::MailReport&) override {}
-    std::unique_ptr<vexa::EventConnection> connect(ProcessFinished) override { return nullptr; }
-};
-
 class IdleLocator : public vexa::AddInLocator {
 public:
     std::shared_ptr<vexa::AddIn> running() override { return addIn_; }
 
 private:
-    std::shared_ptr<vexa::AddIn> addIn_ = std::make_shared<IdleAddIn>();
+    std::shared_ptr<vexa::AddIn> addIn_ = std::make_shared<bench::IdleAddIn>();
 };
 
 /// The real clock, but sleeping takes no time.

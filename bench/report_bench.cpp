@@ -8,13 +8,11 @@
 #include <string>
 
 #include "bench/bare_calls.h"
+#include "bench/dialogs.h"
 #include "bench/ratio.h"
 #include "report/flat_combo.h"
 #include "report/frmSendBugReport.h"
 #include "report/frmSendBugReport.ids.h"
-#include "settings/frmSettings.ids.h"
-#include "windows/controls/screen.h"
-#include "windows/platform/machine.h"
 
 namespace {
 
@@ -23,56 +21,6 @@ using vexa::frmSendBugReport;
 constexpr double TICK = 0.150;          // seconds between two hover ticks
 constexpr double MOST_SHARE = 0.005;    // of one core
 constexpr std::size_t LARGE = 1 << 20;  // characters
-
-class NoAddIn : public vexa::AddInLocator {
-public:
-    std::shared_ptr<vexa::AddIn> running() override { return nullptr; }
-};
-
-/// The program on the real machine, with a dialog as the owner of the composer.
-class Fixture {
-public:
-    Fixture() {
-        application.loadProfileKey();
-        owner = screen.createDialog(IDD_frmSettings, nullptr);
-    }
-
-    /// Opens a composer, plays the script and closes it.
-    void open(const std::function<void(frmSendBugReport&)>& script) {
-        screen.onModal = [&](ui::Form& form) {
-            script(dynamic_cast<frmSendBugReport&>(form));
-            form.window().close();
-        };
-        vexa::showBugReport(application, *owner);
-        screen.onModal = nullptr;
-    }
-
-private:
-    NoAddIn locator_;
-    win::Machine machine_{locator_};
-
-public:
-    win::Screen screen{GetModuleHandleW(nullptr)};
-    vexa::Application application{machine_.platform(), screen};
-    std::unique_ptr<ui::Window> owner;
-};
-
-INT_PTR CALLBACK bareProcedure(HWND, UINT message, WPARAM, LPARAM) { return message == WM_INITDIALOG; }
-
-/// The same template made, shown, its first messages handled, and destroyed.
-void openBare(const Fixture& fixture) {
-    const win::Activation themed(fixture.screen.context());
-    const HWND owner = reinterpret_cast<HWND>(fixture.owner->handle());
-    const HWND dialog = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_frmSendBugReport),
-                                           owner, bareProcedure, 0);
-    EnableWindow(owner, FALSE);
-    ShowWindow(dialog, SW_SHOW);
-    SetForegroundWindow(dialog);
-    bench::handleMessages();
-    EnableWindow(owner, TRUE);
-    ShowWindow(dialog, SW_HIDE);
-    DestroyWindow(dialog);
-}
 
 /// Seconds of processor time that this process has used.
 double processorTime() {
@@ -134,15 +82,15 @@ bool measureLargeText(frmSendBugReport& form) {
 
 int main() {
     const bench::OwnHive hive;
-    Fixture fixture;
+    bench::Dialogs dialogs;
     bool met = true;
     // The first composer loads the editor's library, which the bare template needs, too.
-    fixture.open([&](frmSendBugReport& form) {
-        met &= measureHover(form, fixture.screen);
+    dialogs.open<frmSendBugReport>([&](frmSendBugReport& form) {
+        met &= measureHover(form, dialogs.screen);
         met &= measureLargeText(form);
     });
     met &= bench::measure({"opening the composer", 1.3,
-                           [&] { fixture.open([](frmSendBugReport&) { bench::handleMessages(); }); },
-                           [&] { openBare(fixture); }, 31, 2});
+                           [&] { dialogs.open<frmSendBugReport>([](frmSendBugReport&) {}); },
+                           [&] { dialogs.openBare(IDD_frmSendBugReport); }, 31, 2});
     return met ? 0 : 1;
 }

@@ -3,11 +3,19 @@ add_library(project_options INTERFACE)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(project_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
 
+# The optimization of a target: its own choice, or else `default`. Of two such options the compiler takes the later
+# one, and an interface's come last: a target cannot choose by its compile options.
+define_property(TARGET PROPERTY OPTIMIZATION)
+function(add_optimization default)
+    set(own $<TARGET_PROPERTY:OPTIMIZATION>)
+    target_compile_options(project_options INTERFACE $<IF:$<BOOL:${own}>,${own},${default}>)
+endfunction()
+
 if(WIN32)
     target_compile_definitions(project_options INTERFACE UNICODE _UNICODE _WIN32_WINNT=0x0A00 NOMINMAX
                                WIN32_LEAN_AND_MEAN STRICT)
-    target_compile_options(project_options INTERFACE -Os -g1 -ffunction-sections -fdata-sections
-                           -fstack-protector-strong)
+    add_optimization(-Os)
+    target_compile_options(project_options INTERFACE -g1 -ffunction-sections -fdata-sections -fstack-protector-strong)
     target_link_options(project_options INTERFACE -static -static-libgcc -static-libstdc++
                         -fstack-protector-strong -Wl,--gc-sections
                         -Wl,--dynamicbase,--nxcompat -Wl,--no-insert-timestamp)
@@ -16,7 +24,8 @@ if(WIN32)
     endif()
 else()
     set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    target_compile_options(project_options INTERFACE ${sanitizers} -O1 -g1)
+    add_optimization(-O1)
+    target_compile_options(project_options INTERFACE ${sanitizers} -g1)
     target_link_options(project_options INTERFACE ${sanitizers})
 endif()
 
