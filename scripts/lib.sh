@@ -4,6 +4,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root" || exit 1
 
 step() { printf '== %s\n' "$*"; }
+banner() { printf '\n***** %s *****\n\n' "$*"; }
 fail() {
     printf 'error: %s\n' "$*" >&2
     exit 1
