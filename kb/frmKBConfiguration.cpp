@@ -4,7 +4,6 @@
 #include "common/knowledgebase_names.h"
 #include "kb/frmKBConfiguration.ids.h"
 #include "kb/frmKBConfiguration_names.h"
-#include "kb/row_order.h"
 #include "ui/dialog_ids.h"
 
 namespace vexa {
@@ -25,6 +24,7 @@ frmKBConfiguration::frmKBConfiguration(Application& application, ui::Window& own
       application_(application),
       mvarTeskAddIn(application.addIn),
       tmrLock_(window().createTimer()),
+      rowSorter_(sftKBConfiguration),
       rowCommands_{cmdAdd, cmdEdit, cmdRebuild, cmdRemove, cmdRename, cmdUpdate} {
     sftKBConfiguration.setColumns(
         {{L"Knowledgebase", 34}, {L"Last Update", 31}, {L"Size", 14, true}, {L"Documents", 21, true}});
@@ -200,7 +200,7 @@ int frmKBConfiguration::findRowIgnoringCase(const std::wstring& name) const {
 // --- Sorting ----------------------------------------------------------------------------------------------
 
 void frmKBConfiguration::sortList() {
-    sortRows(sftKBConfiguration, nSortColumn, nSortType, nNextOrder[column::lastUpdate]);
+    rowSorter_.sort(nSortColumn, nSortType, nNextOrder[column::lastUpdate]);
 }
 
 void frmKBConfiguration::restoreSort() {

@@ -10,6 +10,7 @@
 
 #include "common/application.h"
 #include "kb/knowledgebase_record.h"
+#include "kb/row_order.h"
 #include "ui/form.h"
 
 namespace vexa {
@@ -152,6 +153,7 @@ private:
     /// The add-in that this dialog works with, whatever pages come and go meanwhile; null where none ran.
     std::shared_ptr<AddIn> mvarTeskAddIn;
     std::unique_ptr<ui::Timer> tmrLock_;
+    RowSorter rowSorter_;
     std::array<std::reference_wrapper<ui::Button>, 6> rowCommands_;
     std::unique_ptr<EventConnection> connection_;
 

@@ -1,39 +1,8 @@
 #include "kb/row_order.h"
 
 #include <functional>
-#include <string_view>
-#include <vector>
 
 namespace vexa {
-namespace {
-
-class NumberKeys {
-public:
-    void add(const ui::GridCell& cell) { numbers_.push_back(cell.number); }
-    [[nodiscard]] double operator[](std::size_t index) const { return numbers_[index]; }
-
-private:
-    std::vector<double> numbers_;
-};
-
-/// The texts lie one behind the other: where the cells have them, comparing them walks through all memory.
-class TextKeys {
-public:
-    void add(const ui::GridCell& cell) {
-        texts_ += cell.key.empty() ? cell.text : cell.key;
-        ends_.push_back(texts_.size());
-    }
-    [[nodiscard]] std::wstring_view operator[](std::size_t index) const {
-        return {texts_.data() + ends_[index], ends_[index + 1] - ends_[index]};
-    }
-
-private:
-    std::wstring texts_;
-    std::vector<std::size_t> ends_{0};
-};
-
-}  // namespace
-
 std::int32_t sortCodeOf(int column, std::int32_t order) {
     const bool ascending = order == ASCENDING;
     if (column == column::lastUpdate) return sortCode::date;
@@ -52,16 +21,46 @@ int SortCompare(double first, double second, std::int32_t nextOrder) {
     return 0;
 }
 
-void sortRows(ui::Grid& grid, int column, std::int32_t code, std::int32_t nextOrder) {
+namespace {
+
+/// The next order is no variable, so that the compiler leaves one comparison of it.
+template <std::int32_t nextOrder>
+struct ByDate {
+    bool operator()(double first, double second) const { return SortCompare(first, second, nextOrder) < 0; }
+};
+
+}  // namespace
+
+void RowSorter::TextKeys::clear() {
+    texts_.clear();
+    ends_.resize(1);
+}
+
+void RowSorter::TextKeys::add(const ui::GridCell& cell) {
+    texts_ += cell.key.empty() ? cell.text : cell.key;
+    ends_.push_back(texts_.size());
+}
+
+template <class Keys>
+const Keys& RowSorter::keys(OfColumns<Keys>& columns, int column) {
+    Gathered<Keys>& gathered = columns.at(static_cast<std::size_t>(column));
+    if (gathered.revision == grid_.revision()) return gathered.keys;
+    gathered.keys.clear();
+    gathered.revision = 0;
+    grid_.visitColumn(column, [&](const ui::GridCell& cell) { gathered.keys.add(cell); });
+    gathered.revision = grid_.revision();
+    return gathered.keys;
+}
+
+void RowSorter::sort(int column, std::int32_t code, std::int32_t nextOrder) {
     switch (code) {
         case sortCode::date:
-            return grid.sort(column, NumberKeys(), [nextOrder](double first, double second) {
-                return SortCompare(first, second, nextOrder) < 0;
-            });
-        case sortCode::numberAscending: return grid.sort(column, NumberKeys(), std::less());
-        case sortCode::numberDescending: return grid.sort(column, NumberKeys(), std::greater());
-        case sortCode::textDescending: return grid.sort(column, TextKeys(), std::greater());
-        default: return grid.sort(column, TextKeys(), std::less());
+            if (nextOrder > 0) return grid_.sort(keys(numbers_, column), ByDate<ASCENDING>());
+            return grid_.sort(keys(numbers_, column), ByDate<DESCENDING>());
+        case sortCode::numberAscending: return grid_.sort(keys(numbers_, column), std::less());
+        case sortCode::numberDescending: return grid_.sort(keys(numbers_, column), std::greater());
+        case sortCode::textDescending: return grid_.sort(keys(texts_, column), std::greater());
+        default: return grid_.sort(keys(texts_, column), std::less());
     }
 }
 

@@ -38,6 +38,7 @@ const GridCell& Grid::cellOf(const GridRow& row, int column) {
 }
 
 int Grid::addRow(GridRow row) {
+    ++revision_;
     rows_.push_back(std::move(row));
     order_.push_back(rows_.size() - 1);
     rowsChanged();
@@ -47,6 +48,7 @@ int Grid::addRow(GridRow row) {
 void Grid::removeRow(int row) {
     const auto place = order_.begin() + static_cast<std::ptrdiff_t>(checked(row));
     if (edited_ == row) dropEdit();
+    ++revision_;
     const std::size_t removed = *place;
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(removed));
     order_.erase(place);
@@ -62,6 +64,7 @@ void Grid::removeRow(int row) {
 
 void Grid::clear() {
     dropEdit();
+    ++revision_;
     rows_.clear();
     order_.clear();
     current_ = -1;
@@ -70,6 +73,7 @@ void Grid::clear() {
 
 void Grid::setCell(int row, int column, GridCell cell) {
     std::vector<GridCell>& cells = rows_[order_[checked(row)]].cells;
+    ++revision_;
     const auto index = static_cast<std::size_t>(column);
     if (cells.size() <= index) cells.resize(index + 1);
     cells[index] = std::move(cell);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -64,13 +65,18 @@ public:
     void clear();
     void setCell(int row, int column, GridCell cell);
     void setAllRowsEnabled(bool enabled);
-    /// Sorts the rows by a column: `keys.add(cell)` takes what a row goes by, `before(keys[first],
-    /// keys[second])` compares two of them. Rows that are equal keep their order, the current row stays
-    /// current, an open edit ends without notice.
+    /// Shows `visit` the cells of a column, in the order in which `sort` numbers its keys.
+    template <class Visit>
+    void visitColumn(int column, Visit visit) const {
+        for (const GridRow& row : rows_) visit(cellOf(row, column));
+    }
+    /// Counts the changes of rows and cells: while it stays, keys that were made of them hold.
+    [[nodiscard]] std::uint64_t revision() const { return revision_; }
+    /// Sorts the rows: `before(keys[first], keys[second])` compares the keys of two of them. Rows that are
+    /// equal keep their order, the current row stays current, an open edit ends without notice.
     template <class Keys, class Before>
-    void sort(int column, Keys keys, Before before) {
+    void sort(const Keys& keys, Before before) {
         dropEdit();
-        for (const GridRow& row : rows_) keys.add(cellOf(row, column));
         const std::size_t current = current_ == -1 ? rows_.size() : order_[checked(current_)];
         std::ranges::stable_sort(
             order_, [&](std::size_t first, std::size_t second) { return before(keys[first], keys[second]); });
@@ -161,6 +167,7 @@ private:
     // The rows stay where they were added; sorting moves their numbers alone.
     std::vector<GridRow> rows_;
     std::vector<std::size_t> order_;  ///< by the row's number: its place in `rows_`
+    std::uint64_t revision_ = 1;
     int current_ = -1;
     int edited_ = -1;
     int bulkUpdates_ = 0;

@@ -332,6 +332,29 @@ TEST_F(KBSortRules, TheFirstClickSortsByOrder0AndTheNextByOrder1) {
     });
 }
 
+TEST_F(KBSortRules, ACellThatHasChangedIsSortedByWhatItHoldsNow) {
+    record({{L"first", L"2", 1000, 1}, {L"second", L"2", 2000, 1}});
+    open([&](frmKBConfiguration& form) {
+        ui::Grid& list = form.sftKBConfiguration;
+        user.clickHeader(list, 2);
+        EXPECT_EQ(names(form), (Names{L"second", L"first"}));
+        ui::GridCell larger = list.cell(1, 2);
+        larger.number = 3000;
+        list.setCell(1, 2, larger);
+        user.clickHeader(list, 2);
+        EXPECT_EQ(names(form), (Names{L"second", L"first"}));
+        user.clickHeader(list, 0);
+        ui::GridCell renamed = list.cell(rowOf(form, L"first"), 0);
+        renamed.text = L"zero";
+        renamed.key = L"zero";
+        list.setCell(rowOf(form, L"first"), 0, renamed);
+        user.clickHeader(list, 0);
+        EXPECT_EQ(names(form), (Names{L"second", L"zero"}));
+        user.clickHeader(list, 0);
+        EXPECT_EQ(names(form), (Names{L"zero", L"second"}));
+    });
+}
+
 TEST_F(KBSortRules, TwoClicksOnSizeSortByTheKeptNumberNeverByTheUnits) {
     record({{L"kilo", L"2", 900 * 1024, 1}, {L"mega", L"2", 2 * 1048576, 1}, {L"byte", L"2", 1000, 1}});
     open([&](frmKBConfiguration& form) {
