@@ -3,6 +3,16 @@
 #include <functional>
 
 namespace vexa {
+namespace {
+
+/// The next order is no variable, so that the compiler leaves one comparison of it.
+template <std::int32_t nextOrder>
+struct ByDate {
+    bool operator()(double first, double second) const { return SortCompare(first, second, nextOrder) < 0; }
+};
+
+}  // namespace
+
 std::int32_t sortCodeOf(int column, std::int32_t order) {
     const bool ascending = order == ASCENDING;
     if (column == column::lastUpdate) return sortCode::date;
@@ -20,16 +30,6 @@ int SortCompare(double first, double second, std::int32_t nextOrder) {
     if (second > first) return ascending ? -1 : 1;
     return 0;
 }
-
-namespace {
-
-/// The next order is no variable, so that the compiler leaves one comparison of it.
-template <std::int32_t nextOrder>
-struct ByDate {
-    bool operator()(double first, double second) const { return SortCompare(first, second, nextOrder) < 0; }
-};
-
-}  // namespace
 
 void RowSorter::TextKeys::clear() {
     texts_.clear();
