@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "tests/forms/form_test.h"
+#include "tests/stage/form_test.h"
 #include "tests/support/text.h"
 
 namespace tests {

@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/forms/form_test.h"
+#include "tests/stage/form_test.h"
 #include "tests/support/text.h"
 
 namespace tests {

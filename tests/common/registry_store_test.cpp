@@ -4,7 +4,7 @@
 
 #include <new>
 
-#include "tests/forms/form_test.h"
+#include "tests/stage/form_test.h"
 #include "tests/support/text.h"
 
 namespace tests {

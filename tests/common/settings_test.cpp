@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <set>
 
-#include "tests/forms/form_test.h"
+#include "tests/stage/form_test.h"
 #include "tests/support/text.h"
 
 namespace tests {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "common/CTimer.h"
-#include "tests/forms/form_test.h"
+#include "tests/stage/form_test.h"
 
 namespace tests {
 namespace {

@@ -11,7 +11,7 @@
 
 #include "report/flat_combo.h"
 #include "report/frmSendBugReport.h"
-#include "tests/forms/stage.h"
+#include "tests/stage/stage.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "report/frmSendBugReport.h"
 #include "report/toolbar_buttons.h"
-#include "tests/forms/stage.h"
+#include "tests/stage/stage.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "tests/forms/user.h"
 #include "tests/headless/choice_controls.h"
 #include "tests/headless/letters.h"
+#include "tests/stage/user.h"
 #include "ui/dialog_ids.h"
 
 namespace headless {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <new>
 
-#include "tests/forms/user.h"
 #include "tests/headless/letters.h"
+#include "tests/stage/user.h"
 
 namespace headless {
 

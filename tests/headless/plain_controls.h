@@ -1,8 +1,8 @@
 // Controls that nobody can press, and the push button.
 #pragma once
 
-#include "tests/forms/user.h"
 #include "tests/headless/item.h"
+#include "tests/stage/user.h"
 #include "ui/controls.h"
 
 namespace headless {

@@ -1,5 +1,5 @@
 // The stage of native builds: the machine in memory, headless windows, an add-in that does what it is told.
-#include "tests/forms/stage.h"
+#include "tests/stage/stage.h"
 
 #include <gtest/gtest.h>
 

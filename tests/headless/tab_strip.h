@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "tests/forms/user.h"
 #include "tests/headless/item.h"
+#include "tests/stage/user.h"
 #include "ui/tabstrip.h"
 
 namespace headless {

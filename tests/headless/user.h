@@ -1,9 +1,9 @@
 // The user of headless windows: plain calls on the controls, under the rules of real windows.
 #pragma once
 
-#include "tests/forms/user.h"
 #include "tests/headless/event_loop.h"
 #include "tests/headless/window.h"
+#include "tests/stage/user.h"
 
 namespace headless {
 

@@ -8,7 +8,7 @@
 #include <cstdio>
 
 #include "page/ctlPPE.ids.h"
-#include "tests/com/control_test.h"
+#include "tests/windows/com/control_test.h"
 #include "tests/windows/stage/messages.h"
 #include "windows/controls/activation_context.h"
 

@@ -4,7 +4,7 @@
 
 #include <deque>
 
-#include "tests/forms/stage.h"
+#include "tests/stage/stage.h"
 #include "tests/support/call_log.h"
 #include "ui/window.h"
 

@@ -1,6 +1,6 @@
 // The stage of Windows builds: real windows, a registry hive and a folder of the test's own, the system's
 // conversions; only the clock, the add-in and the answers to questions are the test's.
-#include "tests/forms/stage.h"
+#include "tests/stage/stage.h"
 
 #include <windows.h>
 

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "tests/forms/user.h"
+#include "tests/stage/user.h"
 
 namespace tests {
 

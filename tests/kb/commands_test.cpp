@@ -1,0 +1,695 @@
+// The commands of the knowledgebase dialog: what each asks, tells the add-in and leaves behind.
+#include "kb/frmKnowledgeBase.h"
+#include "kb/frmSelectDefaultKB.h"
+#include "tests/kb/kb_test_base.h"
+
+namespace tests {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using vexa::frmKBConfiguration;
+using vexa::frmSelectDefaultKB;
+using Names = std::vector<std::wstring>;
+using ui::MessageAnswer;
+
+const ui::Message AUTO_UPDATE_RUNS{
+    L"An auto-update is currently running.\r\nPlease wait until it is complete and try again.", L"Quillmark",
+    ui::MessageIcon::exclamation, ui::MessageButtons::ok};
+
+ui::Message question(const std::wstring& text) {
+    return {text, L"Quillmark", ui::MessageIcon::question, ui::MessageButtons::yesNo};
+}
+
+class KBCommands : public KBTest {
+protected:
+    void SetUp() override {
+        KBTest::SetUp();
+        stage->setValue(ROOT, L"hWndSearchCtl", 4711);
+    }
+    void openWith(const std::vector<std::wstring>& names,
+                  const std::function<void(frmKBConfiguration&)>& script) {
+        recordNames(names);
+        open(script);
+    }
+    void expectLocked(const frmKBConfiguration& form) {
+        EXPECT_TRUE(form.locked());
+        EXPECT_EQ(buttons(form), "");
+        EXPECT_TRUE(anyRowGreyed(form));
+        EXPECT_EQ(stored(L"KBProcessState"), 2);
+    }
+};
+
+// --- The guard --------------------------------------------------------------------------------------------
+
+struct Command {
+    const char* name;
+    ui::Button& (*button)(frmKBConfiguration&);
+};
+
+const Command COMMANDS[] = {
+    {"Add", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdAdd; }},
+    {"Edit", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdEdit; }},
+    {"Rename", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdRename; }},
+    {"Remove", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdRemove; }},
+    {"Rebuild", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdRebuild; }},
+    {"Update", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdUpdate; }},
+};
+
+class KBEachCommand : public KBCommands, public testing::WithParamInterface<Command> {};
+
+TEST_P(KBEachCommand, ShowsTheMessageAndChangesNothingWhileAnAutoUpdateRuns) {
+    addIn.autoUpdateRunning = true;
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(GetParam().button(form));
+        EXPECT_THAT(stage->messages(), ElementsAre(AUTO_UPDATE_RUNS));
+        EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
+        EXPECT_EQ(buttons(form), ALL);
+        EXPECT_FALSE(form.locked());
+    });
+    EXPECT_THAT(sent(), IsEmpty());
+    EXPECT_EQ(stored(L"KBProcessState"), MISSING);
+}
+
+TEST_P(KBEachCommand, DoesNothingWhereTheAddInIsGone) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        calls.failCallsWith("addin");
+        user.click(GetParam().button(form));
+        EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
+        EXPECT_FALSE(form.locked());
+        EXPECT_EQ(buttons(form), ALL);
+    });
+    EXPECT_THAT(stage->messages(), IsEmpty());
+    EXPECT_THAT(sent(), IsEmpty());
+}
+
+TEST_P(KBEachCommand, IsDisabledWhileTheDialogIsLocked) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdUpdate);
+        calls.clear();
+        user.click(GetParam().button(form));
+        if (GetParam().button(form).onClick) GetParam().button(form).onClick();  // whoever asks for it
+        expectLocked(form);
+        EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
+    });
+    EXPECT_THAT(sent(), IsEmpty());
+    EXPECT_THAT(calls.linesWith("addin IsAutoUpdateRunning"), IsEmpty());
+}
+
+TEST_P(KBEachCommand, CanBeGivenByItsAccessKey) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        const std::wstring caption = GetParam().button(form).text();
+        const int letter = caption[caption.find(L'&') + 1];
+        calls.clear();
+        stage->answerMessages({MessageAnswer::no});
+        user.press(form.window(), letter >= 'a' ? letter - 'a' + 'A' : letter, ui::modifier::alt);
+        EXPECT_THAT(calls.linesWith("addin IsAutoUpdateRunning"), testing::SizeIs(1));
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, KBEachCommand, testing::ValuesIn(COMMANDS),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+// --- Edit, Rebuild, Update --------------------------------------------------------------------------------
+
+TEST_F(KBCommands, EditLocksTheDialogAndTellsTheSearchWindow) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"News");
+        user.click(form.cmdEdit);
+        expectLocked(form);
+    });
+    EXPECT_THAT(sent(), ElementsAre("message 4711 1139 0 0"));
+    EXPECT_EQ(stored(L"ProjectEvent"), 2);
+    EXPECT_EQ(storedText(L"ProjectEventName"), L"News");
+}
+
+TEST_F(KBCommands, RebuildLocksTheDialogAndTellsTheAddIn) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"News");
+        user.click(form.cmdRebuild);
+        expectLocked(form);
+    });
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRebuild(News)"));
+    EXPECT_EQ(stored(L"ProjectEvent"), 4);
+}
+
+TEST_F(KBCommands, UpdateLocksTheDialogAndTellsTheAddIn) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"News");
+        user.click(form.cmdUpdate);
+        expectLocked(form);
+    });
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbUpdate(News)"));
+    EXPECT_EQ(stored(L"ProjectEvent"), 5);
+}
+
+TEST_F(KBCommands, NothingHappensWithoutACurrentRow) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        for (const Command& command : COMMANDS) {
+            if (std::string(command.name) == "Add") continue;
+            form.sftKBConfiguration.setCurrentRow(-1);
+            command.button(form).setEnabled(true);
+            user.click(command.button(form));
+            EXPECT_FALSE(form.locked()) << command.name;
+        }
+    });
+    EXPECT_THAT(sent(), IsEmpty());
+    EXPECT_THAT(stage->messages(), IsEmpty());
+}
+
+TEST_F(KBCommands, ADoubleClickOnARowEditsIt) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        user.doubleClickRow(form.sftKBConfiguration, 1);
+        expectLocked(form);
+    });
+    EXPECT_EQ(storedText(L"ProjectEventName"), L"News");
+}
+
+TEST_F(KBCommands, ADoubleClickOnTheLockedListDoesNothing) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdUpdate);
+        calls.clear();
+        user.doubleClickRow(form.sftKBConfiguration, 1);
+    });
+    EXPECT_THAT(sent(), IsEmpty());
+}
+
+// --- Remove -----------------------------------------------------------------------------------------------
+
+TEST_F(KBCommands, RemoveAsksAndDoesNothingOnNo) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        stage->answerMessages({MessageAnswer::no});
+        user.click(form.cmdRemove);
+        EXPECT_FALSE(form.locked());
+    });
+    EXPECT_THAT(stage->messages(),
+                ElementsAre(question(L"Are you sure you want to remove the knowledgebase 'Mail'?")));
+    EXPECT_THAT(sent(), IsEmpty());
+}
+
+TEST_F(KBCommands, RemoveLocksTheDialogAndTellsTheAddInOnYes) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        stage->answerMessages({MessageAnswer::yes});
+        user.click(form.cmdRemove);
+        expectLocked(form);
+        EXPECT_EQ(names(form), (Names{L"Mail", L"News"})) << "the add-in removes it, not the dialog";
+    });
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRemoved(Mail)"));
+    EXPECT_EQ(stored(L"ProjectEvent"), 1);
+    EXPECT_THAT(log(), Contains("frmKBConfiguration, removing 'Mail'"));
+}
+
+TEST_F(KBCommands, RemovingTheAutoUpdateKnowledgebaseSaysSoBeforeItAsks) {
+    application.settings.DefaultProject = L"Mail";
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdRemove);
+    });
+    EXPECT_THAT(stage->messages(),
+                ElementsAre(question(L"You specified 'Mail' as the auto-update knowledgebase.\r\r"
+                                     L"Are you sure you want to remove the knowledgebase 'Mail'?")));
+    EXPECT_EQ(application.settings.DefaultProject, L"Mail");
+}
+
+TEST_F(KBCommands, TheAutoUpdateKnowledgebaseIsComparedExactly) {
+    application.settings.DefaultProject = L"mail";
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        stage->answerMessages({MessageAnswer::yes});
+        user.click(form.cmdRemove);
+    });
+    EXPECT_EQ(application.settings.DefaultProject, L"mail");
+    EXPECT_THAT(stage->messages(),
+                ElementsAre(question(L"Are you sure you want to remove the knowledgebase 'Mail'?")));
+}
+
+TEST_F(KBCommands, RemovingTheLastAutoUpdateKnowledgebaseClearsItWithoutTheChooser) {
+    application.settings.DefaultProject = L"Mail";
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        stage->answerMessages({MessageAnswer::yes});
+        user.click(form.cmdRemove);
+        EXPECT_EQ(application.settings.DefaultProject, L"");
+    });
+    EXPECT_EQ(storedText(L"DefaultProject"), L"") << "the page has applied it";
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRemoved(Mail)", "addin SetDefaultKnowledgebase()"));
+}
+
+TEST_F(KBCommands, RemovingTheAutoUpdateKnowledgebaseWithOthersLeftOpensTheChooser) {
+    application.settings.DefaultProject = L"Mail";
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        stage->answerMessages({MessageAnswer::yes});
+        stage->whenShown<frmSelectDefaultKB>([&](frmSelectDefaultKB& chooser) {
+            EXPECT_EQ(application.settings.DefaultProject, L"");
+            user.clickRow(chooser.sftKnowledgebases, 2);
+            user.click(chooser.cmdOK);
+        });
+        user.click(form.cmdRemove);
+        EXPECT_EQ(application.settings.DefaultProject, L"News");
+        EXPECT_EQ(application.settings.ProjectCount, 2);
+    });
+    EXPECT_EQ(storedText(L"DefaultProject"), L"News");
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRemoved(Mail)", "addin SetDefaultKnowledgebase(News)"));
+}
+
+TEST_F(KBCommands, RemovingARowWithoutANameAsksNothingOfTheAutoUpdate) {
+    application.settings.DefaultProject = L"";
+    openWith({L""}, [&](frmKBConfiguration& form) {
+        user.clickRow(form.sftKBConfiguration, 0);
+        user.click(form.cmdRemove);
+    });
+    EXPECT_THAT(stage->messages(),
+                ElementsAre(question(L"Are you sure you want to remove the knowledgebase ''?")));
+}
+
+// --- Add --------------------------------------------------------------------------------------------------
+
+TEST_F(KBCommands, AddOnAnEmptyListProposesDefault) {
+    open([&](frmKBConfiguration& form) {
+        user.click(form.cmdAdd);
+        EXPECT_EQ(names(form), Names{L"default"});
+        EXPECT_EQ(cells(form, 0), (Row{L"default", L"-", L"-", L"-"}));
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), 0);
+        EXPECT_EQ(buttons(form), "");
+    });
+}
+
+TEST_F(KBCommands, AddProposesTheFirstFreeNumberFromTheNumberOfRows) {
+    struct Proposal {
+        Names rows;
+        const wchar_t* proposed;
+    };
+    for (const Proposal& proposal :
+         {Proposal{{L"default"}, L"New[1]"}, Proposal{{L"default", L"New[1]"}, L"New[2]"},
+          Proposal{{L"New[3]"}, L"New[1]"}, Proposal{{L"a", L"NEW[2]"}, L"New[3]"},
+          Proposal{{L"new[2]", L"New[3]"}, L"New[4]"}}) {
+        openWith(proposal.rows, [&](frmKBConfiguration& form) {
+            user.click(form.cmdAdd);
+            EXPECT_EQ(current(form), proposal.proposed);
+            EXPECT_THAT(
+                log(), Contains("frmKBConfiguration, GetNewKBName: " + std::to_string(proposal.rows.size())));
+        });
+    }
+}
+
+TEST_F(KBCommands, TheNewRowTakesItsPlaceInAListSortedByName) {
+    openWith({L"Alpha", L"Zulu"}, [&](frmKBConfiguration& form) {
+        user.click(form.cmdAdd);
+        EXPECT_EQ(names(form), (Names{L"Alpha", L"New[2]", L"Zulu"}));
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), 1);
+    });
+}
+
+TEST_F(KBCommands, TheNewRowStaysLastInAListSortedByAnotherColumn) {
+    openWith({L"Alpha", L"Zulu"}, [&](frmKBConfiguration& form) {
+        user.clickHeader(form.sftKBConfiguration, 3);
+        user.click(form.cmdAdd);
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), 2);
+    });
+}
+
+TEST_F(KBCommands, AnAcceptedNameIsAnnouncedAndItsFoldersAreChosenAtOnce) {
+    stage->setValue(KEY, L"DefaultProject", L"Mail");
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        user.click(form.cmdAdd);
+        enter(form, L"Archive");
+        EXPECT_EQ(names(form), (Names{L"Archive", L"Mail"}));
+        EXPECT_EQ(current(form), L"Archive");
+        expectLocked(form);
+    });
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbAdded(Archive)", "message 4711 1139 0 0"));
+    EXPECT_EQ(stored(L"ProjectEvent"), 2);
+    EXPECT_EQ(storedText(L"ProjectEventName"), L"Archive");
+    EXPECT_THAT(log(), Contains("New project: Archive"));
+    EXPECT_THAT(log(), Contains("frmKBConfiguration, Postedit (NewProject) Index after sorting: 0"));
+    EXPECT_THAT(stage->messages(), IsEmpty());
+}
+
+TEST_F(KBCommands, TheProposedNameCanBeAcceptedAsItIs) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        user.click(form.cmdAdd);
+        user.press(form.window(), key::enter);
+        EXPECT_EQ(current(form), L"New[1]");
+        expectLocked(form);
+    });
+    EXPECT_THAT(sent(), testing::Contains("addin NotifyKbAdded(New[1])"));
+}
+
+TEST_F(KBCommands, EscTakesTheNewRowAwayAndTheButtonsFollowTheirRules) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"News");
+        user.click(form.cmdAdd);
+        user.press(form.window(), key::escape);
+        EXPECT_TRUE(form.window().isOpen()) << "Esc belongs to the editor";
+        EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
+        EXPECT_EQ(current(form), L"News");
+        EXPECT_EQ(buttons(form), ALL);
+    });
+    EXPECT_THAT(sent(), IsEmpty());
+}
+
+TEST_F(KBCommands, EscOnTheFirstRowEverLeavesAnEmptyList) {
+    open([&](frmKBConfiguration& form) {
+        user.click(form.cmdAdd);
+        user.press(form.window(), key::escape);
+        EXPECT_EQ(form.sftKBConfiguration.rowCount(), 0);
+        EXPECT_EQ(buttons(form), "A");
+    });
+}
+
+TEST_F(KBCommands, ClosingWhileANewRowIsNamedForgetsIt) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        user.click(form.cmdAdd);
+        user.closeWindow(form.window());
+    });
+    EXPECT_EQ(application.settings.ProjectCount, 1);
+    EXPECT_THAT(sent(), IsEmpty());
+}
+
+TEST_F(KBCommands, LeavingTheEditorAcceptsTheName) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        user.click(form.cmdAdd);
+        user.rewrite(form.sftKBConfiguration, L"Archive");
+        form.cmdBaseFolder.setFocus();
+        user.wait(0);
+        expectLocked(form);
+    });
+    EXPECT_THAT(sent(), Contains("addin NotifyKbAdded(Archive)"));
+}
+
+TEST_F(KBCommands, TheFirstKnowledgebaseIsOfferedForAutoUpdate) {
+    open([&](frmKBConfiguration& form) {
+        stage->answerMessages({MessageAnswer::yes});
+        user.click(form.cmdAdd);
+        enter(form, L"Archive");
+    });
+    EXPECT_THAT(stage->messages(),
+                ElementsAre(question(L"Would you like 'Archive' to be configured for auto-update?")));
+    EXPECT_EQ(application.settings.DefaultProject, L"Archive");
+    EXPECT_EQ(storedText(L"DefaultProject"), L"Archive");
+    EXPECT_EQ(application.settings.ProjectCount, 1);
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbAdded(Archive)", "addin SetDefaultKnowledgebase(Archive)",
+                                    "message 4711 1139 0 0"));
+    EXPECT_THAT(log(), Contains("frmKBConfiguration, auto-update kb: 'default'; items: 1"));
+}
+
+TEST_F(KBCommands, OnNoNothingIsConfiguredForAutoUpdate) {
+    open([&](frmKBConfiguration& form) {
+        stage->answerMessages({MessageAnswer::no});
+        user.click(form.cmdAdd);
+        enter(form, L"Archive");
+    });
+    EXPECT_EQ(application.settings.DefaultProject, L"default") << "what the record starts with";
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbAdded(Archive)", "message 4711 1139 0 0"));
+}
+
+TEST_F(KBCommands, WithAStoredAutoUpdateKnowledgebaseTheFirstOneIsNotOffered) {
+    stage->setValue(KEY, L"DefaultProject", L"Elsewhere");
+    open([&](frmKBConfiguration& form) {
+        user.click(form.cmdAdd);
+        enter(form, L"Archive");
+    });
+    EXPECT_THAT(stage->messages(), IsEmpty());
+}
+
+TEST_F(KBCommands, AnAutoUpdateThatStartsWhileANameIsEnteredStopsTheChoiceOfFoldersOnly) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        user.click(form.cmdAdd);
+        addIn.autoUpdateRunning = true;
+        enter(form, L"Archive");
+        EXPECT_FALSE(form.locked());
+        EXPECT_EQ(buttons(form), "AENM") << "no documents yet";
+        addIn.autoUpdateRunning = false;
+        choose(form, L"Mail");
+        calls.clear();
+        user.click(form.cmdEdit);
+    });
+    EXPECT_EQ(storedText(L"ProjectEventName"), L"Mail") << "a later Edit is of the current row";
+    EXPECT_THAT(stage->messages(), ElementsAre(AUTO_UPDATE_RUNS));
+}
+
+// --- Rename -----------------------------------------------------------------------------------------------
+
+TEST_F(KBCommands, ARenameHandsTheOldAndTheNewNameToTheAddIn) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        rename(form, L"Mail", L"Post");
+        EXPECT_EQ(names(form), (Names{L"News", L"Post"}));
+        EXPECT_EQ(current(form), L"Post");
+        EXPECT_FALSE(form.locked());
+    });
+    EXPECT_EQ(storedText(L"OldProjectname"), L"Mail");
+    EXPECT_EQ(storedText(L"ProjectEventName"), L"Post");
+    EXPECT_EQ(stored(L"ProjectEvent"), 3);
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRenamed(Mail, Post)"));
+    EXPECT_THAT(calls.linesWith("pointer"),
+                ElementsAre("pointer 11", "pointer 13", "pointer 0", "pointer 0"));
+    EXPECT_THAT(log(), Contains("frmKBConfiguration, PostEdit Index: 0"));
+    EXPECT_THAT(log(), Contains("frmKBConfiguration, Postedit (Rename) Index after sorting: 1"));
+}
+
+TEST_F(KBCommands, AnUnchangedNameRaisesNoEvent) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdRename);
+        user.press(form.window(), key::enter);
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
+    });
+    EXPECT_THAT(sent(), IsEmpty());
+    EXPECT_EQ(storedText(L"OldProjectname"), L"(missing)");
+}
+
+TEST_F(KBCommands, EscUndoesARenameAndRaisesNothing) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdRename);
+        user.rewrite(form.sftKBConfiguration, L"Post");
+        user.press(form.window(), key::escape);
+        EXPECT_EQ(names(form), Names{L"Mail"});
+        EXPECT_TRUE(form.window().isOpen());
+    });
+    EXPECT_THAT(sent(), IsEmpty());
+}
+
+TEST_F(KBCommands, RenamingTheAutoUpdateKnowledgebaseRewritesDefaultProject) {
+    application.settings.DefaultProject = L"Mail";
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) { rename(form, L"Mail", L"Post"); });
+    EXPECT_EQ(storedText(L"DefaultProject"), L"Post");
+    EXPECT_EQ(application.settings.DefaultProject, L"Post");
+}
+
+TEST_F(KBCommands, RenamingAnotherKnowledgebaseLeavesDefaultProject) {
+    application.settings.DefaultProject = L"mail";
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) { rename(form, L"Mail", L"Post"); });
+    EXPECT_EQ(storedText(L"DefaultProject"), L"(missing)");
+    EXPECT_EQ(application.settings.DefaultProject, L"mail");
+}
+
+TEST_F(KBCommands, ANameMayChangeInCaseOnly) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) { rename(form, L"Mail", L"MAIL"); });
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRenamed(Mail, MAIL)"));
+}
+
+TEST_F(KBCommands, F2RenamesTheCurrentRow) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"News");
+        user.press(form.window(), key::f2);
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), 1);
+        enter(form, L"Archive");
+    });
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRenamed(News, Archive)"));
+}
+
+TEST_F(KBCommands, ASlowSecondClickRenamesTheCurrentRow) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        user.clickRowAndRest(form.sftKBConfiguration, 1);
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1) << "the first click only makes the row current";
+        user.clickRowAndRest(form.sftKBConfiguration, 1);
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), 1);
+        enter(form, L"Archive");
+    });
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRenamed(News, Archive)"));
+}
+
+TEST_F(KBCommands, ASlowSecondClickOnAGreyedRowDoesNothing) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        user.clickRowAndRest(form.sftKBConfiguration, 0);
+        form.sftKBConfiguration.setAllRowsEnabled(false);
+        user.clickRowAndRest(form.sftKBConfiguration, 0);
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
+    });
+}
+
+TEST_F(KBCommands, F2OnAGreyedRowDoesNothing) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        form.sftKBConfiguration.setAllRowsEnabled(false);
+        user.press(form.window(), key::f2);
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
+    });
+}
+
+TEST_F(KBCommands, F2WhileLockedDoesNothing) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdUpdate);
+        form.sftKBConfiguration.setFocus();
+        user.press(form.window(), key::f2);
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
+    });
+}
+
+TEST_F(KBCommands, DelRemovesNothing) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.press(form.window(), key::remove);
+        EXPECT_EQ(names(form), Names{L"Mail"});
+    });
+    EXPECT_THAT(stage->messages(), IsEmpty());
+    EXPECT_THAT(sent(), IsEmpty());
+}
+
+TEST_F(KBCommands, RenamingARowWithoutANameNeverHandsOverTheNameOfAnEarlierRename) {
+    openWith({L"", L"Mail"}, [&](frmKBConfiguration& form) {
+        rename(form, L"Mail", L"Post");
+        calls.clear();
+        user.clickRow(form.sftKBConfiguration, 0);
+        user.click(form.cmdRename);
+        enter(form, L"Named");
+    });
+    EXPECT_EQ(storedText(L"OldProjectname"), L"");
+}
+
+TEST_F(KBCommands, AnotherCommandFirstFinishesTheNameThatIsBeingEntered) {
+    stage->setValue(std::wstring(KEY) + L"\\Post", L"KBDocuments", 7);
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdRename);
+        user.rewrite(form.sftKBConfiguration, L"Post");
+        user.click(form.cmdUpdate);
+        EXPECT_TRUE(form.locked());
+    });
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRenamed(Mail, Post)", "addin NotifyKbUpdate(Post)"));
+}
+
+TEST_F(KBCommands, AClickOnAHeaderFinishesTheNameThatIsBeingEntered) {
+    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdRename);
+        user.rewrite(form.sftKBConfiguration, L"Post");
+        user.clickHeader(form.sftKBConfiguration, 0);
+        EXPECT_EQ(names(form), (Names{L"Post", L"News"})) << "sorted downwards";
+        EXPECT_EQ(current(form), L"Post");
+    });
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRenamed(Mail, Post)"));
+}
+
+// --- Folder, Close, mouse ---------------------------------------------------------------------------------
+
+TEST_F(KBCommands, FolderShowsTheChooserAndAChangedFolderMarksThePageChanged) {
+    stage->createFolder(stage->folder() + L"Knowledge");
+    application.settings.VexaBaseDir = stage->folder().substr(0, stage->folder().size() - 1);
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        stage->whenShown<vexa::frmKnowledgeBase>([&](vexa::frmKnowledgeBase& chooser) {
+            const int last = chooser.dirVexaBaseDir.rowCount() - 1;
+            user.doubleClickRow(chooser.dirVexaBaseDir, last);
+            user.click(chooser.cmdOk);
+        });
+        user.click(form.cmdBaseFolder);
+        EXPECT_TRUE(application.flags.dialogChanged);
+        EXPECT_FALSE(application.bBaseDirChanged) << "the page has seen it";
+    });
+    EXPECT_EQ(application.settings.VexaBaseDir, stage->folder() + L"Knowledge");
+    EXPECT_TRUE(page->PropertyPage_Dirty());
+}
+
+TEST_F(KBCommands, FolderDoesNothingWhileTheDialogIsLocked) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdUpdate);
+        user.click(form.cmdBaseFolder);
+        form.cmdBaseFolder.onClick();
+    });
+    EXPECT_FALSE(application.flags.dialogChanged);
+}
+
+TEST_F(KBCommands, CloseUnloadsTheDialogAndEscDoesToo) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        user.click(form.cmdCancel);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        user.press(form.window(), key::escape);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+}
+
+TEST_F(KBCommands, APressOnAButtonOfTheLockedDialogTriggersNothingAndMovesTheFocusToApply) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdUpdate);
+        user.click(form.cmdCancel);
+        EXPECT_TRUE(form.window().isOpen());
+        EXPECT_TRUE(form.cmdApply.hasFocus());
+        ui::MouseEvent event{1, ui::modifier::shift, 3, 3};
+        for (ui::Button* button : {&form.cmdAdd, &form.cmdApply, &form.cmdCancel, &form.cmdEdit,
+                                   &form.cmdRebuild, &form.cmdRename, &form.cmdUpdate}) {
+            event = {1, ui::modifier::shift, 3, 3};
+            calls.clear();
+            button->onMouseDown(event);
+            EXPECT_EQ(event.button, 0);
+            EXPECT_EQ(event.modifiers, 0);
+            EXPECT_THAT(calls.linesWith("doevents"), testing::SizeIs(1));
+        }
+        event = {1, ui::modifier::shift, 3, 3};
+        form.cmdRemove.onMouseMove(event);
+        EXPECT_EQ(event.button, 0);
+        addIn.finish(L"Mail", false);
+        user.click(form.cmdCancel);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+}
+
+TEST_F(KBCommands, TheKeyboardClosesTheLockedDialog) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdUpdate);
+        user.press(form.window(), key::escape);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+}
+
+TEST_F(KBCommands, TheCloseBoxClosesTheLockedDialog) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdUpdate);
+        user.closeWindow(form.window());
+        EXPECT_FALSE(form.window().isOpen());
+    });
+}
+
+TEST_F(KBCommands, EveryCommandButtonIsReachedByTab) {
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        std::vector<ui::Control*> order{&form.cmdAdd,        &form.cmdEdit,    &form.cmdRename,
+                                        &form.cmdRemove,     &form.cmdRebuild, &form.cmdUpdate,
+                                        &form.cmdBaseFolder, &form.cmdCancel,  &form.sftKBConfiguration};
+        for (ui::Control* next : order) {
+            user.press(form.window(), key::tab);
+            EXPECT_TRUE(next->hasFocus());
+        }
+    });
+}
+
+}  // namespace
+}  // namespace tests

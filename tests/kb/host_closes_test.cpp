@@ -1,0 +1,205 @@
+// The host closes the page while the knowledgebase dialog, or something that it has opened, is open: every
+// dialog closes as by its close box, the innermost first, and nothing is asked or sent any more.
+#include "kb/frmKnowledgeBase.h"
+#include "kb/frmSelectDefaultKB.h"
+#include "tests/kb/kb_test_base.h"
+
+namespace tests {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+using vexa::frmKBConfiguration;
+using Names = std::vector<std::wstring>;
+using ui::MessageAnswer;
+
+class KBHostCloses : public KBTest {
+protected:
+    void SetUp() override {
+        KBTest::SetUp();
+        stage->setValue(ROOT, L"hWndSearchCtl", 4711);
+        recordNames({L"Mail", L"News"});
+    }
+    /// The host closes the page inside the next call that begins so.
+    void hostClosesDuring(const std::string& call) {
+        calls.during(call, [this] { stage->closeDialogs(); });
+    }
+    /// Nobody listens any more, and the page can end.
+    void expectEnded() {
+        EXPECT_EQ(addIn.connections(), 0u);
+        end();
+        EXPECT_THAT(log(), Contains("frmKBConfiguration, form unload."));
+    }
+};
+
+TEST_F(KBHostCloses, OverTheLockedDialog) {
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdUpdate);
+        stage->closeDialogs();
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_EQ(stored(L"KBProcessState"), 2) << "the add-in is still at it";
+    EXPECT_EQ(stored(L"KBConfigColumn"), 0) << "the sort is kept on the way";
+    expectEnded();
+    addIn.finish(L"Mail", false);
+}
+
+TEST_F(KBHostCloses, WhileANameIsEdited) {
+    open([&](frmKBConfiguration& form) {
+        user.click(form.cmdAdd);
+        stage->closeDialogs();
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_EQ(application.settings.ProjectCount, 2) << "the new row counts for nothing";
+    EXPECT_THAT(sent(), IsEmpty());
+    expectEnded();
+}
+
+TEST_F(KBHostCloses, OverTheRemovalQuestion) {
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        hostClosesDuring("screen message Are you sure");
+        user.click(form.cmdRemove);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_THAT(sent(), IsEmpty());
+    EXPECT_EQ(stored(L"KBProcessState"), MISSING);
+    expectEnded();
+}
+
+TEST_F(KBHostCloses, OverARefusal) {
+    open([&](frmKBConfiguration& form) {
+        user.click(form.cmdAdd);
+        hostClosesDuring("screen message The name may not contain");
+        enter(form, L"a*b");
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_EQ(stage->messages().size(), 1u);
+    EXPECT_EQ(application.settings.ProjectCount, 2);
+    EXPECT_THAT(sent(), IsEmpty());
+    expectEnded();
+}
+
+TEST_F(KBHostCloses, OverTheAutoUpdateQuestion) {
+    recordNames({});
+    open([&](frmKBConfiguration& form) {
+        user.click(form.cmdAdd);
+        hostClosesDuring("screen message Would you like");
+        enter(form, L"Archive");
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbAdded(Archive)")) << "no folders are chosen any more";
+    EXPECT_EQ(application.settings.ProjectCount, 1) << "the add-in knows of the new one";
+    EXPECT_EQ(stored(L"KBProcessState"), MISSING);
+    expectEnded();
+}
+
+TEST_F(KBHostCloses, OverTheMessageOfARunningAutoUpdate) {
+    addIn.autoUpdateRunning = true;
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        hostClosesDuring("screen message An auto-update");
+        user.click(form.cmdEdit);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_THAT(sent(), IsEmpty());
+    expectEnded();
+}
+
+TEST_F(KBHostCloses, OverTheChooserOfTheAutoUpdateKnowledgebase) {
+    application.settings.DefaultProject = L"Mail";
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        stage->answerMessages({MessageAnswer::yes});
+        stage->whenShown<vexa::frmSelectDefaultKB>([&](vexa::frmSelectDefaultKB& chooser) {
+            user.clickRow(chooser.sftKnowledgebases, 2);
+            stage->closeDialogs();
+            EXPECT_FALSE(chooser.window().isOpen());
+        });
+        user.click(form.cmdRemove);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_EQ(application.settings.DefaultProject, L"") << "none was chosen";
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRemoved(Mail)", "addin SetDefaultKnowledgebase()"));
+    expectEnded();
+}
+
+TEST_F(KBHostCloses, OverTheChooserOfTheBaseFolder) {
+    const std::wstring before = application.settings.VexaBaseDir;
+    open([&](frmKBConfiguration& form) {
+        stage->whenShown<vexa::frmKnowledgeBase>([&](vexa::frmKnowledgeBase& chooser) {
+            stage->closeDialogs();
+            EXPECT_FALSE(chooser.window().isOpen());
+        });
+        user.click(form.cmdBaseFolder);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_EQ(application.settings.VexaBaseDir, before);
+    EXPECT_FALSE(application.flags.dialogChanged);
+    expectEnded();
+}
+
+TEST_F(KBHostCloses, WhileTheDialogLoads) {
+    stage->setValue(KEY, L"KBConfigSortOrder", 1);
+    stage->setValue(KEY, L"KBConfigColumn", 2);
+    stage->setValue(KEY, L"KBConfigSortType", 8);
+    application.settings.ProjectCount = 2;
+    addIn.processing = true;
+    hostClosesDuring("doevents");
+    user.click(page->cmdKnowledgeBase);
+    EXPECT_EQ(stored(L"KBConfigSortOrder"), 1) << "the saved sort stays as it was";
+    EXPECT_EQ(stored(L"KBConfigColumn"), 2);
+    EXPECT_EQ(stored(L"KBConfigSortType"), 8);
+    EXPECT_EQ(application.settings.ProjectCount, 2);
+    EXPECT_EQ(stored(L"KBProcessState"), MISSING);
+    EXPECT_THAT(log(), Not(Contains("frmKBConfiguration, ...load finished.")));
+    expectEnded();
+}
+
+TEST_F(KBHostCloses, WhileTheDialogAsksTheAddInAtLoad) {
+    addIn.processing = true;
+    hostClosesDuring("addin IsProcessing");
+    user.click(page->cmdKnowledgeBase);
+    EXPECT_EQ(stored(L"KBProcessState"), MISSING);
+    EXPECT_EQ(application.settings.ProjectCount, 2);
+    expectEnded();
+}
+
+TEST_F(KBHostCloses, WhileTheListIsReadAnew) {
+    open([&](frmKBConfiguration& form) {
+        hostClosesDuring("doevents");
+        addIn.finish(L"Mail", false);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_EQ(application.settings.ProjectCount, 2) << "not what the emptied list holds";
+    expectEnded();
+}
+
+TEST_F(KBHostCloses, AndThePageCanShowTheDialogAgain) {
+    hostClosesDuring("doevents");
+    user.click(page->cmdKnowledgeBase);
+    open([&](frmKBConfiguration& form) { EXPECT_EQ(names(form), (Names{L"Mail", L"News"})); });
+}
+
+// --- A second opening -------------------------------------------------------------------------------------
+
+TEST_F(KBHostCloses, APressOnThePageWhileTheDialogLoadsOpensNoSecondOne) {
+    int presses = 0;
+    calls.during("doevents", [&] {
+        ++presses;
+        user.click(page->cmdKnowledgeBase);
+        user.press(page->window(), key::space);
+        user.click(page->cmdSettings);
+    });
+    open([&](frmKBConfiguration& form) {
+        EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
+        EXPECT_EQ(addIn.connections(), 1u);
+    });
+    EXPECT_EQ(presses, 1);
+}
+
+}  // namespace
+}  // namespace tests

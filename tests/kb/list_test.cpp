@@ -1,0 +1,460 @@
+// The list of knowledgebases: loading, what it shows, sorting, the current row, closing.
+#include "tests/kb/kb_test_base.h"
+
+namespace tests {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+using vexa::frmKBConfiguration;
+using Names = std::vector<std::wstring>;
+
+class KBList : public KBTest {};
+
+// --- Records ----------------------------------------------------------------------------------------------
+
+TEST_F(KBList, WithNoProjectCountTheListIsEmptyAndEveryRowBoundCommandIsDisabled) {
+    open([&](frmKBConfiguration& form) {
+        EXPECT_EQ(form.sftKBConfiguration.rowCount(), 0);
+        EXPECT_EQ(buttons(form), "A");
+    });
+}
+
+class KBEachLocale : public KBList, public testing::WithParamInterface<bool> {
+protected:
+    void SetUp() override {
+        KBList::SetUp();
+        if (GetParam()) stage->useDecimalComma();
+    }
+};
+
+std::string localeName(const testing::TestParamInfo<bool>& locale) {
+    return locale.param ? "DecimalComma" : "DecimalPoint";
+}
+
+INSTANTIATE_TEST_SUITE_P(Locales, KBEachLocale, testing::Bool(), localeName);
+
+TEST_P(KBEachLocale, ShowsARowForEachKnowledgebase) {
+    record({{L"Mail", L"43831.5", 1536, 5}, {L"News", {}, {}, {}}, {L"Post", L"43831,5", 1536, 1234}});
+    open([&](frmKBConfiguration& form) {
+        EXPECT_EQ(cells(form, 0), (Row{L"Mail", L"01/01/2020 12:00:00 PM", L"2 KB", L"       5"}));
+        EXPECT_EQ(cells(form, 1), (Row{L"News", L"-", L"-", L"-"}));
+        EXPECT_EQ(cells(form, 2), (Row{L"Post", L"01/01/2020 12:00:00 PM", L"2 KB", L"    1234"}));
+        EXPECT_EQ(form.lblDebugInfo.text(), L"3");
+        EXPECT_FALSE(anyRowGreyed(form));
+        EXPECT_EQ(form.sftKBConfiguration.row(0).picture, form.sftKBConfiguration.row(1).picture);
+    });
+}
+
+TEST_P(KBEachLocale, DatesSortByTheCalendarWhateverTheOrderOfDayAndMonth) {
+    // As texts, and read with the day first, these would sort otherwise.
+    record({{L"april3", L"43924", 1, 1},
+            {L"march4", L"43894", 1, 1},
+            {L"never", L"-1", 1, 1},
+            {L"dec13", L"43812", 1, 1}});
+    open([&](frmKBConfiguration& form) {
+        user.clickHeader(form.sftKBConfiguration, 1);
+        EXPECT_EQ(names(form), (Names{L"april3", L"march4", L"dec13", L"never"}));
+        user.clickHeader(form.sftKBConfiguration, 1);
+        EXPECT_EQ(names(form), (Names{L"never", L"dec13", L"march4", L"april3"}));
+    });
+}
+
+TEST_F(KBList, CaptionsAreTheDialogsOwn) {
+    open([&](frmKBConfiguration& form) {
+        EXPECT_EQ(form.window().caption(), L"Knowledgebases");
+        Names headers;
+        for (const ui::GridColumn& column : form.sftKBConfiguration.columns())
+            headers.push_back(column.caption);
+        EXPECT_EQ(headers, (Names{L"Knowledgebase", L"Last Update", L"Size", L"Documents"}));
+        const Names captions{form.cmdAdd.text(),        form.cmdEdit.text(),    form.cmdRename.text(),
+                             form.cmdRemove.text(),     form.cmdRebuild.text(), form.cmdUpdate.text(),
+                             form.cmdBaseFolder.text(), form.cmdApply.text(),   form.cmdCancel.text()};
+        EXPECT_EQ(captions, (Names{L"&Add", L"&Edit", L"Re&name", L"Re&move", L"Re&build", L"&Update",
+                                   L"&Folder...", L"Apply", L"Close"}));
+    });
+}
+
+TEST_F(KBList, AMissingNameYieldsARowWithAnEmptyName) {
+    recordNames({L"Mail"});
+    stage->setValue(KEY, L"ProjectCount", 3);
+    open([&](frmKBConfiguration& form) { EXPECT_EQ(names(form), (Names{L"", L"", L"Mail"})); });
+}
+
+TEST_F(KBList, DuplicateNamesAreShownAsOftenAsTheyAreRecorded) {
+    recordNames({L"Mail", L"mail", L"Mail"});
+    open([&](frmKBConfiguration& form) { EXPECT_EQ(form.sftKBConfiguration.rowCount(), 3); });
+}
+
+TEST_F(KBList, AProjectCountBelowZeroCountsAsNone) {
+    stage->setValue(KEY, L"ProjectCount", -5);
+    open([&](frmKBConfiguration& form) {
+        EXPECT_EQ(form.sftKBConfiguration.rowCount(), 0);
+        EXPECT_EQ(buttons(form), "A");
+    });
+}
+
+TEST_F(KBList, AProjectCountOfTheWrongTypeCountsAsNoneOrAsItsNumber) {
+    recordNames({L"Mail", L"News"});
+    stage->setValue(KEY, L"ProjectCount", L"many");
+    open([&](frmKBConfiguration& form) { EXPECT_EQ(form.sftKBConfiguration.rowCount(), 0); });
+    stage->setValue(KEY, L"ProjectCount", L"2");
+    open([&](frmKBConfiguration& form) { EXPECT_EQ(form.sftKBConfiguration.rowCount(), 2); });
+    stage->setRawValue(KEY, L"ProjectCount", 3, {1, 2, 3});
+    open([&](frmKBConfiguration& form) { EXPECT_EQ(form.sftKBConfiguration.rowCount(), 0); });
+}
+
+TEST_F(KBList, ADateThatIsNoDateIsLoggedAndHidesNothingElse) {
+    record({{L"Mail", L"soon", 2048, 5}, {L"News", L"43831,5", 2048, 5}});
+    open([&](frmKBConfiguration& form) {
+        EXPECT_EQ(cells(form, 0), (Row{L"Mail", L"-", L"-", L"       5"}));
+        EXPECT_EQ(cells(form, 1), (Row{L"News", L"01/01/2020 12:00:00 PM", L"2 KB", L"       5"}));
+    });
+    EXPECT_THAT(log(), Contains(testing::StartsWith("frmKBConfiguration, Error UpdateListView: ")));
+}
+
+TEST_F(KBList, SizesAndCountsThatDoNotConvertCountAsUnknown) {
+    recordNames({L"Mail"});
+    const std::wstring key = std::wstring(KEY) + L"\\Mail";
+    stage->setValue(key, L"KBLastUpdate", L"43831.5");
+    stage->setValue(key, L"KBSize", L"big");
+    stage->setValue(key, L"KBDocuments", L"many");
+    open([&](frmKBConfiguration& form) {
+        EXPECT_EQ(cells(form, 0), (Row{L"Mail", L"01/01/2020 12:00:00 PM", L"-1 Byte", L"-"}));
+        EXPECT_EQ(form.sftKBConfiguration.cellNumber(0, 2), 0);
+    });
+}
+
+TEST_F(KBList, TheKeyOfTheFolderSizesIsOpenedForEachRow) {
+    recordNames({L"Mail"});
+    open([&](frmKBConfiguration&) {});
+    EXPECT_THAT(calls.linesWith("registry open"),
+                Contains("registry open Software\\Norvane\\Quillmark\\Alice\\Mail\\Foldersize"));
+}
+
+TEST_F(KBList, NothingOfTheRecordsIsChanged) {
+    record({{L"Mail", L"43831.5", 1536, 5}, {L"News", L"-1", -1, 0}});
+    open([&](frmKBConfiguration& form) {
+        user.clickHeader(form.sftKBConfiguration, 1);
+        choose(form, L"News");
+    });
+    for (const std::string& line : calls.linesWith("registry set"))
+        EXPECT_THAT(line, testing::AnyOf(testing::HasSubstr("hWndKBEdit"), testing::HasSubstr("KBConfig")));
+    EXPECT_THAT(calls.linesWith("registry delete"), IsEmpty());
+}
+
+// --- Load and unload --------------------------------------------------------------------------------------
+
+TEST_F(KBList, TheWindowHandleIsWrittenAtLoad) {
+    std::int32_t handle = 0;
+    open([&](frmKBConfiguration& form) { handle = static_cast<std::int32_t>(form.window().handle()); });
+    EXPECT_EQ(integer(ROOT, L"hWndKBEdit"), handle);
+}
+
+TEST_F(KBList, LoadingAndClosingLeaveTheirLines) {
+    recordNames({L"Mail", L"News"});
+    stage->setValue(KEY, L"Projectname", L"news");
+    open([&](frmKBConfiguration&) {});
+    std::vector<std::string> lines = log();
+    const auto first = std::find(lines.begin(), lines.end(), "frmKBConfiguration, Loading...");
+    ASSERT_NE(first, lines.end());
+    lines.erase(lines.begin(), first);
+    EXPECT_THAT(lines,
+                ElementsAre("frmKBConfiguration, Loading...", "frmKBConfiguration, updating ListView...",
+                            "frmKBConfiguration, Lookup: Projectname", "Projectname: news",
+                            "UpdateListView, ProjectCount: 2", "frmKBConfiguration, ...update finished.",
+                            "frmKBConfiguration, Item 1: news", "frmKBConfiguration, ...load finished.",
+                            "frmKBConfiguration, form unload."));
+}
+
+TEST_F(KBList, TheCurrentKnowledgebaseIsSelectedAtLoadWithoutRegardToCase) {
+    recordNames({L"Mail", L"News"});
+    stage->setValue(KEY, L"Projectname", L"NEWS");
+    open([&](frmKBConfiguration& form) { EXPECT_EQ(current(form), L"News"); });
+}
+
+TEST_F(KBList, WithoutACurrentKnowledgebaseTheOneNamedDefaultIsSelected) {
+    recordNames({L"Mail", L"default"});
+    open([&](frmKBConfiguration& form) { EXPECT_EQ(current(form), L"default"); });
+}
+
+TEST_F(KBList, ClosingSetsTheSharedNumberOfKnowledgebases) {
+    recordNames({L"Mail", L"News"});
+    application.settings.ProjectCount = 99;
+    open([&](frmKBConfiguration&) {});
+    EXPECT_EQ(application.settings.ProjectCount, 2);
+}
+
+TEST_F(KBList, ClosingWritesOrderColumnAndTypeInThisOrder) {
+    open([&](frmKBConfiguration& form) {
+        calls.clear();
+        user.click(form.cmdCancel);
+    });
+    const auto writes = calls.linesWith("registry set");
+    ASSERT_EQ(writes.size(), 3u);
+    EXPECT_THAT(writes,
+                ElementsAre(testing::HasSubstr("KBConfigSortOrder"), testing::HasSubstr("KBConfigColumn"),
+                            testing::HasSubstr("KBConfigSortType")));
+}
+
+// --- Documents rule ---------------------------------------------------------------------------------------
+
+TEST_F(KBList, RebuildAndUpdateAreEnabledOnlyForAKnowledgebaseWithDocuments) {
+    record({{L"Empty", {}, {}, 0}, {L"Full", {}, {}, 3}, {L"Unknown", {}, {}, -1}, {L"Without", {}, {}, {}}});
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"Full");
+        EXPECT_EQ(buttons(form), ALL);
+        choose(form, L"Empty");
+        EXPECT_EQ(buttons(form), "AENM");
+        choose(form, L"Unknown");
+        EXPECT_EQ(buttons(form), ALL) << "-1 is not 0";
+        choose(form, L"Without");
+        EXPECT_EQ(buttons(form), "AENM") << "a missing number reads as 0";
+    });
+}
+
+TEST_F(KBList, TheArrowKeysMoveTheCurrentRowAndTheButtonsFollow) {
+    record({{L"Empty", {}, {}, 0}, {L"Full", {}, {}, 3}});
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"Empty");
+        user.press(form.window(), key::down);
+        EXPECT_EQ(current(form), L"Full");
+        EXPECT_EQ(buttons(form), ALL);
+        user.press(form.window(), key::up);
+        EXPECT_EQ(current(form), L"Empty");
+        EXPECT_EQ(buttons(form), "AENM");
+    });
+}
+
+// --- Sorting ----------------------------------------------------------------------------------------------
+//
+// The records, in this order:  b: updated at noon of 1/1/2020, 2048 bytes, 5 documents
+//                              A: never updated,                500 bytes, 0 documents
+//                              g: updated at noon of 1/1/2020, unknown size (0), unknown documents
+//                              d: updated on 1/1/1900,         1 MB, 120 documents
+// Up to the first click the list is sorted by name: A b d g. Rows that are equal keep the order that they
+// had. The direction of dates comes from the column's next order: a refill turns it, an opening starts at 0.
+
+struct SortState {
+    const wchar_t* rows;
+    char arrow;  ///< of the sorted column: ^ ascending, v descending
+    int nextOrder;
+};
+
+struct SortCase {
+    const char* name;
+    int column;
+    int clicks;
+    SortState clicked;
+    SortState refilled;
+    std::int32_t savedOrder;
+    std::int32_t savedType;
+    SortState reopened;
+};
+
+const SortCase SORTS[] = {
+    // column, clicks -> after the clicks  | after a refill     | saved order, type | after reopening
+    {"NameOnce", 0, 1, {L"gdbA", 'v', 1}, {L"gdbA", 'v', 1}, 0, 1, {L"gdbA", 'v', 0}},
+    {"NameTwice", 0, 2, {L"Abdg", '^', 0}, {L"Abdg", '^', 0}, 1, 0, {L"Abdg", '^', 1}},
+    {"DateOnce", 1, 1, {L"bgdA", 'v', 1}, {L"Adbg", 'v', 1}, 0, 6, {L"bgdA", 'v', 0}},
+    {"DateTwice", 1, 2, {L"Adbg", '^', 0}, {L"bgdA", '^', 0}, 1, 6, {L"bgdA", '^', 1}},
+    {"SizeOnce", 2, 1, {L"dbAg", 'v', 1}, {L"dbAg", 'v', 1}, 0, 9, {L"dbAg", 'v', 0}},
+    {"SizeTwice", 2, 2, {L"gAbd", '^', 0}, {L"gAbd", '^', 0}, 1, 8, {L"gAbd", '^', 1}},
+    {"DocumentsOnce", 3, 1, {L"gdbA", 'v', 1}, {L"gdbA", 'v', 1}, 0, 1, {L"gdbA", 'v', 0}},
+    {"DocumentsTwice", 3, 2, {L"Abdg", '^', 0}, {L"Abdg", '^', 0}, 1, 0, {L"Abdg", '^', 1}},
+};
+
+class KBSorting : public KBTest, public testing::WithParamInterface<SortCase> {
+protected:
+    void recordFour() {
+        record({{L"b", L"43831.5", 2048, 5},
+                {L"A", L"-1", 500, 0},
+                {L"g", L"43831.5", -1, -1},
+                {L"d", L"2.25", 1048576, 120}});
+    }
+
+    static void expectState(const frmKBConfiguration& form, int column, const SortState& state) {
+        std::wstring rows;
+        for (const std::wstring& name : names(form)) rows += name;
+        EXPECT_EQ(rows, state.rows);
+        for (int header = 0; header < 4; ++header) {
+            const ui::SortArrow arrow = form.sftKBConfiguration.sortArrow(header);
+            const ui::SortArrow wanted = header != column     ? ui::SortArrow::none
+                                         : state.arrow == '^' ? ui::SortArrow::up
+                                                              : ui::SortArrow::down;
+            EXPECT_EQ(arrow, wanted) << "header " << header;
+            EXPECT_EQ(form.nextOrders()[static_cast<std::size_t>(header)],
+                      header == column ? state.nextOrder : 0)
+                << "header " << header;
+        }
+    }
+};
+
+TEST_P(KBSorting, ByEachColumnThroughClicksRefillAndReopening) {
+    const SortCase& sort = GetParam();
+    recordFour();
+    open([&](frmKBConfiguration& form) {
+        expectState(form, 0, {L"Abdg", 'v', 0});
+        for (int click = 0; click < sort.clicks; ++click)
+            user.clickHeader(form.sftKBConfiguration, sort.column);
+        expectState(form, sort.column, sort.clicked);
+        addIn.finish(L"b", false);
+        expectState(form, sort.column, sort.refilled);
+    });
+    EXPECT_EQ(stored(L"KBConfigColumn"), sort.column);
+    EXPECT_EQ(stored(L"KBConfigSortOrder"), sort.savedOrder);
+    EXPECT_EQ(stored(L"KBConfigSortType"), sort.savedType);
+    open([&](frmKBConfiguration& form) { expectState(form, sort.column, sort.reopened); });
+}
+
+INSTANTIATE_TEST_SUITE_P(Columns, KBSorting, testing::ValuesIn(SORTS),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+class KBSortRules : public KBSorting {};
+
+TEST_F(KBSortRules, WithNoSavedSortTheListOpensSortedByName) {
+    recordFour();
+    open([&](frmKBConfiguration& form) { expectState(form, 0, {L"Abdg", 'v', 0}); });
+    EXPECT_EQ(stored(L"KBConfigColumn"), 0);
+    EXPECT_EQ(stored(L"KBConfigSortOrder"), 0);
+    EXPECT_EQ(stored(L"KBConfigSortType"), 0);
+}
+
+TEST_F(KBSortRules, TheFirstClickSortsByOrder0AndTheNextByOrder1) {
+    recordFour();
+    open([&](frmKBConfiguration& form) {
+        user.clickHeader(form.sftKBConfiguration, 3);
+        EXPECT_EQ(form.sftKBConfiguration.sortArrow(3), ui::SortArrow::down);
+        user.clickHeader(form.sftKBConfiguration, 3);
+        EXPECT_EQ(form.sftKBConfiguration.sortArrow(3), ui::SortArrow::up);
+    });
+}
+
+TEST_F(KBSortRules, ACellThatHasChangedIsSortedByWhatItHoldsNow) {
+    record({{L"first", L"2", 1000, 1}, {L"second", L"2", 2000, 1}});
+    open([&](frmKBConfiguration& form) {
+        ui::Grid& list = form.sftKBConfiguration;
+        user.clickHeader(list, 2);
+        EXPECT_EQ(names(form), (Names{L"second", L"first"}));
+        ui::GridCell larger = list.cell(1, 2);
+        larger.number = 3000;
+        list.setCell(1, 2, larger);
+        user.clickHeader(list, 2);
+        EXPECT_EQ(names(form), (Names{L"second", L"first"}));
+        user.clickHeader(list, 0);
+        ui::GridCell renamed = list.cell(rowOf(form, L"first"), 0);
+        renamed.text = L"zero";
+        renamed.key = L"zero";
+        list.setCell(rowOf(form, L"first"), 0, renamed);
+        user.clickHeader(list, 0);
+        EXPECT_EQ(names(form), (Names{L"second", L"zero"}));
+        user.clickHeader(list, 0);
+        EXPECT_EQ(names(form), (Names{L"zero", L"second"}));
+    });
+}
+
+TEST_F(KBSortRules, TwoClicksOnSizeSortByTheKeptNumberNeverByTheUnits) {
+    record({{L"kilo", L"2", 900 * 1024, 1}, {L"mega", L"2", 2 * 1048576, 1}, {L"byte", L"2", 1000, 1}});
+    open([&](frmKBConfiguration& form) {
+        user.clickHeader(form.sftKBConfiguration, 2);
+        EXPECT_EQ(names(form), (Names{L"mega", L"kilo", L"byte"}));
+        user.clickHeader(form.sftKBConfiguration, 2);
+        EXPECT_EQ(names(form), (Names{L"byte", L"kilo", L"mega"}));
+    });
+}
+
+TEST_F(KBSortRules, AKnowledgebaseNeverUpdatedSortsAsTheOldestDate) {
+    record({{L"new", L"43831", 1, 1}, {L"never", L"-1", 1, 1}, {L"old", L"1", 1, 1}});
+    open([&](frmKBConfiguration& form) {
+        user.clickHeader(form.sftKBConfiguration, 1);
+        EXPECT_EQ(names(form), (Names{L"new", L"old", L"never"}));
+    });
+}
+
+TEST_F(KBSortRules, ASortKeepsTheCurrentKnowledgebase) {
+    recordFour();
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"d");
+        for (const int column : {2, 1, 0, 3, 2}) {
+            user.clickHeader(form.sftKBConfiguration, column);
+            EXPECT_EQ(current(form), L"d");
+        }
+    });
+}
+
+TEST_F(KBSortRules, SavedValuesOutOfRangeCountAsNone) {
+    recordFour();
+    struct Saved {
+        std::int32_t order, column, type;
+        const wchar_t* rows;
+    };
+    for (const Saved& saved :
+         {Saved{0, 4, 0, L"Abdg"}, Saved{1, -7, 8, L"Abdg"}, Saved{77, 2, 9, L"dbAg"},
+          Saved{1, 2, 77, L"gAbd"}, Saved{-1, -1, 9, L"Abdg"}, Saved{0, 3, 6, L"gdbA"}}) {
+        stage->setValue(KEY, L"KBConfigSortOrder", saved.order);
+        stage->setValue(KEY, L"KBConfigColumn", saved.column);
+        stage->setValue(KEY, L"KBConfigSortType", saved.type);
+        open([&](frmKBConfiguration& form) {
+            std::wstring rows;
+            for (const std::wstring& name : names(form)) rows += name;
+            EXPECT_EQ(rows, saved.rows) << saved.order << " " << saved.column << " " << saved.type;
+        });
+    }
+}
+
+// --- Refill -----------------------------------------------------------------------------------------------
+
+TEST_F(KBList, ARefillSelectsTheKnowledgebaseOfTheLastEventAndLeavesItsLines) {
+    recordNames({L"Mail", L"News"});
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        stage->setValue(KEY, L"ProjectEventName", L"News");
+        recordNames({L"Mail", L"News", L"Post"});
+        addIn.finish(L"News", false);
+        EXPECT_EQ(names(form), (Names{L"Mail", L"News", L"Post"}));
+        EXPECT_EQ(current(form), L"News");
+        EXPECT_EQ(form.lblDebugInfo.text(), L"3");
+    });
+    EXPECT_THAT(log(), Contains("frmKBConfiguration, Lookup: ProjectEventName"));
+    EXPECT_THAT(log(), Contains("UpdateListView, ProjectCount: 3"));
+}
+
+TEST_F(KBList, ARefillSelectsByTheExactName) {
+    recordNames({L"Mail", L"News"});
+    stage->setValue(KEY, L"ProjectEventName", L"news");
+    open([&](frmKBConfiguration& form) {
+        addIn.finish(L"news", false);
+        EXPECT_EQ(current(form), L"(none)");
+    });
+}
+
+TEST_F(KBList, OfSeveralRowsWithTheNameTheLastBecomesCurrent) {
+    recordNames({L"Mail", L"Twin", L"Twin"});
+    stage->setValue(KEY, L"ProjectEventName", L"Twin");
+    open([&](frmKBConfiguration& form) {
+        addIn.finish(L"Twin", false);
+        EXPECT_EQ(form.sftKBConfiguration.currentRow(), 2);
+    });
+}
+
+TEST_F(KBList, TenThousandKnowledgebasesAreShownSortedAndSearched) {
+    constexpr int COUNT = 10000;
+    stage->setValue(KEY, L"ProjectCount", COUNT);
+    for (int index = 1; index <= COUNT; ++index)
+        stage->setValue(KEY, L"Project" + std::to_wstring(index),
+                        L"KB" + std::to_wstring(COUNT + index * 7919 % COUNT));
+    stage->setValue(KEY, L"Projectname", L"KB15000");
+    open([&](frmKBConfiguration& form) {
+        EXPECT_EQ(form.sftKBConfiguration.rowCount(), COUNT);
+        EXPECT_EQ(form.sftKBConfiguration.cellText(0, 0), L"KB10000");
+        EXPECT_EQ(form.sftKBConfiguration.cellText(COUNT - 1, 0), L"KB19999");
+        EXPECT_EQ(current(form), L"KB15000");
+        user.clickHeader(form.sftKBConfiguration, 0);
+        EXPECT_EQ(form.sftKBConfiguration.currentRow(), 4999);
+    });
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,165 @@
+// The property page contract: Dirty, Apply, MarkChanged.
+#include "tests/page/page_test_base.h"
+
+namespace tests {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class PageApply : public PageTest {
+protected:
+    void SetUp() override {
+        start();
+        calls.clear();
+    }
+
+    /// Names of the values written, in order.
+    std::vector<std::string> written() {
+        std::vector<std::string> names;
+        for (const std::string& line : calls.linesWith("registry set")) {
+            const std::size_t end = line.find(" = ");
+            names.push_back(line.substr(line.rfind('\\', end) + 1, end - line.rfind('\\', end) - 1));
+        }
+        return names;
+    }
+};
+
+TEST_F(PageApply, WritesTwentySevenValuesInTheirOrder) {
+    page->PropertyPage_Apply();
+    EXPECT_THAT(
+        written(),
+        ElementsAre("VexaBaseDir", "DefaultProject", "MaxEntries", "MinRel", "AutoInfo", "LoggingInformation",
+                    "AutoFindUnread", "AutoFindAll", "AutoFindDelay", "FindShortcut", "AutoAddUnreadMail",
+                    "AutoAddSentMail", "DisplayHotSpots", "DisplayTextMarks", "KeepHighlights",
+                    "ColorHotSpots", "Penalty0", "Penalty1", "Penalty2", "Penalty3", "Penalty4", "Penalty5",
+                    "AddAttachments", "AddAllAttachments", "AddSizelimitedAttachments", "AttachmentsMaxSize",
+                    "AddAttachmentsToQuery"));
+}
+
+TEST_F(PageApply, WritesTextsAsTextAndFlagsAsOneOrZero) {
+    application.settings.VexaBaseDir = L"C:\\Mail";
+    application.settings.AutoInfo = true;
+    application.settings.KeepHighlights = false;
+    page->PropertyPage_Apply();
+    EXPECT_EQ(text(PROFILE, L"VexaBaseDir"), L"C:\\Mail");
+    EXPECT_EQ(integer(PROFILE, L"AutoInfo"), 1);
+    EXPECT_EQ(integer(PROFILE, L"KeepHighlights"), 0);
+    EXPECT_EQ(integer(PROFILE, L"AutoFindUnread"), 1) << "true is stored as 1";
+}
+
+TEST_F(PageApply, LogsTheNumberOfKnowledgebasesFirst) {
+    application.settings.ProjectCount = 3;
+    page->PropertyPage_Apply();
+    EXPECT_EQ(log().back(), "ctlPPE, PropertyPage_Apply: 3 projects.");
+}
+
+TEST_F(PageApply, WithChangedColoursOnlyCallsNoOperationOfTheAddIn) {
+    application.settings.Penalty[2] = 0x123456;
+    application.flags.dialogChanged = true;
+    page->PropertyPage_Apply();
+    EXPECT_THAT(written(), SizeIs(27));
+    EXPECT_THAT(calls.linesWith("addin"), IsEmpty());
+    EXPECT_EQ(integer(PROFILE, L"Penalty2"), 0x123456);
+}
+
+TEST_F(PageApply, TellsTheAddInOfAChangedKnowledgebaseThenShortcutThenLogging) {
+    application.settings.DefaultProject = L"Mail";
+    application.settings.FindShortcut = 1;
+    application.settings.LoggingInformation = false;
+    application.flags = {true, true, true};
+    page->PropertyPage_Apply();
+    EXPECT_THAT(calls.linesWith("addin"), ElementsAre("addin SetDefaultKnowledgebase(Mail)",
+                                                      "addin SetFindShortcut(1)", "addin SetLogging(0)"));
+    EXPECT_EQ(calls.lines().back(), "addin SetLogging(0)") << "after all writes";
+    EXPECT_EQ(application.flags, vexa::ChangeFlags());
+}
+
+TEST_F(PageApply, SwitchingLoggingOffAndOnAgainCallsSetLoggingNotAtAll) {
+    application.settings.LoggingInformation = false;
+    application.settings.LoggingInformation = true;
+    page->PropertyPage_Apply();
+    EXPECT_THAT(calls.linesWith("addin SetLogging"), IsEmpty());
+}
+
+TEST_F(PageApply, TheAppliedLoggingStateIsTheNewOneToCompareWith) {
+    application.settings.LoggingInformation = false;
+    page->PropertyPage_Apply();
+    page->PropertyPage_Apply();
+    EXPECT_THAT(calls.linesWith("addin SetLogging"), ElementsAre("addin SetLogging(0)"));
+    application.settings.LoggingInformation = true;
+    page->PropertyPage_Apply();
+    EXPECT_THAT(calls.linesWith("addin SetLogging"),
+                ElementsAre("addin SetLogging(0)", "addin SetLogging(1)"));
+}
+
+TEST_F(PageApply, WithoutAnAddInStillWritesAllValuesAndClearsChanged) {
+    application.addIn.reset();
+    page->MarkChanged();
+    application.settings.LoggingInformation = false;
+    application.flags = {true, true, true};
+    page->PropertyPage_Apply();
+    EXPECT_THAT(written(), SizeIs(27));
+    EXPECT_FALSE(page->PropertyPage_Dirty());
+    EXPECT_EQ(application.flags, vexa::ChangeFlags());
+}
+
+TEST_F(PageApply, WhileCleanWritesAllValuesAgain) {
+    page->PropertyPage_Apply();
+    page->PropertyPage_Apply();
+    EXPECT_THAT(written(), SizeIs(2 * 27));
+}
+
+TEST_F(PageApply, AFailingAddInDoesNotStopTheRemainingSteps) {
+    page->MarkChanged();
+    application.settings.LoggingInformation = false;
+    application.flags = {true, true, true};
+    calls.failCallsWith("addin");
+    page->PropertyPage_Apply();
+    EXPECT_THAT(calls.linesWith("addin"), SizeIs(3));
+    EXPECT_FALSE(page->PropertyPage_Dirty());
+    EXPECT_EQ(application.flags, vexa::ChangeFlags());
+}
+
+TEST_F(PageApply, MarkChangedTellsTheHostAndTheHostFindsThePageDirtyAtThatMoment) {
+    bool dirtyWhenAsked = false;
+    site.whenStatusChanges = [&] { dirtyWhenAsked = page->PropertyPage_Dirty(); };
+    page->MarkChanged();
+    EXPECT_TRUE(dirtyWhenAsked);
+    EXPECT_THAT(calls.linesWith("site OnStatusChange"), SizeIs(1));
+}
+
+TEST_F(PageApply, TheDefaultKnowledgebaseEventAppliesAtOnce) {
+    application.settings.DefaultProject = L"Mail";
+    application.flags.defaultKnowledgebaseChanged = true;
+    page->m_KBForm_DefaultKBChanged();
+    EXPECT_EQ(text(PROFILE, L"DefaultProject"), L"Mail");
+    EXPECT_THAT(calls.linesWith("addin"), ElementsAre("addin SetDefaultKnowledgebase(Mail)"));
+}
+
+TEST_F(PageApply, AFailureInTheDefaultKnowledgebaseEventIsLogged) {
+    application.flags.defaultKnowledgebaseChanged = true;
+    calls.failCallsWith("addin");
+    page->m_KBForm_DefaultKBChanged();
+    EXPECT_EQ(log().back(), "ctlPPE, Error m_KBForm_DefaultKBChanged: The add-in failed");
+}
+
+class PageStart : public PageTest {};
+
+TEST_F(PageStart, LeavesThePageCleanAndTellsTheHostNothing) {
+    start();
+    EXPECT_FALSE(page->PropertyPage_Dirty());
+    EXPECT_THAT(calls.linesWith("site OnStatusChange"), IsEmpty());
+}
+
+TEST_F(PageStart, MarkChangedWhileThePageLoadsDoesNothing) {
+    create();
+    calls.during("registry query Software\\Norvane\\Quillmark\\MaxEntries", [&] { page->MarkChanged(); });
+    page->UserControl_Initialize();
+    EXPECT_FALSE(page->PropertyPage_Dirty());
+    EXPECT_THAT(calls.linesWith("site OnStatusChange"), IsEmpty());
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,390 @@
+// The page's buttons, the message button, the poll, the wizard rule and the knowledgebase events.
+#include "common/knowledgebase_names.h"
+#include "kb/frmKBConfiguration.h"
+#include "settings/frmDispMatches.h"
+#include "tests/page/page_test_base.h"
+
+namespace tests {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class PageCommands : public PageTest {
+protected:
+    void SetUp() override {
+        stage->setValue(ROOT, L"hWndSearchCtl", 4711);
+        start();
+        calls.clear();
+    }
+
+    void raise(std::int32_t action, const std::wstring& name = L"Mail", bool flag = false) {
+        bool bProcessing = flag;
+        std::wstring strName = name;
+        page->m_KBForm_KBClick(bProcessing, strName, action);
+    }
+
+    std::vector<bool> buttonStates() {
+        return {page->cmdKnowledgeBase.enabled(), page->cmdSettings.enabled(), page->cmdAttachments.enabled(),
+                page->cmdDispMatches.enabled(), page->cmdWizard.enabled()};
+    }
+    const std::vector<bool> allOff = std::vector<bool>(5, false);
+    const std::vector<bool> allOn = std::vector<bool>(5, true);
+};
+
+// --- Knowledgebase events ---------------------------------------------------------------------------------
+
+struct Event {
+    std::int32_t code;
+    const char* call;  ///< what leaves the page
+};
+
+class PageEvents : public PageCommands, public testing::WithParamInterface<Event> {};
+
+TEST_P(PageEvents, AreWrittenToTheRegistryAndPassedOn) {
+    stage->setValue(PROFILE, L"OldProjectname", L"Post");
+    raise(GetParam().code);
+    EXPECT_EQ(integer(PROFILE, L"ProjectEvent"), GetParam().code);
+    EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"Mail");
+    std::vector<std::string> passedOn = calls.linesWith("addin");
+    for (const std::string& line : calls.linesWith("message")) passedOn.push_back(line);
+    EXPECT_THAT(passedOn, ElementsAre(testing::StartsWith(GetParam().call)));
+    EXPECT_THAT(calls.linesWith("pointer"), ElementsAre("pointer 13", "pointer 0"));
+}
+
+TEST_P(PageEvents, ComeToTheirEndWhereTheAddInFails) {
+    calls.failCallsWith("addin");
+    raise(GetParam().code);
+    EXPECT_EQ(integer(PROFILE, L"ProjectEvent"), GetParam().code);
+    EXPECT_EQ(calls.linesWith("pointer").back(), "pointer 0");
+    if (std::string(GetParam().call).starts_with("addin")) {
+        EXPECT_EQ(log().back(), "ctlPPE, Error m_KBForm_KBClick: The add-in failed");
+    }
+}
+
+TEST_P(PageEvents, AreRecordedWithoutAnAddIn) {
+    application.addIn.reset();
+    raise(GetParam().code);
+    EXPECT_EQ(integer(PROFILE, L"ProjectEvent"), GetParam().code);
+    EXPECT_THAT(calls.linesWith("addin"), IsEmpty());
+    EXPECT_EQ(calls.linesWith("pointer").back(), "pointer 0");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Codes, PageEvents,
+    testing::Values(Event{0, "addin NotifyKbAdded(Mail)"}, Event{1, "addin NotifyKbRemoved(Mail)"},
+                    Event{2, "message 4711 1139 0 0"}, Event{3, "addin NotifyKbRenamed(Post, Mail)"},
+                    Event{4, "addin NotifyKbRebuild(Mail)"}, Event{5, "addin NotifyKbUpdate(Mail)"},
+                    Event{6, "message 4711 1127 0 "}));
+
+TEST_F(PageCommands, TheFlagOfAnEditEventBecomesTheMessagesLParam) {
+    raise(2, L"Mail", true);
+    EXPECT_THAT(calls.linesWith("message"), ElementsAre("message 4711 1139 0 1"));
+}
+
+TEST_F(PageCommands, UnknownEventCodesAreWrittenAndDoNothingElse) {
+    for (const std::int32_t code : {7, -1, 1000}) {
+        calls.clear();
+        raise(code);
+        EXPECT_EQ(integer(PROFILE, L"ProjectEvent"), code);
+        EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"Mail");
+        EXPECT_THAT(calls.linesWith("registry set"), SizeIs(2));
+        EXPECT_THAT(calls.linesWith("registry delete"), IsEmpty());
+        EXPECT_THAT(calls.linesWith("addin"), IsEmpty());
+        EXPECT_THAT(calls.linesWith("message"), IsEmpty());
+    }
+}
+
+TEST_F(PageCommands, ARenameWithoutAnOldNameTellsTheEmptyName) {
+    raise(3);
+    EXPECT_THAT(calls.linesWith("addin"), ElementsAre("addin NotifyKbRenamed(, Mail)"));
+}
+
+TEST_F(PageCommands, ADeadSearchWindowDoesNoHarm) {
+    calls.failCallsWith("message");
+    raise(2);
+    raise(6);
+    EXPECT_THAT(calls.linesWith("message"), SizeIs(2));
+    EXPECT_EQ(calls.linesWith("pointer").back(), "pointer 0");
+}
+
+// --- Wizard -----------------------------------------------------------------------------------------------
+
+TEST_F(PageCommands, TheWizardButtonNamesTheCurrentKnowledgebase) {
+    stage->setValue(PROFILE, L"ProjectCount", 2);
+    stage->setValue(PROFILE, L"Projectname", L"Archive");
+    user.click(page->cmdWizard);
+    EXPECT_EQ(integer(PROFILE, L"ProjectEvent"), 6);
+    EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"Archive");
+    EXPECT_THAT(calls.linesWith("message 4711 1127 0 "), SizeIs(1));
+}
+
+TEST_F(PageCommands, WithoutKnowledgebasesTheWizardButtonNamesDefault) {
+    stage->setValue(PROFILE, L"Projectname", L"Archive");
+    user.click(page->cmdWizard);
+    EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"default");
+}
+
+TEST_F(PageCommands, TheWizardButtonLogsItsFocusUnderTheTypesName) {
+    page->cmdWizard.setFocus();
+    EXPECT_THAT(log(), Contains("ctlPPEcmdWizard got focus."));
+}
+
+struct WizardCase {
+    const char* name;
+    std::function<void(Stage&)> prepare;
+    bool allowed;
+};
+
+void addKnowledgebase(Stage& stage) {
+    stage.setValue(PROFILE, L"ProjectCount", 1);
+    stage.setValue(PROFILE, L"Project1", L"Mail");
+    stage.setValue(PROFILE, L"VexaBaseDir", stage.folder() + L"kb");
+    stage.createFolder(stage.folder() + L"kb");
+    stage.createFolder(stage.folder() + L"kb\\Temp");
+}
+
+class WizardRule : public PageTest, public testing::WithParamInterface<WizardCase> {};
+
+TEST_P(WizardRule, DecidesWhetherTheWizardIsOffered) {
+    GetParam().prepare(*stage);
+    start();
+    EXPECT_EQ(page->cmdWizard.enabled(), GetParam().allowed);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, WizardRule,
+    testing::Values(
+        WizardCase{"NothingYet", [](Stage&) {}, true},
+        WizardCase{"AddInProcesses", [](Stage& stage) { stage.addIn().processing = true; }, false},
+        WizardCase{"StateOneIsNotThree", [](Stage& stage) { stage.setValue(PROFILE, L"KBProcessState", 1); },
+                   false},
+        WizardCase{"StateTwoIsNotThreeEvenWithNoFiles",
+                   [](Stage& stage) { stage.setValue(PROFILE, L"KBProcessState", 2); }, false},
+        WizardCase{"StateThree", [](Stage& stage) { stage.setValue(PROFILE, L"KBProcessState", 3); }, true},
+        WizardCase{"KnowledgebaseWithoutFile", addKnowledgebase, true},
+        WizardCase{"EmptyFileDoesNotBlock",
+                   [](Stage& stage) {
+                       addKnowledgebase(stage);
+                       stage.writeFile(stage.folder() + L"kb\\Mail.dct", "");
+                   },
+                   true},
+        WizardCase{"FileWithContentBlocks",
+                   [](Stage& stage) {
+                       addKnowledgebase(stage);
+                       stage.writeFile(stage.folder() + L"kb\\Mail.dct", "x");
+                   },
+                   false},
+        WizardCase{"FileInTempWithContentBlocks",
+                   [](Stage& stage) {
+                       addKnowledgebase(stage);
+                       stage.writeFile(stage.folder() + L"kb\\Temp\\Mail.dct", "x");
+                   },
+                   false},
+        WizardCase{"MissingNameReadsAsDefault",
+                   [](Stage& stage) {
+                       addKnowledgebase(stage);
+                       stage.setValue(PROFILE, L"ProjectCount", 2);
+                       stage.writeFile(stage.folder() + L"kb\\default.dct", "x");
+                   },
+                   false},
+        WizardCase{"NegativeCountIsNone",
+                   [](Stage& stage) {
+                       addKnowledgebase(stage);
+                       stage.setValue(PROFILE, L"ProjectCount", -5);
+                       stage.writeFile(stage.folder() + L"kb\\Mail.dct", "x");
+                   },
+                   true}),
+    [](const auto& one) { return std::string(one.param.name); });
+
+TEST_F(PageCommands, ABrokenCountOfTwoThousandMillionIsHeldAtAHundredThousand) {
+    stage->setValue(PROFILE, L"ProjectCount", 2'000'000'000);
+    EXPECT_EQ(vexa::knowledgebaseCount(application), 100'000);
+}
+
+// The rule reads every name, and a poll comes each quarter of a second: a long list must not take all of the
+// host's time.
+TEST_F(PageCommands, ALongListWithoutContentIsNotReadAtEveryPoll) {
+    stage->setValue(PROFILE, L"ProjectCount", 10'000);
+    const auto polls = [&] { return calls.linesWith("addin IsSearching").size(); };
+    const auto rules = [&] { return calls.linesWith("addin IsProcessing").size(); };
+    const auto waitForPolls = [&](std::size_t count) {
+        calls.clear();
+        for (int turns = 0; turns < 100 && polls() < count; ++turns) user.wait(250);
+    };
+    waitForPolls(7);
+    EXPECT_GE(rules(), 2U);
+    EXPECT_LE(rules(), polls() / 3 + 1) << "each rule that read 10,000 names spares two polls";
+    EXPECT_LE(calls.linesWith("files").size(), 2 * rules()) << "missing names are one name";
+    stage->addIn().searching = true;
+    waitForPolls(1);
+    stage->addIn().searching = false;
+    waitForPolls(1);
+    EXPECT_GE(rules(), 1U) << "the wizard comes back with the other buttons";
+    EXPECT_EQ(buttonStates(), allOn);
+}
+
+// --- The message button -----------------------------------------------------------------------------------
+
+TEST_F(PageCommands, KeyTwentyEnablesTheWizardAndTwentyOneDisablesIt) {
+    user.sendKey(page->cmdMsg, 21);
+    EXPECT_FALSE(page->cmdWizard.enabled());
+    user.sendKey(page->cmdMsg, 20);
+    EXPECT_TRUE(page->cmdWizard.enabled());
+    user.sendKey(page->cmdMsg, 65);
+    EXPECT_TRUE(page->cmdWizard.enabled());
+    EXPECT_THAT(log(), testing::IsSupersetOf({"ctlPPE, cmdMsg_KeyDown.", "ctlPPE, cmdMsg_KeyDown.",
+                                              "ctlPPE, cmdMsg_KeyDown."}));
+}
+
+TEST_F(PageCommands, AMouseMoveAtTwentyEnablesTheWizardAndAtTwentyOneDisablesIt) {
+    user.moveMouse(page->cmdMsg, 21, 0);
+    EXPECT_FALSE(page->cmdWizard.enabled());
+    user.moveMouse(page->cmdMsg, 20, 5);
+    EXPECT_TRUE(page->cmdWizard.enabled());
+    user.moveMouse(page->cmdMsg, 19, 0);
+    EXPECT_TRUE(page->cmdWizard.enabled());
+    EXPECT_EQ(log().back(), "ctlPPE, cmdMsg_MouseMove.");
+    EXPECT_THAT(calls.linesWith("doevents"), SizeIs(3));
+}
+
+TEST_F(PageCommands, MovesThatComeWhileEventsRunAreNotHandledOneInsideTheOther) {
+    calls.during("doevents", [&] { user.moveMouse(page->cmdMsg, 21, 0); });
+    user.moveMouse(page->cmdMsg, 1, 0);
+    EXPECT_FALSE(page->cmdWizard.enabled());
+    EXPECT_THAT(calls.linesWith("doevents"), SizeIs(1));
+    EXPECT_THAT(log(), testing::IsSupersetOf({"ctlPPE, cmdMsg_MouseMove.", "ctlPPE, cmdMsg_MouseMove."}));
+    user.moveMouse(page->cmdMsg, 20, 0);
+    EXPECT_THAT(calls.linesWith("doevents"), SizeIs(2));
+}
+
+// --- Poll -------------------------------------------------------------------------------------------------
+
+TEST_F(PageCommands, WhileTheAddInSearchesAllButtonsAreDisabledWithinAQuarterSecondAndComeBack) {
+    EXPECT_EQ(buttonStates(), allOn);
+    stage->addIn().searching = true;
+    user.wait(260);
+    EXPECT_EQ(buttonStates(), allOff);
+    stage->addIn().searching = false;
+    user.wait(260);
+    EXPECT_EQ(buttonStates(), allOn);
+}
+
+TEST_F(PageCommands, AnAddInThatGoesAwayWhileSearchingGivesTheButtonsBack) {
+    stage->addIn().searching = true;
+    user.wait(260);
+    calls.failCallsWith("addin");
+    user.wait(260);
+    EXPECT_EQ(buttonStates(), allOn);
+}
+
+TEST_F(PageCommands, DisabledButtonsTakeNoClick) {
+    stage->addIn().searching = true;
+    user.wait(260);
+    calls.clear();
+    user.click(page->cmdWizard);
+    user.click(page->cmdDispMatches);
+    EXPECT_THAT(calls.linesWith("message"), IsEmpty());
+    EXPECT_THAT(calls.linesWith("registry set"), IsEmpty());
+}
+
+// --- Buttons ----------------------------------------------------------------------------------------------
+
+TEST_F(PageCommands, TheKnowledgebaseButtonLogsShowsAndAsksTheWizardRuleAfterwards) {
+    std::vector<std::string> logWhenShown;
+    stage->whenShown<vexa::frmKBConfiguration>([&](vexa::frmKBConfiguration& form) {
+        logWhenShown = log();
+        addKnowledgebase(*stage);
+        stage->writeFile(stage->folder() + L"kb\\Mail.dct", "x");
+        calls.clear();
+        form.window().close();
+    });
+    user.click(page->cmdKnowledgeBase);
+    EXPECT_THAT(logWhenShown, Contains("ctlPPE, showing kb configuration dialog."));
+    EXPECT_FALSE(page->cmdWizard.enabled());
+    EXPECT_EQ(calls.lines().back(), "doevents");
+}
+
+/// A dialog's button, and the line that the log gets where the dialog cannot be made.
+struct FailingButton {
+    ui::Button& (*button)(vexa::ctlPPE& page);
+    const char* procedure;
+};
+
+class PageButtonFaults : public PageCommands, public testing::WithParamInterface<FailingButton> {};
+
+TEST_P(PageButtonFaults, ADialogThatFailsIsLoggedUnderItsButton) {
+    stage->whenShown(Script([](ui::Form& form) { form.window().close(); }));
+    calls.failCallsWith("site OnStatusChange");
+    application.flags.dialogChanged = true;
+    user.click(GetParam().button(*page));
+    EXPECT_THAT(log(), Contains("ctlPPE, Error " + std::string(GetParam().procedure) + ": The host failed"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Buttons, PageButtonFaults,
+    testing::Values(FailingButton{[](vexa::ctlPPE& page) -> ui::Button& { return page.cmdAttachments; },
+                                  "cmdAttachments_Click"},
+                    FailingButton{[](vexa::ctlPPE& page) -> ui::Button& { return page.cmdDispMatches; },
+                                  "cmdDispMatches_Click"},
+                    FailingButton{[](vexa::ctlPPE& page) -> ui::Button& { return page.cmdKnowledgeBase; },
+                                  "cmdKnowledgeBase_Click"}),
+    [](const auto& one) { return std::string(one.param.procedure); });
+
+TEST_F(PageCommands, ADialogThatChangedNothingLeavesThePageClean) {
+    stage->whenShown<vexa::frmDispMatches>([&](vexa::frmDispMatches& form) { user.click(form.cmdOk); });
+    user.click(page->cmdDispMatches);
+    EXPECT_FALSE(page->PropertyPage_Dirty());
+    EXPECT_THAT(calls.linesWith("site OnStatusChange"), IsEmpty());
+}
+
+TEST_F(PageCommands, ADialogThatChangedASettingMarksThePageChangedWhenItHasClosed) {
+    stage->whenShown<vexa::frmDispMatches>([&](vexa::frmDispMatches& form) {
+        user.click(form.chkKeepHighlights);
+        user.click(form.cmdOk);
+        EXPECT_FALSE(page->PropertyPage_Dirty());
+    });
+    user.click(page->cmdDispMatches);
+    EXPECT_TRUE(page->PropertyPage_Dirty());
+    EXPECT_THAT(calls.linesWith("site OnStatusChange"), SizeIs(1));
+    page->PropertyPage_Apply();
+    EXPECT_EQ(integer(PROFILE, L"KeepHighlights"), 1);
+}
+
+TEST_F(PageCommands, AHostThatFailsToHearOfAChangeIsLogged) {
+    calls.failCallsWith("site OnStatusChange");
+    stage->whenShown<vexa::frmDispMatches>([&](vexa::frmDispMatches& form) {
+        user.click(form.chkKeepHighlights);
+        user.click(form.cmdOk);
+    });
+    user.click(page->cmdDispMatches);
+    EXPECT_TRUE(page->PropertyPage_Dirty());
+    EXPECT_EQ(log().back(), "ctlPPE, Error cmdDispMatches_Click: The host failed");
+}
+
+TEST_F(PageCommands, TabReachesEachEnabledButtonInOrder) {
+    page->cmdKnowledgeBase.setFocus();
+    ui::Window& window = page->window();
+    for (ui::Button* next :
+         {&page->cmdSettings, &page->cmdAttachments, &page->cmdDispMatches, &page->cmdWizard}) {
+        user.press(window, key::tab);
+        EXPECT_TRUE(next->hasFocus()) << narrow(next->text());
+    }
+    page->cmdSettings.setEnabled(false);
+    page->cmdKnowledgeBase.setFocus();
+    user.press(window, key::tab);
+    EXPECT_TRUE(page->cmdAttachments.hasFocus());
+}
+
+TEST_F(PageCommands, TheCaptionsAreTheButtonsOwn) {
+    EXPECT_EQ(page->cmdKnowledgeBase.text(), L"&Knowledgebase...");
+    EXPECT_EQ(page->cmdSettings.text(), L"&Settings...");
+    EXPECT_EQ(page->cmdAttachments.text(), L"&Attachments...");
+    EXPECT_EQ(page->cmdDispMatches.text(), L"&Highlights...");
+    EXPECT_EQ(page->cmdWizard.text(), L"&Wizard...");
+}
+
+}  // namespace
+}  // namespace tests

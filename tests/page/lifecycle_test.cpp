@@ -1,0 +1,335 @@
+// The page's start and end.
+#include "tests/page/page_test_base.h"
+
+namespace tests {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class PageLifeCycle : public PageTest {};
+
+TEST_F(PageLifeCycle, AnAddInThatIsPresentAtOnceCostsOneSleepAndOneTrial) {
+    start();
+    EXPECT_THAT(calls.linesWith("clock sleep"), ElementsAre("clock sleep 100"));
+    EXPECT_THAT(calls.linesWith("locate addin"), SizeIs(1));
+    EXPECT_THAT(log(), ElementsAre("Trials to get OlAddIn: 1.", "ctlPPE, initialized."));
+    EXPECT_THAT(stage->messages(), IsEmpty());
+}
+
+TEST_F(PageLifeCycle, WithoutTheAddInTheStartTriesAHundredTimesAndSaysSoOnce) {
+    stage->setAddInRunning(false);
+    start();
+    EXPECT_THAT(calls.linesWith("locate addin"), SizeIs(100));
+    EXPECT_THAT(calls.linesWith("clock sleep 100"), SizeIs(100));
+    EXPECT_THAT(log(), ElementsAre("Trials to get OlAddIn: 100.", "ctlPPE, initialized."));
+    ASSERT_THAT(stage->messages(), SizeIs(1));
+    EXPECT_EQ(stage->messages()[0], (ui::Message{L"Failed to get AddIn.", L"VexaPPE", ui::MessageIcon::none,
+                                                 ui::MessageButtons::ok}));
+}
+
+TEST_F(PageLifeCycle, AnAddInThatAppearsOnTheThirdTrialIsTakenThen) {
+    stage->setAddInRunning(false);
+    calls.during("clock sleep", [&] { calls.during("clock sleep", [&] { stage->setAddInRunning(true); }); });
+    start();
+    EXPECT_THAT(calls.linesWith("locate addin"), SizeIs(3));
+    EXPECT_EQ(log()[0], "Trials to get OlAddIn: 3.");
+}
+
+TEST_F(PageLifeCycle, WithoutTheAddInThePageStillLoadsAppliesAndDoesNotPoll) {
+    stage->setValue(PROFILE, L"MaxEntries", 33);
+    stage->setAddInRunning(false);
+    start();
+    EXPECT_EQ(application.settings.MaxEntries, 33);
+    application.settings.MaxEntries = 34;
+    page->PropertyPage_Apply();
+    EXPECT_EQ(integer(PROFILE, L"MaxEntries"), 34);
+    calls.clear();
+    user.wait(1000);
+    EXPECT_THAT(calls.linesWith("addin"), IsEmpty());
+}
+
+TEST_F(PageLifeCycle, WithAnEmptyRegistryThePageStartsWithTheDefaults) {
+    start();
+    EXPECT_EQ(application.settings, vexa::Settings());
+    EXPECT_EQ(application.ProfileKey, PROFILE);
+    EXPECT_EQ(application.log.LogPath, stage->folder().substr(0, stage->folder().size() - 1) + L"\\Log\\");
+}
+
+TEST_F(PageLifeCycle, TheFirstApplyCreatesTheProfileKeyWithEveryValueButProfileAndLogPath) {
+    stage->setValue(PROFILE, L"CurrentProfile", L"Work");
+    start();
+    page->PropertyPage_Apply();
+    const std::wstring profile = std::wstring(PROFILE) + L"Work";
+    for (const vexa::Setting* setting : vexa::applyOrder()) {
+        const std::wstring key = setting->key == vexa::SettingKey::root ? ROOT : profile;
+        EXPECT_TRUE(stage->value(key, setting->name)) << narrow(setting->name);
+    }
+    EXPECT_FALSE(stage->value(profile, L"CurrentProfile"));
+    EXPECT_FALSE(stage->value(profile, L"LogPath"));
+    EXPECT_FALSE(stage->value(profile, L"LoggingInformation")) << "logging is shared by all profiles";
+}
+
+TEST_F(PageLifeCycle, LoggingFollowsTheRootKeyAndEverythingElseTheProfile) {
+    const std::wstring profile = std::wstring(PROFILE) + L"Work";
+    stage->setValue(PROFILE, L"CurrentProfile", L"Work");
+    stage->setValue(ROOT, L"LoggingInformation", 0);
+    stage->setValue(profile, L"LoggingInformation", 1);
+    stage->setValue(ROOT, L"MaxEntries", 11);
+    stage->setValue(profile, L"MaxEntries", 77);
+    start();
+    EXPECT_FALSE(application.settings.LoggingInformation);
+    EXPECT_EQ(application.settings.MaxEntries, 77);
+}
+
+TEST_F(PageLifeCycle, TheHandleOfTheMessageButtonIsPublishedAndWithdrawn) {
+    start();
+    EXPECT_EQ(integer(PROFILE, L"hWndProperties"), static_cast<std::int32_t>(page->cmdMsg.handle()));
+    EXPECT_FALSE(page->cmdMsg.visible());
+    end();
+    EXPECT_FALSE(stage->value(PROFILE, L"hWndProperties"));
+    EXPECT_EQ(log().back(), "ctlPPE, terminated.");
+}
+
+TEST_F(PageLifeCycle, TheContainersDisplayNameStandsInFrontOfTheLogLines) {
+    site.displayNameAnswer = L"Quillmark1";
+    start();
+    EXPECT_EQ(log().back(), "Quillmark1, initialized.");
+}
+
+TEST_F(PageLifeCycle, AContainerThatFailsToTellItsNameDoesNotStopTheStart) {
+    calls.failCallsWith("site DisplayName");
+    start();
+    EXPECT_TRUE(page->cmdSettings.enabled());
+    EXPECT_EQ(log().back(), "ctlPPE, initialized.");
+}
+
+TEST_F(PageLifeCycle, TheStartTakesItsStepsInOrder) {
+    stage->setValue(ROOT, L"Unrelated", 1);  // without the key nothing is asked
+    start();
+    std::vector<std::string> steps;
+    for (const std::string& line : calls.lines()) {
+        if (line.starts_with("locate") || line.starts_with("clock sleep") || line.starts_with("addin") ||
+            line.starts_with("registry query") || line.starts_with("registry set"))
+            if (steps.empty() || steps.back() != line) steps.push_back(line);
+    }
+    const std::string root = "Software\\Norvane\\Quillmark";
+    std::vector<std::string> expected{"locate addin", "clock sleep 100",
+                                      "registry query " + root + "\\CurrentProfile",
+                                      "registry query " + root + "\\LogPath"};
+    for (const char* name : {"VexaBaseDir",
+                             "Projectname",
+                             "DefaultProject",
+                             "ProjectCount",
+                             "MaxEntries",
+                             "MinRel",
+                             "LoggingInformation",
+                             "AutoInfo",
+                             "AutoFindUnread",
+                             "AutoFindAll",
+                             "AutoFindDelay",
+                             "FindShortcut",
+                             "AutoAddUnreadMail",
+                             "AutoAddSentMail",
+                             "DisplayHotSpots",
+                             "DisplayTextMarks",
+                             "KeepHighlights",
+                             "ColorHotSpots",
+                             "Penalty0",
+                             "Penalty1",
+                             "Penalty2",
+                             "Penalty3",
+                             "Penalty4",
+                             "Penalty5",
+                             "AddAttachments",
+                             "AddAllAttachments",
+                             "AddSizelimitedAttachments",
+                             "AttachmentsMaxSize",
+                             "AddAttachmentsToQuery"})
+        expected.push_back("registry query " + root + "\\" + name);
+    // The wizard rule, the message handle, the buttons, then the log's version line.
+    const std::vector<std::string> rule{"addin IsProcessing()", "registry query " + root + "\\KBProcessState",
+                                        "registry query " + root + "\\ProjectCount",
+                                        "registry query " + root + "\\VexaBaseDir"};
+    expected.insert(expected.end(), rule.begin(), rule.end());
+    expected.push_back("registry set " + root + "\\hWndProperties = " +
+                       std::to_string(static_cast<std::int32_t>(page->cmdMsg.handle())));
+    expected.insert(expected.end(), rule.begin(), rule.end());
+    expected.push_back("registry query " + root + "\\AppVer");
+    EXPECT_EQ(steps, expected);
+}
+
+TEST_F(PageLifeCycle, TheStartReadsThirtyOneSettingsInTheirOrder) {
+    stage->setValue(ROOT, L"Unrelated", 1);
+    start();
+    std::vector<std::string> opened = calls.linesWith("registry query");
+    // A value that is missing is asked once; the rule's own readings come after the settings.
+    ASSERT_GE(opened.size(), 31U);
+    EXPECT_EQ(opened[0], "registry query Software\\Norvane\\Quillmark\\CurrentProfile");
+    EXPECT_EQ(opened[1], "registry query Software\\Norvane\\Quillmark\\LogPath");
+    std::size_t position = 2;
+    for (const vexa::Setting& setting : vexa::settingsCatalogue())
+        EXPECT_EQ(opened[position++], "registry query Software\\Norvane\\Quillmark\\" + narrow(setting.name));
+    EXPECT_EQ(position, 31U);
+}
+
+TEST_F(PageLifeCycle, AStoredValueThatDoesNotConvertLeavesTheDefault) {
+    stage->setValue(PROFILE, L"MaxEntries", L"many");
+    stage->setValue(PROFILE, L"MinRel", vexa::Bytes{1, 2, 3, 4});
+    stage->setValue(PROFILE, L"AutoFindDelay", L" 15 ");
+    stage->setRawValue(PROFILE, L"ColorHotSpots", 2, {'%', 0});
+    stage->setValue(PROFILE, L"DefaultProject", 7);
+    start();
+    EXPECT_EQ(application.settings.MaxEntries, 20);
+    EXPECT_EQ(application.settings.MinRel, 40);
+    EXPECT_EQ(application.settings.AutoFindDelay, 15);
+    EXPECT_EQ(application.settings.ColorHotSpots, 0x00FFFF);
+    EXPECT_EQ(application.settings.DefaultProject, L"7");
+}
+
+TEST_F(PageLifeCycle, AStoredValueThatDoesNotConvertKeepsWhatTheRecordHad) {
+    application.settings.MaxEntries = 55;
+    stage->setValue(PROFILE, L"MaxEntries", L"many");
+    start();
+    EXPECT_EQ(application.settings.MaxEntries, 55);
+}
+
+TEST_F(PageLifeCycle, AFlagStoredAsFiveReadsAsTrueAndIsWrittenBackAsOne) {
+    stage->setValue(PROFILE, L"AutoInfo", 5);
+    start();
+    EXPECT_TRUE(application.settings.AutoInfo);
+    page->PropertyPage_Apply();
+    EXPECT_EQ(integer(PROFILE, L"AutoInfo"), 1);
+}
+
+TEST_F(PageLifeCycle, ASecondPageInTheSameProcessStartsAfreshButSharesTheRecord) {
+    start();
+    application.flags.shortcutChanged = true;
+    end();
+    stage->setValue(PROFILE, L"MaxEntries", 90);
+    start();
+    EXPECT_EQ(application.settings.MaxEntries, 90);
+    EXPECT_TRUE(application.flags.shortcutChanged) << "the change flags outlive a page";
+    EXPECT_FALSE(page->PropertyPage_Dirty());
+    EXPECT_THAT(log(), ElementsAre("Trials to get OlAddIn: 1.", "ctlPPE, initialized.", "ctlPPE, terminated.",
+                                   "Trials to get OlAddIn: 1.", "ctlPPE, initialized."))
+        << "one log per process";
+}
+
+TEST_F(PageLifeCycle, TwoPageStartsInOneProcessWriteOneVersionLine) {
+    stage->setValue(ROOT, L"AppVer", L"3.1.4");
+    start();
+    end();
+    start();
+    EXPECT_THAT(log(),
+                ElementsAre("3.1.4", "Trials to get OlAddIn: 1.", "ctlPPE, initialized.",
+                            "ctlPPE, terminated.", "Trials to get OlAddIn: 1.", "ctlPPE, initialized."));
+}
+
+// As where the library lets everything go between two pages, but stays loaded.
+TEST_F(PageLifeCycle, WhatTheProcessRemembersGoesOnInANewApplication) {
+    stage->setValue(ROOT, L"AppVer", L"3.1.4");
+    start();
+    application.settings.MaxEntries = 77;
+    application.flags.shortcutChanged = true;
+    application.bBaseDirChanged = true;
+    end();
+    vexa::Application next(application.platform, application.screen);
+    next.recall(application.remember());
+    EXPECT_EQ(next.settings, application.settings);
+    EXPECT_EQ(next.flags, application.flags);
+    EXPECT_TRUE(next.bBaseDirChanged);
+    const std::vector<std::string> before = log();
+    next.log.LogPath = application.log.LogPath;
+    next.WriteLogLine(L"more");
+    std::vector<std::string> expected = before;
+    expected.push_back("more");
+    EXPECT_EQ(log(), expected) << "the log goes on, without a second version line";
+}
+
+TEST_F(PageLifeCycle, TheMissingAddInIsReportedBeforeTheSettingsAreRead) {
+    stage->setAddInRunning(false);
+    start();
+    const auto& lines = calls.lines();
+    const auto box = std::ranges::find(lines, "screen message Failed to get AddIn.");
+    const auto read =
+        std::ranges::find_if(lines, [](const std::string& line) { return line.starts_with("registry"); });
+    ASSERT_NE(box, lines.end());
+    ASSERT_NE(read, lines.end());
+    EXPECT_LT(box, read);
+}
+
+TEST_F(PageLifeCycle, TwoPagesAliveAtOnceDoNotDisturbEachOther) {
+    start();
+    FakePageSite otherSite{calls};
+    vexa::ctlPPE other(application, stage->createPage(IDD_ctlPPE, {400, 420}), otherSite);
+    other.UserControl_Initialize();
+    page->MarkChanged();
+    EXPECT_TRUE(page->PropertyPage_Dirty());
+    EXPECT_FALSE(other.PropertyPage_Dirty());
+    EXPECT_EQ(integer(PROFILE, L"hWndProperties"), static_cast<std::int32_t>(other.cmdMsg.handle()));
+    other.UserControl_Terminate();
+}
+
+TEST_F(PageLifeCycle, ALogFolderThatCannotBeMadeDoesNotDisturbTheStart) {
+    stage->setValue(PROFILE, L"LogPath", L"Z:\\no\\such\\folder\\");
+    start();
+    EXPECT_TRUE(page->cmdKnowledgeBase.enabled());
+    EXPECT_EQ(integer(PROFILE, L"hWndProperties"), static_cast<std::int32_t>(page->cmdMsg.handle()));
+}
+
+TEST_F(PageLifeCycle, NoLogIsWrittenWhileLoggingIsOff) {
+    stage->setValue(ROOT, L"LoggingInformation", 0);
+    start();
+    EXPECT_THAT(calls.linesWith("files"), IsEmpty());
+}
+
+TEST_F(PageLifeCycle, EveryRowKeepsItsDistanceFromTheEdgesAtAnyWidth) {
+    create();
+    const int margin = static_cast<int>(120 / application.screen.twipsPerPixelX() + 0.5);
+    for (const int width : {250, 400, 700}) {
+        user.resize(page->window(), {width, 450});
+        const int inner = page->window().innerSize().width;
+        int previousBottom = 0;
+        for (const int row :
+             {IDC_lneKnowledgeBase, IDC_lneSettings, IDC_lneAttachments, IDC_lneDispMatches, IDC_lneWizard}) {
+            ui::Window& window = page->window();
+            const ui::Rect line = window.control<ui::Line>(row).bounds();
+            const ui::Rect caption = window.control<ui::Label>(row + 1).bounds();
+            const ui::Rect description = window.control<ui::Label>(row + 2).bounds();
+            const ui::Rect picture = window.control<ui::Picture>(row + 3).bounds();
+            const ui::Rect button = window.control<ui::Button>(row + 4).bounds();
+            EXPECT_EQ(caption.left, margin);
+            EXPECT_EQ(description.left, margin);
+            EXPECT_EQ(description.left + description.width, inner - margin);
+            EXPECT_EQ(line.left + line.width, inner - margin);
+            EXPECT_GE(line.top, previousBottom);
+            EXPECT_GE(caption.top, line.top);
+            EXPECT_GE(description.top, caption.top + caption.height);
+            EXPECT_GE(picture.top, description.top + description.height);
+            EXPECT_GE(button.left, picture.left + picture.width);
+            previousBottom = picture.top + picture.height;
+        }
+    }
+}
+
+// The page of a classic property sheet has 218 dialog units, some 354 pixels at 96 DPI.
+TEST_F(PageLifeCycle, AllRowsFitThePageOfAClassicPropertySheet) {
+    create();
+    const int height = static_cast<int>(354 * 15 / application.screen.twipsPerPixelY());
+    user.resize(page->window(), {400, height});
+    for (const ui::Control* control :
+         {static_cast<ui::Control*>(&page->cmdWizard),
+          static_cast<ui::Control*>(&page->window().control<ui::Picture>(IDC_picWizard))})
+        EXPECT_LE(control->bounds().top + control->bounds().height, height);
+}
+
+TEST_F(PageLifeCycle, APageWithoutAnyRoomKeepsItsRowsAndDoesNotFail) {
+    create();
+    user.resize(page->window(), {0, 0});
+    EXPECT_GE(page->window().control<ui::Label>(IDC_lblWizardInfo).bounds().width, 0);
+}
+
+}  // namespace
+}  // namespace tests

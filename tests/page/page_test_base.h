@@ -1,0 +1,77 @@
+// A page on the stage, with a container that notes what the page tells it.
+#pragma once
+
+#include "page/ctlPPE.h"
+#include "page/ctlPPE.ids.h"
+#include "tests/stage/form_test.h"
+#include "tests/support/text.h"
+
+namespace tests {
+
+inline constexpr const wchar_t* ROOT = L"Software\\Norvane\\Quillmark";
+/// The profile key with no profile set.
+inline constexpr const wchar_t* PROFILE = L"Software\\Norvane\\Quillmark\\";
+
+/// The container's side of the page.
+class FakePageSite : public vexa::PageSite {
+public:
+    explicit FakePageSite(CallLog& calls) : calls_(calls) {}
+
+    std::wstring displayNameAnswer;
+    /// Runs inside OnStatusChange, as a host that asks Dirty at once.
+    std::function<void()> whenStatusChanges;
+
+    void onStatusChange() override {
+        if (calls_.enter("site OnStatusChange")) throw vexa::Error(L"The host failed");
+        if (whenStatusChanges) whenStatusChanges();
+    }
+    std::wstring displayName() override {
+        if (calls_.enter("site DisplayName")) throw vexa::Error(L"The host failed");
+        return displayNameAnswer;
+    }
+
+private:
+    CallLog& calls_;
+};
+
+class PageTest : public FormTest {
+protected:
+    /// Creates the page and starts it.
+    vexa::ctlPPE& start() {
+        create();
+        page->UserControl_Initialize();
+        return *page;
+    }
+
+    void create() {
+        page = std::make_unique<vexa::ctlPPE>(application, stage->createPage(IDD_ctlPPE, {400, 420}), site);
+    }
+
+    void end() {
+        page->UserControl_Terminate();
+        page.reset();
+    }
+
+    /// The texts of the log's lines, without their time stamps.
+    [[nodiscard]] std::vector<std::string> log() {
+        std::vector<std::string> texts;
+        const std::string content = stage->readFile(application.log.LogPath + L"VexaPPE.log").value_or("");
+        for (const std::string& line : splitLines(content)) texts.push_back(line.substr(line.find('\t') + 1));
+        return texts;
+    }
+
+    [[nodiscard]] std::int32_t integer(const std::wstring& key, const std::wstring& name) {
+        const auto stored = stage->value(key, name);
+        return stored ? std::get<std::int32_t>(*stored) : MISSING;
+    }
+    [[nodiscard]] std::wstring text(const std::wstring& key, const std::wstring& name) {
+        const auto stored = stage->value(key, name);
+        return stored ? std::get<std::wstring>(*stored) : L"(missing)";
+    }
+    static constexpr std::int32_t MISSING = -99999;
+
+    FakePageSite site{calls};
+    std::unique_ptr<vexa::ctlPPE> page;
+};
+
+}  // namespace tests

@@ -1,0 +1,203 @@
+// One run per outside call in which just that call fails: the settings dialogs load what they can, and OK
+// writes what it can.
+#include "tests/settings/settings_test_base.h"
+
+namespace tests {
+namespace {
+
+using testing::IsEmpty;
+using vexa::frmAttachment;
+using vexa::frmSettings;
+
+/// A fresh stage with settings, whose calls fail one by one.
+struct Scene : SettingsScene {
+    Scene() {
+        setKnowledgebases({L"Mail", L"Work"});
+        setText(L"DefaultProject", L"Work");
+        setText(L"AvailableExtensions", L"doc;pdf;txt;");
+        setText(L"SelectedExtensions", L"pdf;");
+        settings.MaxEntries = 55;
+        settings.AutoFindDelay = 5;
+        settings.AttachmentsMaxSize = 77;
+        limitSize();
+    }
+
+    [[nodiscard]] bool stored(const wchar_t* name) { return stage->value(SETTINGS_KEY, name).has_value(); }
+};
+
+/// Plays `deed` on fresh scenes: first without a fault, then once for each of its calls with that call
+/// failing. `deed` clears the call log where the calls to fail begin and forgets the faults where they end;
+/// `failed` is empty in the first run.
+void failEachCall(const std::function<void(Scene&, const std::function<void()>& arm)>& deed,
+                  const std::function<void(Scene&, const std::string& failed)>& check) {
+    std::size_t count = 0;
+    {
+        Scene scene;
+        deed(scene, [&] { scene.calls.clear(); });
+        count = scene.calls.lines().size();
+    }
+    ASSERT_GT(count, 0U);
+    for (std::size_t index = 0; index < count; ++index) {
+        Scene scene;
+        deed(scene, [&] {
+            scene.calls.clear();
+            scene.calls.failCall(index);
+        });
+        scene.calls.forgetFaults();
+        ASSERT_GT(scene.calls.lines().size(), index);
+        const std::string failed = scene.calls.lines()[index];
+        SCOPED_TRACE("failed: " + failed);
+        check(scene, failed);
+        EXPECT_THAT(scene.stage->messages(), IsEmpty());
+    }
+}
+
+TEST(SettingsFaults, EachCallOfTheSearchDialogsLoadMayFailAndTheRestIsLoaded) {
+    failEachCall(
+        [](Scene& scene, const std::function<void()>& arm) {
+            arm();
+            scene.openSearch([&](frmSettings& form) {
+                EXPECT_EQ(form.txtEntryCount.text(), L"55");
+                EXPECT_EQ(form.txtMinRel.text(), L"40");
+                EXPECT_EQ(form.txtDelay.text(), L"5");
+                EXPECT_EQ(form.cboSearchShortcut.selectedIndex(), 0);
+                EXPECT_EQ(form.cboDefaultKB.item(0), L"<None>");
+                EXPECT_GE(form.cboDefaultKB.selectedIndex(), 0);
+                EXPECT_TRUE(form.cmdSendLog.enabled());
+                EXPECT_FALSE(form.txtDelay.enabled());
+                scene.user.click(form.cmdCancel);
+            });
+        },
+        [](Scene& scene, const std::string&) {
+            // What failed once is there again at the next opening.
+            scene.openSearch([&](frmSettings& form) {
+                EXPECT_EQ(items(form.cboDefaultKB), (std::vector<std::wstring>{L"<None>", L"Mail", L"Work"}));
+                EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 2);
+                scene.user.click(form.cmdOk);
+            });
+            EXPECT_EQ(scene.settings.DefaultProject, L"Work");
+            EXPECT_EQ(scene.application.flags, vexa::ChangeFlags());
+        });
+}
+
+TEST(SettingsFaults, OkOfTheSearchDialogMakesNoOutsideCall) {
+    Scene scene;
+    scene.openSearch([&](frmSettings& form) {
+        scene.calls.clear();
+        scene.user.click(form.cmdOk);
+    });
+    EXPECT_THAT(scene.calls.lines(), IsEmpty());
+}
+
+/// What of the attachment dialog is loaded whichever call fails.
+void expectLoaded(frmAttachment& form) {
+    EXPECT_TRUE(form.chkKBAdd.checked());
+    EXPECT_EQ(form.txtMaxSize.text(), L"77");
+    EXPECT_TRUE(form.txtMaxSize.enabled());
+    EXPECT_EQ(form.cmdAdd.enabled(), form.lstAvailable.count() > 0);
+    EXPECT_EQ(form.cmdRemove.enabled(), form.lstSelected.count() > 0);
+    // One of the two lists is read where the other is not.
+    EXPECT_GT(form.lstAvailable.count() + form.lstSelected.count(), 0);
+}
+
+TEST(SettingsFaults, EachCallOfTheAttachmentDialogsLoadMayFailAndTheRestIsLoaded) {
+    failEachCall(
+        [](Scene& scene, const std::function<void()>& arm) {
+            arm();
+            scene.openAttachments([&](frmAttachment& form) {
+                expectLoaded(form);
+                scene.user.click(form.cmdCancel);
+            });
+        },
+        [](Scene& scene, const std::string&) {
+            EXPECT_EQ(scene.storedText(L"SelectedExtensions"), L"pdf;");
+            scene.openAttachments([&](frmAttachment& form) {
+                EXPECT_EQ(items(form.lstAvailable), (std::vector<std::wstring>{L"doc", L"txt"}));
+                EXPECT_EQ(items(form.lstSelected), (std::vector<std::wstring>{L"pdf"}));
+                scene.user.click(form.cmdCancel);
+            });
+        });
+}
+
+TEST(SettingsFaults, AfterAFailedLoadOkOfTheAttachmentDialogStoresWhatItShows) {
+    std::wstring shown;
+    failEachCall(
+        [&](Scene& scene, const std::function<void()>& arm) {
+            arm();
+            scene.openAttachments([&](frmAttachment& form) {
+                scene.calls.forgetFaults();
+                shown = form.lstSelected.count() > 0 ? L"pdf;" : L"";
+                scene.user.click(form.cmdOk);
+            });
+        },
+        [&](Scene& scene, const std::string& failed) {
+            // A text that cannot be read is a missing one to the dialog.
+            const bool read = !failed.starts_with("registry query") ||
+                              failed.find("SelectedExtensions") == std::string::npos;
+            if (!read) {
+                EXPECT_EQ(shown, L"");
+            }
+            EXPECT_EQ(scene.storedText(L"SelectedExtensions"), shown);
+            EXPECT_EQ(scene.storedText(L"AvailableExtensions"), L"doc;pdf;txt;");
+            EXPECT_EQ(scene.settings.AttachmentsMaxSize, 77);
+            EXPECT_EQ(scene.stage->value(SETTINGS_KEY, L"AttachmentsMaxSize"), vexa::Value(77));
+            EXPECT_EQ(scene.stage->value(SETTINGS_KEY, L"AddSizelimitedAttachments"), vexa::Value(1));
+        });
+}
+
+TEST(SettingsFaults, AfterAFailedLoadOkOfTheSearchDialogStoresWhatItShows) {
+    std::wstring shown;
+    failEachCall(
+        [&](Scene& scene, const std::function<void()>& arm) {
+            arm();
+            scene.openSearch([&](frmSettings& form) {
+                const int index = form.cboDefaultKB.selectedIndex();
+                shown = index == 0 ? L"" : form.cboDefaultKB.item(index);
+                scene.user.click(form.cmdOk);
+            });
+        },
+        [&](Scene& scene, const std::string&) {
+            EXPECT_EQ(scene.settings.DefaultProject, shown);
+            EXPECT_EQ(scene.settings.MaxEntries, 55);
+            EXPECT_EQ(scene.settings.AutoFindDelay, 5);
+            EXPECT_EQ(scene.settings.FindShortcut, 0);
+            EXPECT_TRUE(scene.settings.LoggingInformation);
+            EXPECT_EQ(scene.storedText(L"DefaultProject"), L"Work") << "the registry waits for Apply";
+        });
+}
+
+TEST(SettingsFaults, EachCallOfTheAttachmentDialogsOkMayFailAndTheOtherValuesAreWritten) {
+    failEachCall(
+        [](Scene& scene, const std::function<void()>& arm) {
+            scene.openAttachments([&](frmAttachment& form) {
+                scene.user.click(form.chkFindAtt);
+                arm();
+                scene.user.click(form.cmdOk);
+                EXPECT_FALSE(form.window().isOpen());
+            });
+        },
+        [](Scene& scene, const std::string& failed) {
+            int missing = 0;
+            for (const wchar_t* name : {L"AddAttachments", L"AddAllAttachments", L"AddSizelimitedAttachments",
+                                        L"AttachmentsMaxSize", L"AddAttachmentsToQuery"})
+                missing += scene.stored(name) ? 0 : 1;
+            const bool writeFailed =
+                failed.starts_with("registry create") || failed.starts_with("registry set");
+            EXPECT_LE(missing, writeFailed ? 1 : 0);
+            EXPECT_TRUE(scene.settings.AddAttachmentsToQuery) << "the record is updated all the same";
+            EXPECT_EQ(scene.settings.AttachmentsMaxSize, 77);
+        });
+}
+
+TEST(SettingsFaults, AFailedReadOfTheSelectedExtensionsShowsThemAsAvailable) {
+    Scene scene;
+    scene.calls.failCallsWith("registry query Software\\Norvane\\Quillmark\\SelectedExtensions");
+    scene.openAttachments([&](frmAttachment& form) {
+        EXPECT_EQ(items(form.lstAvailable), (std::vector<std::wstring>{L"doc", L"pdf", L"txt"}));
+        EXPECT_EQ(form.lstSelected.count(), 0);
+        scene.user.click(form.cmdCancel);
+    });
+}
+
+}  // namespace
+}  // namespace tests

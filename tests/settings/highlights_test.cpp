@@ -1,0 +1,358 @@
+// The highlight settings dialog.
+#include "page/ctlPPE.h"
+#include "settings/frmDispMatches.h"
+#include "settings/frmDispMatches.ids.h"
+#include "tests/stage/form_test.h"
+#include "tests/support/text.h"
+
+namespace tests {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using vexa::frmDispMatches;
+using vexa::Settings;
+
+class Highlights : public FormTest {
+protected:
+    /// Opens the dialog and plays `script`, which closes it.
+    void open(const std::function<void(frmDispMatches&)>& script) {
+        stage->whenShown<frmDispMatches>(script);
+        frmDispMatches(application, stage->owner()).Show();
+    }
+
+    static ui::OptionButton& hotspots(frmDispMatches& form) { return form.optDisplayMatches[0]; }
+    static ui::OptionButton& textMarks(frmDispMatches& form) { return form.optDisplayMatches[1]; }
+    static ui::Swatch& level(frmDispMatches& form, std::size_t index) { return form.lblPenalty[index]; }
+
+    static std::vector<bool> levelStates(frmDispMatches& form) {
+        std::vector<bool> states;
+        for (const ui::Swatch& swatch : form.lblPenalty) states.push_back(swatch.enabled());
+        return states;
+    }
+    const std::vector<bool> sixOn = std::vector<bool>(6, true);
+    const std::vector<bool> sixOff = std::vector<bool>(6, false);
+
+    Settings& settings = application.settings;
+};
+
+TEST_F(Highlights, TheDefaultsPaintTheSwatchesInTheirSevenColours) {
+    open([&](frmDispMatches& form) {
+        EXPECT_EQ(form.lblSelHotspotColor.colour(), 0x00FFFF) << "yellow";
+        const std::vector<ui::Colour> colours{0x00FF00, 0xFFFF00, 0xFF0000, 0x00FFFF, 0xFF00FF, 0x0000FF};
+        for (std::size_t index = 0; index < 6; ++index)
+            EXPECT_EQ(level(form, index).colour(), colours[index]) << index;
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(Highlights, CaptionsAreTheDialogsOwn) {
+    open([&](frmDispMatches& form) {
+        EXPECT_EQ(form.window().caption(), L"Highlights");
+        EXPECT_EQ(form.window().control<ui::Frame>(IDC_fraPenalties).text(), L"Highlights");
+        EXPECT_EQ(hotspots(form).text(), L"&Hotspots");
+        EXPECT_EQ(textMarks(form).text(), L"Text &Marks");
+        EXPECT_EQ(form.lblHotspotColor.text(), L"Select Color:");
+        EXPECT_EQ(form.chkKeepHighlights.text(), L"&Keep highlights when saving or forwarding");
+        EXPECT_EQ(form.cmdOk.text(), L"OK");
+        EXPECT_EQ(form.cmdCancel.text(), L"Cancel");
+        const std::vector<std::wstring> levels{L"Best match", L"Level 1", L"Level 2",
+                                               L"Level 3",    L"Level 4", L"Level 5"};
+        for (std::size_t index = 0; index < 6; ++index) {
+            EXPECT_EQ(level(form, index).text(), levels[index]);
+            EXPECT_EQ(level(form, index).tooltip(), L"Click here to select a color");
+        }
+        EXPECT_EQ(form.lblSelHotspotColor.tooltip(), L"Click here to select a color");
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(Highlights, WithHotspotsSelectedALevelSwatchCannotBeClicked) {
+    open([&](frmDispMatches& form) {
+        EXPECT_EQ(levelStates(form), sixOff);
+        user.click(level(form, 2));
+        EXPECT_THAT(stage->colourQuestions(), IsEmpty());
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(Highlights, TextMarksEnableTheSixLevelsAndDisableTheHotspotSwatchAndItsLabel) {
+    open([&](frmDispMatches& form) {
+        EXPECT_TRUE(form.lblSelHotspotColor.enabled());
+        EXPECT_TRUE(form.lblHotspotColor.enabled());
+        user.click(textMarks(form));
+        EXPECT_EQ(levelStates(form), sixOn);
+        EXPECT_FALSE(form.lblSelHotspotColor.enabled());
+        EXPECT_FALSE(form.lblHotspotColor.enabled());
+        EXPECT_TRUE(form.chkKeepHighlights.enabled());
+        user.click(hotspots(form));
+        EXPECT_EQ(levelStates(form), sixOff);
+        EXPECT_TRUE(form.lblSelHotspotColor.enabled());
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(Highlights, WithNeitherOptionSetAllSwatchesAreEnabledAndOkStoresTextMarks) {
+    settings.DisplayHotSpots = settings.DisplayTextMarks = false;
+    open([&](frmDispMatches& form) {
+        EXPECT_FALSE(hotspots(form).selected());
+        EXPECT_FALSE(textMarks(form).selected());
+        EXPECT_EQ(levelStates(form), sixOn);
+        EXPECT_TRUE(form.lblSelHotspotColor.enabled());
+        user.click(form.cmdOk);
+    });
+    EXPECT_FALSE(settings.DisplayHotSpots);
+    EXPECT_TRUE(settings.DisplayTextMarks);
+    EXPECT_FALSE(application.flags.dialogChanged) << "hotspots were off before and after";
+}
+
+TEST_F(Highlights, WithBothOptionsStoredTheSecondWinsOnLoading) {
+    settings.DisplayHotSpots = settings.DisplayTextMarks = true;
+    open([&](frmDispMatches& form) {
+        EXPECT_FALSE(hotspots(form).selected());
+        EXPECT_TRUE(textMarks(form).selected());
+        EXPECT_EQ(levelStates(form), sixOn);
+        user.click(form.cmdOk);
+    });
+    EXPECT_FALSE(settings.DisplayHotSpots);
+    EXPECT_TRUE(settings.DisplayTextMarks);
+    EXPECT_TRUE(application.flags.dialogChanged);
+}
+
+TEST_F(Highlights, TheChooserStartsOnTheSwatchesColourAndBearsTheLevelsCaption) {
+    open([&](frmDispMatches& form) {
+        stage->answerColours({0x112233, std::nullopt, std::nullopt});
+        user.click(form.lblSelHotspotColor);
+        EXPECT_EQ(form.lblSelHotspotColor.colour(), 0x112233);
+        user.click(textMarks(form));
+        user.click(level(form, 0));
+        user.click(level(form, 4));
+        user.click(form.cmdCancel);
+    });
+    EXPECT_THAT(stage->colourQuestions(), ElementsAre(Stage::ColourQuestion{0x00FFFF, L""},
+                                                      Stage::ColourQuestion{0x00FF00, L"Best match"},
+                                                      Stage::ColourQuestion{0xFF00FF, L"Level 4"}));
+}
+
+TEST_F(Highlights, ACancelledChooserLeavesTheSwatch) {
+    open([&](frmDispMatches& form) {
+        stage->answerColours({std::nullopt});
+        user.click(form.lblSelHotspotColor);
+        EXPECT_EQ(form.lblSelHotspotColor.colour(), 0x00FFFF);
+        user.click(form.cmdOk);
+    });
+    EXPECT_FALSE(application.flags.dialogChanged);
+}
+
+TEST_F(Highlights, AFailingChooserLeavesTheSwatchAndShowsAndLogsNothing) {
+    open([&](frmDispMatches& form) {
+        calls.failCallsWith("screen colour");
+        user.click(form.lblSelHotspotColor);
+        EXPECT_EQ(form.lblSelHotspotColor.colour(), 0x00FFFF);
+        user.click(form.cmdCancel);
+    });
+    EXPECT_THAT(stage->messages(), IsEmpty());
+    EXPECT_THAT(calls.linesWith("files"), IsEmpty());
+}
+
+TEST_F(Highlights, APickedColourThenCancelLeavesTheSettings) {
+    const Settings before = settings;
+    open([&](frmDispMatches& form) {
+        stage->answerColours({0x112233});
+        user.click(form.lblSelHotspotColor);
+        user.click(form.chkKeepHighlights);
+        user.click(form.cmdCancel);
+    });
+    EXPECT_EQ(settings, before);
+    EXPECT_FALSE(application.flags.dialogChanged);
+}
+
+TEST_F(Highlights, TheSameColourPickedAgainDoesNotMarkThePageChanged) {
+    open([&](frmDispMatches& form) {
+        stage->answerColours({0x00FFFF});
+        user.click(form.lblSelHotspotColor);
+        user.click(form.cmdOk);
+    });
+    EXPECT_FALSE(application.flags.dialogChanged);
+}
+
+TEST_F(Highlights, AColourWithItsTopByteSetIsKeptAsItIs) {
+    settings.ColorHotSpots = static_cast<std::int32_t>(0xFF00FF00U);
+    open([&](frmDispMatches& form) { user.click(form.cmdOk); });
+    EXPECT_EQ(settings.ColorHotSpots, static_cast<std::int32_t>(0xFF00FF00U));
+    EXPECT_FALSE(application.flags.dialogChanged);
+}
+
+TEST_F(Highlights, TheRegistryIsNotTouched) {
+    open([&](frmDispMatches& form) {
+        user.click(form.chkKeepHighlights);
+        user.click(form.cmdOk);
+    });
+    EXPECT_THAT(calls.linesWith("registry"), IsEmpty());
+}
+
+// --- Keyboard ---------------------------------------------------------------------------------------------
+
+TEST_F(Highlights, EnterReachesOkAndEscCancel) {
+    open([&](frmDispMatches& form) {
+        user.click(form.chkKeepHighlights);
+        user.press(form.window(), key::enter);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_TRUE(settings.KeepHighlights);
+    open([&](frmDispMatches& form) {
+        user.click(form.chkKeepHighlights);
+        user.press(form.window(), key::escape);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_TRUE(settings.KeepHighlights);
+}
+
+TEST_F(Highlights, TheCloseBoxCancels) {
+    open([&](frmDispMatches& form) {
+        user.click(form.chkKeepHighlights);
+        user.closeWindow(form.window());
+    });
+    EXPECT_FALSE(settings.KeepHighlights);
+}
+
+TEST_F(Highlights, ASwatchIsReachedByTabAndPressedByTheSpaceBar) {
+    open([&](frmDispMatches& form) {
+        stage->answerColours({0x010203});
+        hotspots(form).setFocus();
+        user.press(form.window(), key::tab);
+        EXPECT_TRUE(form.lblSelHotspotColor.hasFocus());
+        user.press(form.window(), key::space);
+        EXPECT_EQ(form.lblSelHotspotColor.colour(), 0x010203);
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(Highlights, AccessKeysPressTheOptionsAndTheCheckBox) {
+    open([&](frmDispMatches& form) {
+        user.press(form.window(), 'M', ui::modifier::alt);
+        EXPECT_TRUE(textMarks(form).selected());
+        user.press(form.window(), 'K', ui::modifier::alt);
+        EXPECT_TRUE(form.chkKeepHighlights.checked());
+        user.press(form.window(), 'H', ui::modifier::alt);
+        EXPECT_TRUE(hotspots(form).selected());
+        user.click(form.cmdCancel);
+    });
+}
+
+// --- Every setting: stored before x what the user does x OK or Cancel
+// ---------------------------------------
+
+/// What the user does to one setting.
+struct Deed {
+    const char* name;
+    std::function<void(Stage&, frmDispMatches&)> act;
+    std::function<void(Settings&)> result;  ///< on OK, from the settings before
+    bool marksChanged;
+};
+
+struct Before {
+    const char* name;
+    std::function<void(Settings&)> prepare;
+};
+
+void pick(Stage& stage, ui::Swatch& swatch, ui::Colour colour) {
+    stage.answerColours({colour});
+    stage.user().click(swatch);
+}
+
+std::vector<Before> startingPoints() {
+    return {
+        {"Defaults", [](Settings&) {}},
+        {"TextMarks",
+         [](Settings& settings) {
+             settings.DisplayHotSpots = false;
+             settings.DisplayTextMarks = true;
+         }},
+        {"KeptHighlights", [](Settings& settings) { settings.KeepHighlights = true; }},
+        {"OtherColours",
+         [](Settings& settings) {
+             settings.ColorHotSpots = 0x123456;
+             settings.Penalty = {1, 2, 3, 4, 5, 6};
+         }},
+    };
+}
+
+std::vector<Deed> deeds() {
+    std::vector<Deed> all{
+        {"Nothing", [](Stage&, frmDispMatches&) {}, [](Settings&) {}, false},
+        {"OtherOption",
+         [](Stage& stage, frmDispMatches& form) {
+             const bool hotspots = form.optDisplayMatches[0].get().selected();
+             stage.user().click(form.optDisplayMatches[hotspots ? 1 : 0].get());
+         },
+         [](Settings& settings) { std::swap(settings.DisplayHotSpots, settings.DisplayTextMarks); }, true},
+        {"ThereAndBack",
+         [](Stage& stage, frmDispMatches& form) {
+             const bool hotspots = form.optDisplayMatches[0].get().selected();
+             stage.user().click(form.optDisplayMatches[hotspots ? 1 : 0].get());
+             stage.user().click(form.optDisplayMatches[hotspots ? 0 : 1].get());
+         },
+         [](Settings&) {}, false},
+        {"Keep", [](Stage& stage, frmDispMatches& form) { stage.user().click(form.chkKeepHighlights); },
+         [](Settings& settings) { settings.KeepHighlights = !settings.KeepHighlights; }, true},
+        {"HotspotColour",
+         [](Stage& stage, frmDispMatches& form) {
+             stage.user().click(form.optDisplayMatches[0].get());
+             pick(stage, form.lblSelHotspotColor, 0xABCDEF);
+         },
+         [](Settings& settings) {
+             settings.DisplayHotSpots = true;
+             settings.DisplayTextMarks = false;
+             settings.ColorHotSpots = 0xABCDEF;
+         },
+         true},
+    };
+    for (std::size_t level = 0; level < 6; ++level)
+        all.push_back({level == 0   ? "Level0"
+                       : level == 1 ? "Level1"
+                       : level == 2 ? "Level2"
+                       : level == 3 ? "Level3"
+                       : level == 4 ? "Level4"
+                                    : "Level5",
+                       [level](Stage& stage, frmDispMatches& form) {
+                           stage.user().click(form.optDisplayMatches[1].get());
+                           pick(stage, form.lblPenalty[level], 0xABCDEF);
+                       },
+                       [level](Settings& settings) {
+                           settings.DisplayHotSpots = false;
+                           settings.DisplayTextMarks = true;
+                           settings.Penalty[level] = 0xABCDEF;
+                       },
+                       true});
+    return all;
+}
+
+using Row = std::tuple<Before, Deed, bool>;
+
+class HighlightsTable : public Highlights, public testing::WithParamInterface<Row> {};
+
+TEST_P(HighlightsTable, StoresOnOkAndForgetsOnCancel) {
+    const auto& [before, deed, confirmed] = GetParam();
+    before.prepare(settings);
+    Settings expected = settings;
+    if (confirmed) deed.result(expected);
+    open([&](frmDispMatches& form) {
+        deed.act(*stage, form);
+        user.click(confirmed ? form.cmdOk : form.cmdCancel);
+    });
+    EXPECT_EQ(settings, expected);
+    EXPECT_EQ(application.flags, (vexa::ChangeFlags{confirmed && deed.marksChanged, false, false}));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, HighlightsTable,
+                         testing::Combine(testing::ValuesIn(startingPoints()), testing::ValuesIn(deeds()),
+                                          testing::Bool()),
+                         [](const auto& row) {
+                             return std::string(std::get<0>(row.param).name) + "_" +
+                                    std::get<1>(row.param).name +
+                                    (std::get<2>(row.param) ? "_Ok" : "_Cancel");
+                         });
+
+}  // namespace
+}  // namespace tests

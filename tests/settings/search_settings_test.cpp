@@ -1,0 +1,614 @@
+// The search settings dialog.
+#include "tests/settings/settings_test_base.h"
+#include "tests/stage/dialog_table.h"
+
+namespace tests {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using vexa::ChangeFlags;
+using vexa::frmSettings;
+using vexa::Settings;
+
+class SearchSettings : public SettingsTest {
+protected:
+    SearchSettings() {
+        setKnowledgebases({L"Mail", L"Work"});
+        setText(L"DefaultProject", L"Mail");
+        calls.clear();
+    }
+    void open(const std::function<void(frmSettings&)>& script) { openSearch(script); }
+
+    static ui::OptionButton& unread(frmSettings& form) { return form.optAutoInfo[0]; }
+    static ui::OptionButton& all(frmSettings& form) { return form.optAutoInfo[1]; }
+};
+
+// --- Loading ----------------------------------------------------------------------------------------------
+
+TEST_F(SearchSettings, CaptionsAreTheDialogsOwn) {
+    open([&](frmSettings& form) {
+        EXPECT_EQ(form.window().caption(), L"Settings");
+        EXPECT_EQ(form.chkAutoInfo.text(), L"Aut&omatic search");
+        EXPECT_EQ(unread(form).text(), L"Unrea&d");
+        EXPECT_EQ(all(form).text(), L"A&ll");
+        EXPECT_EQ(form.lblDelay.text(), L"Dela&y:");
+        EXPECT_EQ(form.lblSearchShortcut.text(), L"Short&cut:");
+        EXPECT_EQ(form.chkLoggingInformation.text(), L"&Provide logging information");
+        EXPECT_EQ(form.cmdSendLog.text(), L"&Send report...");
+        EXPECT_EQ(form.cmdOk.text(), L"OK");
+        EXPECT_EQ(form.cmdCancel.text(), L"Cancel");
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, TheControlsShowTheRecord) {
+    settings.MaxEntries = 55;
+    settings.MinRel = 66;
+    settings.AutoFindDelay = 7;
+    settings.AutoInfo = true;
+    settings.AutoFindUnread = false;
+    settings.AutoFindAll = true;
+    settings.FindShortcut = 1;
+    settings.LoggingInformation = false;
+    open([&](frmSettings& form) {
+        EXPECT_EQ(form.txtEntryCount.text(), L"55");
+        EXPECT_EQ(form.txtMinRel.text(), L"66");
+        EXPECT_EQ(form.txtDelay.text(), L"7");
+        EXPECT_TRUE(form.chkAutoInfo.checked());
+        EXPECT_FALSE(unread(form).selected());
+        EXPECT_TRUE(all(form).selected());
+        EXPECT_EQ(form.cboSearchShortcut.selectedIndex(), 1);
+        EXPECT_FALSE(form.chkLoggingInformation.checked());
+        EXPECT_FALSE(form.cmdSendLog.enabled());
+        EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 1);
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, TheShortcutListHoldsTheTwoShortcuts) {
+    open([&](frmSettings& form) {
+        EXPECT_THAT(items(form.cboSearchShortcut), ElementsAre(L"Ctrl+S", L"Shift+F3"));
+        EXPECT_EQ(form.cboSearchShortcut.selectedIndex(), 0);
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, WithoutKnowledgebasesTheListHoldsNoneOnlyAndItIsSelected) {
+    setKnowledgebases({});
+    open([&](frmSettings& form) {
+        EXPECT_THAT(items(form.cboDefaultKB), ElementsAre(L"<None>"));
+        EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 0);
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, KnowledgebasesAreListedInStoredOrderBehindNone) {
+    setKnowledgebases({L"Zoo", L"Archive", L"Mail"});
+    open([&](frmSettings& form) {
+        EXPECT_THAT(items(form.cboDefaultKB), ElementsAre(L"<None>", L"Zoo", L"Archive", L"Mail"));
+        EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 3);
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, EmptyNamesAreSkipped) {
+    setKnowledgebases({L"", L"Mail", L"", L"Work", L""});
+    open([&](frmSettings& form) {
+        EXPECT_THAT(items(form.cboDefaultKB), ElementsAre(L"<None>", L"Mail", L"Work"));
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, MissingNamesAreSkipped) {
+    application.deleteValue(SETTINGS_KEY, L"Project2");
+    setInteger(L"ProjectCount", 4);
+    setText(L"Project4", L"Late");
+    open([&](frmSettings& form) {
+        EXPECT_THAT(items(form.cboDefaultKB), ElementsAre(L"<None>", L"Mail", L"Late"));
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, TheStoredNameIsComparedExactly) {
+    setKnowledgebases({L"mail", L"Mail ", L"Mail", L"Mail"});
+    open([&](frmSettings& form) {
+        EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 3) << "the first that is equal";
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, AStoredNameOfNoKnowledgebaseSelectsNoneAndOkEmptiesIt) {
+    setText(L"DefaultProject", L"Gone");
+    open([&](frmSettings& form) {
+        EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 0);
+        EXPECT_EQ(settings.DefaultProject, L"Gone");
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(settings.DefaultProject, L"");
+    EXPECT_EQ(application.flags, (ChangeFlags{true, true, false}));
+}
+
+TEST_F(SearchSettings, NoneThatStaysSelectedStillMarksThePageChanged) {
+    setText(L"DefaultProject", L"");
+    open([&](frmSettings& form) { user.click(form.cmdOk); });
+    EXPECT_EQ(settings.DefaultProject, L"");
+    EXPECT_EQ(application.flags, (ChangeFlags{true, true, false}));
+}
+
+TEST_F(SearchSettings, ItStartsFromTheStoredNameNotFromAnUnappliedEdit) {
+    settings.DefaultProject = L"Work";
+    open([&](frmSettings& form) {
+        EXPECT_EQ(settings.DefaultProject, L"Mail");
+        EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 1);
+        user.click(form.cmdCancel);
+    });
+    EXPECT_EQ(settings.DefaultProject, L"Mail") << "Cancel does not bring the edit back";
+}
+
+TEST_F(SearchSettings, AMissingStoredNameMeansNone) {
+    application.deleteValue(SETTINGS_KEY, L"DefaultProject");
+    open([&](frmSettings& form) {
+        EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 0);
+        EXPECT_EQ(settings.DefaultProject, L"");
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, LoadingClearsTheTwoFlagsThatItAnswersFor) {
+    application.flags = {true, true, true};
+    open([&](frmSettings& form) {
+        EXPECT_EQ(application.flags, (ChangeFlags{true, false, false}));
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(application.flags, (ChangeFlags{true, false, false}));
+}
+
+TEST_F(SearchSettings, CancelBringsTheFlagsOfAnEarlierOkBack) {
+    for (const ChangeFlags before :
+         {ChangeFlags{true, true, true}, {true, false, true}, {true, true, false}}) {
+        application.flags = before;
+        open([&](frmSettings& form) { user.click(form.cmdCancel); });
+        EXPECT_EQ(application.flags, before);
+        open([&](frmSettings& form) { user.closeWindow(form.window()); });
+        EXPECT_EQ(application.flags, before);
+    }
+}
+
+TEST_F(SearchSettings, AStoredNameThatIsNoTextLeavesTheRecordsName) {
+    stage->setValue(SETTINGS_KEY, L"DefaultProject", vexa::Bytes{1, 2, 3});
+    settings.DefaultProject = L"Work";
+    open([&](frmSettings& form) {
+        EXPECT_EQ(settings.DefaultProject, L"Work");
+        EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 2);
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(settings.DefaultProject, L"Work");
+    EXPECT_EQ(application.flags, ChangeFlags());
+}
+
+TEST_F(SearchSettings, AStoredNumberIsANameOfDigits) {
+    setKnowledgebases({L"Mail", L"17"});
+    stage->setValue(SETTINGS_KEY, L"DefaultProject", 17);
+    open([&](frmSettings& form) {
+        EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 2);
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, WithNeitherScopeStoredUnreadIsSelected) {
+    settings.AutoFindUnread = settings.AutoFindAll = false;
+    open([&](frmSettings& form) {
+        EXPECT_TRUE(unread(form).selected());
+        EXPECT_FALSE(all(form).selected());
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, ValuesAreReadInTheirOrder) {
+    open([&](frmSettings& form) { user.click(form.cmdCancel); });
+    std::vector<std::string> queried;
+    for (const std::string& line : calls.linesWith("registry query")) {
+        const std::string name = line.substr(line.rfind('\\') + 1);
+        if (queried.empty() || queried.back() != name) queried.push_back(name);
+    }
+    EXPECT_THAT(queried, ElementsAre("DefaultProject", "ProjectCount", "Project1", "Project2"));
+}
+
+TEST_F(SearchSettings, TheRegistryIsNeverWritten) {
+    open([&](frmSettings& form) {
+        user.click(form.chkAutoInfo);
+        user.click(form.cmdOk);
+    });
+    EXPECT_THAT(calls.linesWith("registry create"), IsEmpty());
+    EXPECT_THAT(calls.linesWith("registry set"), IsEmpty());
+    EXPECT_THAT(calls.linesWith("registry delete"), IsEmpty());
+}
+
+// --- Enabling ---------------------------------------------------------------------------------------------
+
+TEST_F(SearchSettings, TheAutomaticSearchAndTheShortcutExcludeEachOther) {
+    open([&](frmSettings& form) {
+        const auto states = [&] {
+            return std::vector<bool>{unread(form).enabled(),          all(form).enabled(),
+                                     form.lblDelay.enabled(),         form.txtDelay.enabled(),
+                                     form.updDelay.enabled(),         form.lblSearchShortcut.enabled(),
+                                     form.cboSearchShortcut.enabled()};
+        };
+        EXPECT_THAT(states(), ElementsAre(false, false, false, false, false, true, true));
+        EXPECT_TRUE(form.lblDelayInfo.enabled());
+        user.click(form.chkAutoInfo);
+        EXPECT_THAT(states(), ElementsAre(true, true, true, true, true, false, false));
+        user.click(form.chkAutoInfo);
+        EXPECT_THAT(states(), ElementsAre(false, false, false, false, false, true, true));
+        EXPECT_TRUE(form.lblDelayInfo.enabled());
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, AStoredAutomaticSearchIsEnabledFromTheStart) {
+    settings.AutoInfo = true;
+    open([&](frmSettings& form) {
+        EXPECT_TRUE(form.txtDelay.enabled());
+        EXPECT_FALSE(form.cboSearchShortcut.enabled());
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, UntickingTheLoggingDisablesSendReportAtOnce) {
+    open([&](frmSettings& form) {
+        EXPECT_TRUE(form.cmdSendLog.enabled());
+        user.click(form.chkLoggingInformation);
+        EXPECT_FALSE(form.cmdSendLog.enabled());
+        user.click(form.chkLoggingInformation);
+        EXPECT_TRUE(form.cmdSendLog.enabled());
+        user.click(form.cmdCancel);
+    });
+}
+
+// --- Storing ----------------------------------------------------------------------------------------------
+
+TEST_F(SearchSettings, TurningTheAutomaticSearchOffStoresBothScopesAsFalse) {
+    settings.AutoInfo = true;
+    open([&](frmSettings& form) {
+        user.click(form.chkAutoInfo);
+        user.click(form.cmdOk);
+    });
+    EXPECT_FALSE(settings.AutoInfo);
+    EXPECT_FALSE(settings.AutoFindUnread);
+    EXPECT_FALSE(settings.AutoFindAll);
+    open([&](frmSettings& form) {
+        EXPECT_TRUE(unread(form).selected());
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, AShortcutOutsideTheListIsNotSelectedAndOkStoresNoSelection) {
+    for (const std::int32_t stored : {7, 2, -1, -7, 2147483647, -2147483647 - 1}) {
+        settings = Settings();
+        settings.FindShortcut = stored;
+        application.flags = {};
+        open([&](frmSettings& form) {
+            EXPECT_EQ(form.cboSearchShortcut.selectedIndex(), -1) << stored;
+            user.click(form.cmdOk);
+        });
+        EXPECT_EQ(settings.FindShortcut, -1) << stored;
+        EXPECT_EQ(application.flags.shortcutChanged, stored != -1) << stored;
+        EXPECT_EQ(application.flags.dialogChanged, stored != -1) << stored;
+    }
+}
+
+TEST_F(SearchSettings, AnEntryPickedInsteadOfAnUnknownShortcutIsStored) {
+    settings.FindShortcut = 7;
+    open([&](frmSettings& form) {
+        user.choose(form.cboSearchShortcut, 1);
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(settings.FindShortcut, 1);
+    EXPECT_TRUE(application.flags.shortcutChanged);
+}
+
+// --- Report -----------------------------------------------------------------------------------------------
+
+TEST_F(SearchSettings, SendReportOpensTheReportOverTheDialog) {
+    int opened = 0;
+    ui::Window* reportOwner = nullptr;
+    openReport = [&](ui::Window& owner) {
+        ++opened;
+        reportOwner = &owner;
+    };
+    open([&](frmSettings& form) {
+        user.click(form.cmdSendLog);
+        EXPECT_EQ(opened, 1);
+        EXPECT_EQ(reportOwner, &form.window());
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, AReportThatCannotBeOpenedIsLoggedAndNothingIsShown) {
+    openReport = [](ui::Window&) { throw vexa::Error(L"No window"); };
+    open([&](frmSettings& form) {
+        user.click(form.cmdSendLog);
+        EXPECT_TRUE(form.window().isOpen());
+        user.click(form.cmdCancel);
+    });
+    const auto log = splitLines(stage->readFile(application.log.LogPath + L"VexaPPE.log").value_or(""));
+    ASSERT_FALSE(log.empty());
+    EXPECT_EQ(log.back().substr(log.back().find('\t') + 1), "frmSettings, Error SendLog: No window");
+    EXPECT_THAT(stage->messages(), IsEmpty());
+}
+
+TEST_F(SearchSettings, WithTheLoggingUntickedSendReportCannotBePressed) {
+    int opened = 0;
+    openReport = [&](ui::Window&) { ++opened; };
+    open([&](frmSettings& form) {
+        user.click(form.chkLoggingInformation);
+        user.click(form.cmdSendLog);
+        user.press(form.window(), 'S', ui::modifier::alt);
+        user.click(form.cmdCancel);
+    });
+    EXPECT_EQ(opened, 0);
+}
+
+// --- Keyboard ---------------------------------------------------------------------------------------------
+
+TEST_F(SearchSettings, EnterReachesOkAndEscCancel) {
+    open([&](frmSettings& form) {
+        user.click(form.chkLoggingInformation);
+        user.press(form.window(), key::enter);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_FALSE(settings.LoggingInformation);
+    open([&](frmSettings& form) {
+        user.click(form.chkLoggingInformation);
+        user.press(form.window(), key::escape);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    EXPECT_FALSE(settings.LoggingInformation);
+}
+
+TEST_F(SearchSettings, TheCloseBoxCancels) {
+    open([&](frmSettings& form) {
+        user.click(form.chkLoggingInformation);
+        user.closeWindow(form.window());
+    });
+    EXPECT_TRUE(settings.LoggingInformation);
+}
+
+TEST_F(SearchSettings, TabReachesEachEnabledControlInOrder) {
+    settings.AutoInfo = true;
+    open([&](frmSettings& form) {
+        form.chkAutoInfo.setFocus();
+        for (ui::Control* next :
+             std::vector<ui::Control*>{&unread(form), &form.txtDelay, &form.txtEntryCount, &form.txtMinRel,
+                                       &form.cboDefaultKB, &form.chkLoggingInformation, &form.cmdSendLog,
+                                       &form.cmdOk, &form.cmdCancel, &form.chkAutoInfo}) {
+            user.press(form.window(), key::tab);
+            EXPECT_TRUE(next->hasFocus()) << narrow(next->text());
+        }
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, AccessKeysReachTheControlsOfTheirLabels) {
+    settings.AutoInfo = true;
+    open([&](frmSettings& form) {
+        const auto alt = [&](int letter) { user.press(form.window(), letter, ui::modifier::alt); };
+        alt('L');
+        EXPECT_TRUE(all(form).selected());
+        alt('D');
+        EXPECT_TRUE(unread(form).selected());
+        alt('Y');
+        EXPECT_TRUE(form.txtDelay.hasFocus());
+        alt('X');
+        EXPECT_TRUE(form.txtEntryCount.hasFocus());
+        alt('M');
+        EXPECT_TRUE(form.txtMinRel.hasFocus());
+        alt('K');
+        EXPECT_TRUE(form.cboDefaultKB.hasFocus());
+        alt('P');
+        EXPECT_FALSE(form.chkLoggingInformation.checked());
+        alt('O');
+        EXPECT_FALSE(form.chkAutoInfo.checked());
+        alt('C');
+        EXPECT_TRUE(form.cboSearchShortcut.hasFocus());
+        user.click(form.cmdCancel);
+    });
+}
+
+// --- Every setting: stored before x what the user does x OK or Cancel -------------------------------------
+
+// `DefaultProject` is "Mail" before.
+std::vector<Before> startingPoints() {
+    const auto with = [](auto set) { return [set](Settings& settings) { set(settings); }; };
+    return {
+        {"Defaults", [](Settings&) {}},
+        {"AutomaticUnread", with([](Settings& s) { s.AutoInfo = true; })},
+        {"AutomaticAll", with([](Settings& s) {
+             s.AutoInfo = s.AutoFindAll = true;
+             s.AutoFindUnread = false;
+         })},
+        {"AutomaticNeither", with([](Settings& s) {
+             s.AutoInfo = true;
+             s.AutoFindAll = s.AutoFindUnread = false;
+         })},
+        {"AutomaticBoth", with([](Settings& s) { s.AutoInfo = s.AutoFindAll = s.AutoFindUnread = true; })},
+        {"ManualAll", with([](Settings& s) {
+             s.AutoFindAll = true;
+             s.AutoFindUnread = false;
+         })},
+        {"ManualNeither", with([](Settings& s) { s.AutoFindAll = s.AutoFindUnread = false; })},
+        {"OtherNumbers", with([](Settings& s) {
+             s.MaxEntries = 10000;
+             s.MinRel = 0;
+             s.AutoFindDelay = 60;
+         })},
+        {"OtherShortcut", with([](Settings& s) { s.FindShortcut = 1; })},
+        {"NoShortcut", with([](Settings& s) { s.FindShortcut = -1; })},
+        {"NoLogging", with([](Settings& s) { s.LoggingInformation = false; })},
+    };
+}
+
+void typeOver(User& user, ui::TextBox& box, const std::wstring& text) {
+    box.setFocus();
+    box.select(0, static_cast<int>(box.text().size()));
+    user.type(box, text);
+}
+
+std::vector<Deed<frmSettings>> deeds() {
+    return {
+        {"Nothing", [](User&, frmSettings&) {}, [](Settings&) {}},
+        {"AutoInfo", [](User& user, frmSettings& form) { user.click(form.chkAutoInfo); },
+         [](Settings& s) { s.AutoInfo = !s.AutoInfo; }},
+        {"AutoInfoTwice",
+         [](User& user, frmSettings& form) {
+             user.click(form.chkAutoInfo);
+             user.click(form.chkAutoInfo);
+         },
+         [](Settings&) {}},
+        {"All",
+         [](User& user, frmSettings& form) {
+             if (!form.chkAutoInfo.checked()) user.click(form.chkAutoInfo);
+             user.click(form.optAutoInfo[1]);
+         },
+         [](Settings& s) {
+             s.AutoInfo = s.AutoFindAll = true;
+             s.AutoFindUnread = false;
+         }},
+        {"Unread",
+         [](User& user, frmSettings& form) {
+             if (!form.chkAutoInfo.checked()) user.click(form.chkAutoInfo);
+             user.click(form.optAutoInfo[0]);
+         },
+         [](Settings& s) {
+             s.AutoInfo = s.AutoFindUnread = true;
+             s.AutoFindAll = false;
+         }},
+        {"Delay",
+         [](User& user, frmSettings& form) {
+             if (!form.chkAutoInfo.checked()) user.click(form.chkAutoInfo);
+             typeOver(user, form.txtDelay, L"33");
+         },
+         [](Settings& s) {
+             s.AutoInfo = true;
+             s.AutoFindDelay = 33;
+         }},
+        {"Shortcut",
+         [](User& user, frmSettings& form) {
+             if (form.chkAutoInfo.checked()) user.click(form.chkAutoInfo);
+             user.choose(form.cboSearchShortcut, 1);
+         },
+         [](Settings& s) {
+             s.AutoInfo = false;
+             s.FindShortcut = 1;
+         }},
+        {"MaxEntries", [](User& user, frmSettings& form) { typeOver(user, form.txtEntryCount, L"77"); },
+         [](Settings& s) { s.MaxEntries = 77; }},
+        {"MinRel", [](User& user, frmSettings& form) { typeOver(user, form.txtMinRel, L"88"); },
+         [](Settings& s) { s.MinRel = 88; }},
+        {"Logging", [](User& user, frmSettings& form) { user.click(form.chkLoggingInformation); },
+         [](Settings& s) { s.LoggingInformation = !s.LoggingInformation; }},
+        {"OtherKnowledgebase", [](User& user, frmSettings& form) { user.choose(form.cboDefaultKB, 2); },
+         [](Settings& s) { s.DefaultProject = L"Work"; }},
+        {"NoKnowledgebase", [](User& user, frmSettings& form) { user.choose(form.cboDefaultKB, 0); },
+         [](Settings& s) { s.DefaultProject = L""; }},
+        {"SameKnowledgebase", [](User& user, frmSettings& form) { user.choose(form.cboDefaultKB, 1); },
+         [](Settings&) {}},
+    };
+}
+
+/// What OK makes of the two scopes, whatever the user did: the record's rule for a dialog that shows one of
+/// the two always.
+void settleScopes(Settings& settings, const Settings& shown) {
+    const bool allShown = shown.AutoFindAll;
+    settings.AutoFindAll = settings.AutoInfo && allShown;
+    settings.AutoFindUnread = settings.AutoInfo && !allShown;
+}
+
+class SearchSettingsTable : public SearchSettings,
+                            public testing::WithParamInterface<DialogRow<frmSettings>> {};
+
+TEST_P(SearchSettingsTable, StoresOnOkAndForgetsOnCancel) {
+    const auto& [before, deed, confirmed] = GetParam();
+    before.prepare(settings);
+    settings.DefaultProject = L"Mail";
+    const Settings old = settings;
+    Settings expected = old;
+    ChangeFlags flags;
+    if (confirmed) {
+        deed.result(expected);
+        const Settings shown = expected;
+        settleScopes(expected, shown);
+        // The options as shown, compared with the record as it was.
+        const bool scopesDiffer =
+            shown.AutoFindAll != old.AutoFindAll || !shown.AutoFindAll != old.AutoFindUnread;
+        Settings rest = expected;
+        rest.AutoFindAll = old.AutoFindAll;
+        rest.AutoFindUnread = old.AutoFindUnread;
+        flags = {scopesDiffer || rest != old, expected.DefaultProject != old.DefaultProject,
+                 expected.FindShortcut != old.FindShortcut};
+    }
+    open([&](frmSettings& form) {
+        deed.act(user, form);
+        user.click(confirmed ? form.cmdOk : form.cmdCancel);
+    });
+    EXPECT_EQ(settings, expected);
+    EXPECT_EQ(application.flags, flags);
+    EXPECT_EQ(storedText(L"DefaultProject"), L"Mail") << "the registry waits for Apply";
+}
+
+INSTANTIATE_TEST_SUITE_P(All, SearchSettingsTable, everyRow(startingPoints(), deeds()), rowName<frmSettings>);
+
+// --- Bad input --------------------------------------------------------------------------------------------
+
+TEST_F(SearchSettings, ABrokenCountOfKnowledgebasesIsNone) {
+    for (const std::int32_t count : {-1, -2147483647 - 1}) {
+        setInteger(L"ProjectCount", count);
+        open([&](frmSettings& form) {
+            EXPECT_THAT(items(form.cboDefaultKB), ElementsAre(L"<None>"));
+            user.click(form.cmdCancel);
+        });
+    }
+    setText(L"ProjectCount", L"many");
+    open([&](frmSettings& form) {
+        EXPECT_THAT(items(form.cboDefaultKB), ElementsAre(L"<None>"));
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(SearchSettings, AKnowledgebaseCalledLikeTheEntryForNoneIsNone) {
+    setKnowledgebases({L"<None>"});
+    setText(L"DefaultProject", L"<None>");
+    open([&](frmSettings& form) {
+        EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 0);
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(settings.DefaultProject, L"");
+}
+
+TEST_F(SearchSettings, NamesWithControlCharactersAndLongNamesAreShownAsTheyAre) {
+    const std::wstring longName(3000, L'x');
+    setKnowledgebases({L"a\tb\x01\x7f", longName, L"&Mail", L"Gr\u00fc\u00dfe"});
+    setText(L"DefaultProject", longName);
+    open([&](frmSettings& form) {
+        EXPECT_THAT(items(form.cboDefaultKB),
+                    ElementsAre(L"<None>", L"a\tb\x01\x7f", longName, L"&Mail", L"Gr\u00fc\u00dfe"));
+        EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 2);
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(settings.DefaultProject, longName);
+    EXPECT_EQ(application.flags, ChangeFlags());
+}
+
+TEST_F(SearchSettings, NamesOfOtherTypesDoNotStopTheOthers) {
+    setKnowledgebases({L"Mail", L"Work", L"Last"});
+    stage->setValue(SETTINGS_KEY, L"Project1", vexa::Bytes{1, 2, 3});
+    stage->setValue(SETTINGS_KEY, L"Project2", 17);
+    open([&](frmSettings& form) {
+        EXPECT_THAT(items(form.cboDefaultKB), ElementsAre(L"<None>", L"17", L"Last"));
+        user.click(form.cmdCancel);
+    });
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,101 @@
+#include "tests/windows/leaks/resource_count.h"
+
+#include <windows.h>
+#include <winternl.h>
+
+#include <vector>
+
+namespace tests {
+namespace {
+
+// Where a process keeps its table of GDI objects, and the table's layout.
+constexpr std::size_t GDI_TABLE = sizeof(void*) == 8 ? 0xF8 : 0x94;
+constexpr std::size_t GDI_ENTRIES = 0x10000;
+constexpr std::size_t GDI_ENTRY_SIZE = 24;
+constexpr std::size_t GDI_TYPE = 14;
+
+std::size_t countGdiObjects() {
+    PROCESS_BASIC_INFORMATION process{};
+    NtQueryInformationProcess(GetCurrentProcess(), ProcessBasicInformation, &process, sizeof process,
+                              nullptr);
+    const auto* environment = reinterpret_cast<const std::uint8_t*>(process.PebBaseAddress);
+    const auto* table = *reinterpret_cast<const std::uint8_t* const*>(environment + GDI_TABLE);
+    if (table == nullptr) return 0;
+    std::size_t used = 0;
+    for (std::size_t entry = 0; entry < GDI_ENTRIES; ++entry)
+        used += table[entry * GDI_ENTRY_SIZE + GDI_TYPE] != 0;
+    return used;
+}
+
+bool isOwnWindow(HWND window) {
+    DWORD process = 0;
+    return IsWindow(window) && GetWindowThreadProcessId(window, &process) && process == GetCurrentProcessId();
+}
+
+bool isIcon(HICON icon) {
+    ICONINFO parts{};
+    if (!GetIconInfo(icon, &parts)) return false;
+    DeleteObject(parts.hbmColor);
+    DeleteObject(parts.hbmMask);
+    return true;
+}
+
+/// The low words of user handles are their places in a table.
+void countUserObjects(ResourceCount& count) {
+    for (ULONG_PTR place = 0x20; place < 0xFFEE; place += 2) {
+        count.windows += isOwnWindow(reinterpret_cast<HWND>(place));
+        count.menus += IsMenu(reinterpret_cast<HMENU>(place)) != FALSE;
+        count.icons += isIcon(reinterpret_cast<HICON>(place));
+    }
+}
+
+struct HandleEntry {
+    ULONG process;
+    std::uint8_t type;
+    std::uint8_t flags;
+    USHORT handle;
+    void* object;
+    ULONG access;
+};
+
+struct HandleTable {
+    ULONG count;
+    HandleEntry entries[1];
+};
+
+std::size_t countHandles() {
+    constexpr auto ALL_HANDLES = static_cast<SYSTEM_INFORMATION_CLASS>(16);
+    std::vector<std::uint8_t> buffer(1 << 16);
+    ULONG needed = 0;
+    while (NtQuerySystemInformation(ALL_HANDLES, buffer.data(), static_cast<ULONG>(buffer.size()), &needed) <
+           0)
+        buffer.resize(buffer.size() * 2);
+    const auto& table = *reinterpret_cast<const HandleTable*>(buffer.data());
+    std::size_t own = 0;
+    for (ULONG index = 0; index < table.count; ++index)
+        own += table.entries[index].process == GetCurrentProcessId();
+    return own;
+}
+
+std::size_t countHeapBlocks() {
+    std::size_t blocks = 0;
+    PROCESS_HEAP_ENTRY entry{};
+    const HANDLE heap = GetProcessHeap();
+    HeapLock(heap);
+    while (HeapWalk(heap, &entry)) blocks += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
+    HeapUnlock(heap);
+    return blocks;
+}
+
+}  // namespace
+
+ResourceCount countResources() {
+    ResourceCount count;
+    count.handles = countHandles();
+    count.heapBlocks = countHeapBlocks();
+    count.gdiObjects = countGdiObjects();
+    countUserObjects(count);
+    return count;
+}
+
+}  // namespace tests
