@@ -79,6 +79,8 @@ struct Message {
     std::wstring title;
     MessageIcon icon = MessageIcon::none;
     MessageButtons buttons = MessageButtons::ok;
+    /// What Enter answers where there is a choice.
+    MessageAnswer defaultAnswer = MessageAnswer::yes;
     bool operator==(const Message&) const = default;
 };
 

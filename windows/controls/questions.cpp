@@ -22,6 +22,7 @@ HWND questionOwner(const ui::Window* asker) {
 
 UINT styleOf(const ui::Message& message) {
     UINT style = message.buttons == ui::MessageButtons::yesNo ? MB_YESNO : MB_OK;
+    if (message.defaultAnswer == ui::MessageAnswer::no) style |= MB_DEFBUTTON2;
     switch (message.icon) {
         case ui::MessageIcon::exclamation: style |= MB_ICONEXCLAMATION; break;
         case ui::MessageIcon::question: style |= MB_ICONQUESTION; break;
