@@ -129,9 +129,10 @@ void frmKBConfiguration::UpdateListView(bool bFromLoad) {
             const ui::Grid::BulkUpdate bulk(sftKBConfiguration);
             fillList(count);
             if (!bFromLoad) {
+                std::int32_t& nextOrder = nNextOrder[static_cast<std::size_t>(nSortColumn)];
+                nextOrder = nSortOrder;  // dates take their direction from it
                 sortList();
-                nNextOrder[static_cast<std::size_t>(nSortColumn)] =
-                    nSortOrder == DESCENDING ? ASCENDING : DESCENDING;
+                nextOrder = nSortOrder == DESCENDING ? ASCENDING : DESCENDING;
             }
         }
         filled_ = true;
@@ -216,8 +217,8 @@ void frmKBConfiguration::restoreSort() {
     if (!sortCodeFits(nSortColumn, nSortType)) nSortType = sortCodeOf(nSortColumn, nSortOrder);
     sortRestored_ = true;
     showSortArrow();
+    nNextOrder[static_cast<std::size_t>(nSortColumn)] = nSortOrder;  // dates take their direction from it
     sortList();
-    nNextOrder[static_cast<std::size_t>(nSortColumn)] = nSortOrder;
 }
 
 void frmKBConfiguration::showSortArrow() {

@@ -148,6 +148,7 @@ private:
     void unlock() noexcept;
     void RefreshEditedKB();
     [[nodiscard]] bool refreshRow(const std::wstring& name);
+    void selectEdited(const std::wstring& name);
 
     Application& application_;
     /// The add-in that this dialog works with, whatever pages come and go meanwhile; null where none ran.

@@ -90,10 +90,7 @@ void frmKBConfiguration::mvarTeskAddIn_ProcessFinished(const std::wstring& strPr
         application_.deleteValue(application_.ProfileKey, valueName::KBProcessState);
         application_.settings.ProjectCount = knowledgebaseCount(application_);
         endRemoval(strProject);
-        if (bKeepList)
-            showButtonsForList();
-        else
-            UpdateListView(false);
+        if (!bKeepList) UpdateListView(false);
     });
     unlock();
 }
@@ -143,6 +140,7 @@ void frmKBConfiguration::RefreshEditedKB() {
     const std::wstring name = application_.readText(key, valueName::ProjectEventName, L"");
     const bool readAll = application_.readInteger(key, valueName::EditNoChange, 0) != 0;
     if (readAll || !refreshRow(name)) UpdateListView(false);
+    if (!readAll) selectEdited(name);
     sftKBConfiguration.setAllRowsEnabled(true);
     sftKBConfiguration.refresh();
 }
@@ -155,9 +153,14 @@ bool frmKBConfiguration::refreshRow(const std::wstring& name) {
     const ui::GridRow fresh = rowOf(nameOf(row));
     for (int cell = column::lastUpdate; cell < column::count; ++cell)
         sftKBConfiguration.setCell(row, cell, fresh.cells[static_cast<std::size_t>(cell)]);
+    return true;
+}
+
+void frmKBConfiguration::selectEdited(const std::wstring& name) {
+    const int row = findRowIgnoringCase(name);
+    if (row == -1) return;
     sftKBConfiguration.setCurrentRow(row);
     showButtonsForList();
-    return true;
 }
 
 }  // namespace vexa

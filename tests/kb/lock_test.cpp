@@ -68,6 +68,17 @@ TEST_F(KBLock, TheListIsKeptWhereTheEventAsksForIt) {
     EXPECT_THAT(log(), Contains("frmKBConfiguration, Status end, Mail, True"));
 }
 
+TEST_F(KBLock, AnEndThatKeepsTheListEnablesAllSixCommandsWhateverTheListHolds) {
+    for (const std::vector<Record>& records : {std::vector<Record>{}, {{L"Empty", {}, {}, 0}}}) {
+        record(records);
+        open([&](frmKBConfiguration& form) {
+            if (!records.empty()) choose(form, L"Empty");
+            addIn.finish(L"Mail", true);
+            EXPECT_EQ(buttons(form), ALL);
+        });
+    }
+}
+
 TEST_F(KBLock, WithAnEmptyListOnlyAddIsLeft) {
     open([&](frmKBConfiguration& form) {
         lockByUpdate(form);
@@ -226,6 +237,18 @@ TEST_F(KBLock, ATickRefreshesTheRowOfTheLastEvent) {
         EXPECT_EQ(cells(form, 0), (Row{L"Mail", L"01/01/2020 12:00:00 PM", L"2 KB", L"       9"}));
         EXPECT_EQ(form.sftKBConfiguration.cellText(1, 1), L"-") << "the other row is left as it is";
         EXPECT_EQ(current(form), L"Mail");
+    });
+}
+
+TEST_F(KBLock, ATickFindsTheRowOfTheLastEventWithoutRegardToCaseAlsoWhereKnowledgebasesCame) {
+    open([&](frmKBConfiguration& form) {
+        lockByUpdate(form);
+        recordNames({L"Mail", L"News", L"Post"});
+        stage->setValue(KEY, L"ProjectEventName", L"POST");
+        stage->setValue(KEY, L"KBProcessState", 3);
+        user.wait(TICK);
+        EXPECT_EQ(current(form), L"Post");
+        EXPECT_EQ(buttons(form), ALL);
     });
 }
 
