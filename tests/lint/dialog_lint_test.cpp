@@ -8,9 +8,9 @@
 #include <map>
 #include <sstream>
 
-#include "tests/headless/dialog_template.h"
 #include "tests/headless/item.h"
 #include "tests/headless/kinds.h"
+#include "tests/lint/dialog_pages.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/text.h"
 
@@ -61,64 +61,10 @@ bool anyContainsWord(const std::map<std::string, std::string>& files, const std:
     return std::ranges::any_of(files, [&](const auto& file) { return containsWord(file.second, word); });
 }
 
-std::vector<DialogTemplate> allDialogs() {
-    std::vector<DialogTemplate> dialogs;
-    for (const std::string& script : dialogScripts(SOURCES))
-        for (DialogTemplate& dialog : readDialogs(SOURCES, script)) dialogs.push_back(std::move(dialog));
-    return dialogs;
-}
-
 // --- What a control is to the rules -----------------------------------------------------------------------
-
-bool isFrame(const TemplateControl& control) { return kindOf(control) == ui::Kind::frame; }
-bool isLabel(const TemplateControl& control) { return kindOf(control) == ui::Kind::label; }
-bool isTabStrip(const TemplateControl& control) { return control.windowClass == "SysTabControl32"; }
-bool isToolbar(const TemplateControl& control) { return control.windowClass == "ToolbarWindow32"; }
-bool isUpDown(const TemplateControl& control) { return control.windowClass == "msctls_updown32"; }
-bool isDecoration(const TemplateControl& control) {
-    return control.windowClass == "Static" || isFrame(control);
-}
 
 wchar_t accessKey(const TemplateControl& control) {
     return control.has("SS_NOPREFIX") ? L'\0' : accessKeyOf(control.caption);
-}
-
-/// The height of a combo in a template is that of its open list.
-ui::Rect placeOf(const TemplateControl& control) {
-    constexpr int CLOSED_COMBO = 12;
-    ui::Rect place = control.units;
-    if (control.windowClass == "ComboBox") place.height = std::min(place.height, CLOSED_COMBO);
-    return place;
-}
-
-bool isEmpty(const ui::Rect& place) { return place.width == 0 || place.height == 0; }
-
-bool overlap(const ui::Rect& one, const ui::Rect& other) {
-    return one.left < other.left + other.width && other.left < one.left + one.width &&
-           one.top < other.top + other.height && other.top < one.top + one.height;
-}
-
-bool contains(const ui::Rect& outer, const ui::Rect& inner) {
-    return inner.left >= outer.left && inner.top >= outer.top &&
-           inner.left + inner.width <= outer.left + outer.width &&
-           inner.top + inner.height <= outer.top + outer.height;
-}
-
-using Controls = std::vector<const TemplateControl*>;
-
-/// What is seen together: all controls, or each page of a tab control along with what lies outside it. The
-/// first page's controls are visible in the template, the others' are not.
-std::vector<Controls> pagesOf(const DialogTemplate& dialog) {
-    const auto tab = std::ranges::find_if(dialog.controls, isTabStrip);
-    Controls first, second;
-    for (const TemplateControl& control : dialog.controls) {
-        const bool onTab =
-            tab != dialog.controls.end() && &control != &*tab && contains(tab->units, control.units);
-        if (!onTab || control.has("WS_VISIBLE")) first.push_back(&control);
-        if (!onTab || !control.has("WS_VISIBLE")) second.push_back(&control);
-    }
-    if (tab == dialog.controls.end()) return {first};
-    return {first, second};
 }
 
 // --- Templates --------------------------------------------------------------------------------------------
