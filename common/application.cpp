@@ -25,14 +25,6 @@ void Application::recall(const ProcessMemory& memory) {
     log.setStarted(memory.logStarted);
 }
 
-void Application::logCurrentError(const wchar_t* name, const wchar_t* procedure) noexcept {
-    try {
-        WriteLogLine(std::wstring(name) + L", Error " + procedure + L": " + currentErrorDescription());
-    } catch (...) {
-        return;  // no memory for the line
-    }
-}
-
 void Application::loadProfileKey() {
     const std::wstring prefix = std::wstring(RootKey) + L"\\";
     ProfileKey = prefix + readText(prefix, valueName::CurrentProfile, L"");

@@ -9,7 +9,10 @@
 #include "common/modRegistry.h"
 #include "common/platform.h"
 #include "common/settings.h"
-#include "ui/window.h"
+
+namespace ui {
+class Screen;
+}
 
 namespace vexa {
 
@@ -67,36 +70,11 @@ public:
     void store(const Setting& setting);
 
     void WriteLogLine(const std::wstring& text) noexcept { log.WriteLogLine(text); }
-    /// Writes "<name>, Error <procedure>: " and the description of the exception in flight.
-    void logCurrentError(const wchar_t* name, const wchar_t* procedure) noexcept;
 
     void SetPointerDefault() { platform.desktop.setPointer(PointerShape::standard); }
     void SetPointerHourglass() { platform.desktop.setPointer(PointerShape::hourglass); }
     void SetPointerArrowHourglass() { platform.desktop.setPointer(PointerShape::arrowHourglass); }
     void DoEvents() { platform.desktop.doEvents(); }
 };
-
-/// Runs a handler's body; where it throws, writes "<name>, Error <procedure>: <description>" to the log and
-/// returns false. Nothing leaves it.
-template <class Body>
-bool guarded(Application& application, const wchar_t* name, const wchar_t* procedure, Body body) noexcept {
-    try {
-        body();
-        return true;
-    } catch (...) {
-        application.logCurrentError(name, procedure);
-        return false;
-    }
-}
-
-/// Runs one step; an error in it is forgotten and the next step runs ("resume next").
-template <class Step>
-void attempt(Step step) noexcept {
-    try {
-        step();
-    } catch (...) {
-        return;  // the step is skipped, as its caller wants it
-    }
-}
 
 }  // namespace vexa

@@ -13,12 +13,13 @@ const auto& catalogue() {
     using S = Settings;
     using K = SettingKey;
     static const std::array<Setting, 29> table{{
-        {L"VexaBaseDir", K::profile, &S::VexaBaseDir, L"", 1, L"base folder of the knowledgebase files"},
-        {L"Projectname", K::profile, &S::Projectname, L"default", 0,
+        {valueName::VexaBaseDir, K::profile, &S::VexaBaseDir, L"", 1,
+         L"base folder of the knowledgebase files"},
+        {valueName::Projectname, K::profile, &S::Projectname, L"default", 0,
          L"current knowledgebase, the one the search uses"},
-        {L"DefaultProject", K::profile, &S::DefaultProject, L"default", 2,
+        {valueName::DefaultProject, K::profile, &S::DefaultProject, L"default", 2,
          L"knowledgebase that is updated automatically"},
-        {L"ProjectCount", K::profile, &S::ProjectCount, 0, 0, L"number of knowledgebases"},
+        {valueName::ProjectCount, K::profile, &S::ProjectCount, 0, 0, L"number of knowledgebases"},
         {L"MaxEntries", K::profile, &S::MaxEntries, 20, 3, L"maximum number of results in the result list"},
         {L"MinRel", K::profile, &S::MinRel, 40, 4, L"minimum relevance of a result, in percent"},
         {L"LoggingInformation", K::root, &S::LoggingInformation, 1, 6, L"diagnostic log on or off"},

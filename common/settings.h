@@ -9,12 +9,10 @@
 #include <string>
 #include <variant>
 
+#include "common/addin_contract.h"
 #include "common/value.h"
 
 namespace vexa {
-
-/// Key of the values that all profiles share.
-inline constexpr const wchar_t* RootKey = L"Software\\Norvane\\Quillmark";
 
 /// One field per setting, named after its registry value. Starts with the catalogue's defaults.
 struct Settings {
@@ -88,39 +86,14 @@ void storeSetting(Settings& settings, const Setting& setting, const Value& value
 /// The record's value in the form in which it is stored: flags as 1 or 0.
 [[nodiscard]] Value settingValue(const Settings& settings, const Setting& setting);
 
-/// Values read before the catalogue's: the profile's name and the log's folder.
+/// Values of the page alone that the record does not hold.
 namespace valueName {
 inline constexpr const wchar_t* CurrentProfile = L"CurrentProfile";
 inline constexpr const wchar_t* LogPath = L"LogPath";
-inline constexpr const wchar_t* AppVer = L"AppVer";
-// Exchanged with the add-in and its search window at once.
-inline constexpr const wchar_t* hWndProperties = L"hWndProperties";
-inline constexpr const wchar_t* hWndSearchCtl = L"hWndSearchCtl";
-inline constexpr const wchar_t* hWndKBEdit = L"hWndKBEdit";
-inline constexpr const wchar_t* ProjectEvent = L"ProjectEvent";
-inline constexpr const wchar_t* ProjectEventName = L"ProjectEventName";
-inline constexpr const wchar_t* OldProjectname = L"OldProjectname";
-inline constexpr const wchar_t* KBProcessState = L"KBProcessState";
-inline constexpr const wchar_t* ProjectCount = L"ProjectCount";
-inline constexpr const wchar_t* Projectname = L"Projectname";
-inline constexpr const wchar_t* Project = L"Project";
-inline constexpr const wchar_t* DefaultProject = L"DefaultProject";
-inline constexpr const wchar_t* VexaBaseDir = L"VexaBaseDir";
-// The attachment dialog's own lists of file extensions.
-inline constexpr const wchar_t* SelectedExtensions = L"SelectedExtensions";
-inline constexpr const wchar_t* AvailableExtensions = L"AvailableExtensions";
-inline constexpr const wchar_t* EditNoChange = L"EditNoChange";
 // How the list of knowledgebases was sorted when it was last closed.
 inline constexpr const wchar_t* KBConfigSortOrder = L"KBConfigSortOrder";
 inline constexpr const wchar_t* KBConfigColumn = L"KBConfigColumn";
 inline constexpr const wchar_t* KBConfigSortType = L"KBConfigSortType";
-// Below a knowledgebase's own key.
-inline constexpr const wchar_t* KBLastUpdate = L"KBLastUpdate";
-inline constexpr const wchar_t* KBSize = L"KBSize";
-inline constexpr const wchar_t* KBDocuments = L"KBDocuments";
-inline constexpr const wchar_t* Foldersize = L"Foldersize";
-/// To whom a problem report goes; below the root key.
-inline constexpr const wchar_t* SendTo = L"SendTo";
 }  // namespace valueName
 
 }  // namespace vexa

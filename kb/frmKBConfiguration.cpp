@@ -1,6 +1,7 @@
 // Loading, closing and the list.
 #include "kb/frmKBConfiguration.h"
 
+#include "common/guarded.h"
 #include "common/knowledgebase_names.h"
 #include "kb/frmKBConfiguration.ids.h"
 #include "kb/frmKBConfiguration_names.h"
@@ -168,7 +169,7 @@ ui::GridRow frmKBConfiguration::rowOf(const std::wstring& name) {
         return knowledgebaseRow(record, application_.platform.conversions);
     } catch (const Error&) {
         // One broken date must not hide the knowledgebases after it.
-        application_.logCurrentError(FORM_NAME, L"UpdateListView");
+        logCurrentError(application_, FORM_NAME, L"UpdateListView");
         record.KBLastUpdate = NEVER_UPDATED;
         return knowledgebaseRow(record, application_.platform.conversions);
     }

@@ -8,22 +8,13 @@
 #include <string>
 #include <vector>
 
+#include "common/addin_contract.h"
 #include "common/application.h"
 #include "kb/knowledgebase_record.h"
 #include "kb/row_order.h"
 #include "ui/form.h"
 
 namespace vexa {
-
-/// Codes of the knowledgebase event that the dialog raises.
-enum class KBEvent : std::int32_t {
-    added = 0,
-    removed = 1,
-    edited = 2,
-    renamed = 3,
-    rebuild = 4,
-    update = 5
-};
 
 class frmKBConfiguration : public ui::Form {
 public:

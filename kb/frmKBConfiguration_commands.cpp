@@ -1,4 +1,5 @@
 // The commands: each checks that nothing is running and hands the request to the page.
+#include "common/guarded.h"
 #include "kb/frmKBConfiguration.h"
 #include "kb/frmKBConfiguration_names.h"
 #include "kb/frmSelectDefaultKB.h"

@@ -1,4 +1,5 @@
 // Locking while the add-in works on a knowledgebase, and the two ways in which it reports the end.
+#include "common/guarded.h"
 #include "common/knowledgebase_names.h"
 #include "kb/frmKBConfiguration.h"
 #include "kb/frmKBConfiguration_names.h"
@@ -7,10 +8,6 @@ namespace vexa {
 namespace {
 
 constexpr int LOCK_INTERVAL = 500;  // milliseconds
-
-// "The knowledgebase that was being removed is gone", to the search window.
-constexpr std::uint32_t MESSAGE_KEY_DOWN = 256;
-constexpr std::uintptr_t KEY_REMOVED = 2;
 
 }  // namespace
 
@@ -106,7 +103,8 @@ void frmKBConfiguration::endRemoval(const std::wstring& project) {
     if (project != strRemovedName) return;
     const std::int32_t searchWindow = application_.readInteger(RootKey, valueName::hWndSearchCtl, 0);
     if (searchWindow != 0)
-        application_.platform.desktop.sendMessage(searchWindow, MESSAGE_KEY_DOWN, KEY_REMOVED, 0);
+        application_.platform.desktop.sendMessage(searchWindow, searchMessage::keyDown,
+                                                  searchMessage::knowledgebaseGone, 0);
 }
 
 // --- The fallback timer -----------------------------------------------------------------------------------

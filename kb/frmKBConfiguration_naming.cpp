@@ -1,4 +1,5 @@
 // Naming a knowledgebase in the list: the end of an in-place edit and the rules for names.
+#include "common/guarded.h"
 #include "kb/frmKBConfiguration.h"
 #include "kb/frmKBConfiguration_names.h"
 #include "kb/name_rules.h"

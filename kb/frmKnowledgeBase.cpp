@@ -1,5 +1,6 @@
 #include "kb/frmKnowledgeBase.h"
 
+#include "common/guarded.h"
 #include "kb/frmKnowledgeBase.ids.h"
 #include "kb/frmNewFolder.h"
 #include "ui/dialog_ids.h"

@@ -1,5 +1,6 @@
 #include "kb/frmNewFolder.h"
 
+#include "common/guarded.h"
 #include "kb/frmNewFolder.ids.h"
 #include "ui/dialog_ids.h"
 

@@ -1,5 +1,6 @@
 #include "kb/frmSelectDefaultKB.h"
 
+#include "common/guarded.h"
 #include "common/knowledgebase_names.h"
 #include "kb/frmSelectDefaultKB.ids.h"
 #include "kb/kb_icons.ids.h"

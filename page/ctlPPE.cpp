@@ -3,6 +3,7 @@
 #include <exception>
 #include <utility>
 
+#include "common/guarded.h"
 #include "common/knowledgebase_names.h"
 #include "common/raised.h"
 #include "kb/frmKBConfiguration.h"
@@ -22,14 +23,6 @@ constexpr int CONNECTION_PAUSE = 100;  // milliseconds
 constexpr int POLL_INTERVAL = 250;     // milliseconds
 // A wizard rule that reads more names than this takes so long that the polls after it leave it out.
 constexpr int NAMES_PER_POLL = 5000;
-
-// Codes by which the add-in switches the wizard button.
-constexpr int WIZARD_ON = 20;
-constexpr int WIZARD_OFF = 21;
-
-// Messages to the add-in's search window.
-constexpr std::uint32_t MESSAGE_START_WIZARD = 1127;
-constexpr std::uint32_t MESSAGE_EDIT_KNOWLEDGEBASE = 1139;
 
 /// Runs steps one by one and keeps the first error, so that it can be reported when all have run.
 class FirstError {
@@ -57,7 +50,7 @@ void ctlPPE::runLogged(const wchar_t* procedure, Body body) noexcept {
     try {
         body();
     } catch (...) {
-        application_.logCurrentError(name().c_str(), procedure);
+        logCurrentError(application_, name().c_str(), procedure);
     }
 }
 
@@ -265,7 +258,7 @@ void ctlPPE::cmdWizard_Click() {
             anyKnowledgebase
                 ? application_.readText(application_.ProfileKey, valueName::Projectname, L"default")
                 : L"default";
-        forwardEvent(false, knowledgebase, static_cast<std::int32_t>(KBAction::wizard));
+        forwardEvent(false, knowledgebase, static_cast<std::int32_t>(KBEvent::wizard));
     });
 }
 
@@ -308,16 +301,16 @@ void ctlPPE::tmrChkSearching_Timer() {
 
 void ctlPPE::cmdMsg_KeyDown(const ui::KeyEvent& event) {
     runLogged(L"cmdMsg_KeyDown", [&] {
-        if (event.key == WIZARD_ON) cmdWizard.setEnabled(true);
-        if (event.key == WIZARD_OFF) cmdWizard.setEnabled(false);
+        if (event.key == wizardSwitch::on) cmdWizard.setEnabled(true);
+        if (event.key == wizardSwitch::off) cmdWizard.setEnabled(false);
         trace(L", cmdMsg_KeyDown.");
     });
 }
 
 void ctlPPE::cmdMsg_MouseMove(const ui::MouseEvent& event) {
     runLogged(L"cmdMsg_MouseMove", [&] {
-        if (event.x == WIZARD_ON) cmdWizard.setEnabled(true);
-        if (event.x == WIZARD_OFF) cmdWizard.setEnabled(false);
+        if (event.x == wizardSwitch::on) cmdWizard.setEnabled(true);
+        if (event.x == wizardSwitch::off) cmdWizard.setEnabled(false);
         trace(L", cmdMsg_MouseMove.");
         // Moves that wait already are handled by the first one's pending events, not one inside the other.
         if (lettingEventsRun_) return;
@@ -341,34 +334,35 @@ void ctlPPE::forwardEvent(bool flag, const std::wstring& knowledgebase, std::int
     runLogged(L"m_KBForm_KBClick", [&] {
         application_.writeInteger(application_.ProfileKey, valueName::ProjectEvent, action);
         application_.writeText(application_.ProfileKey, valueName::ProjectEventName, knowledgebase);
-        passOn(flag, knowledgebase, static_cast<KBAction>(action));
+        passOn(flag, knowledgebase, static_cast<KBEvent>(action));
     });
     attempt([&] { application_.SetPointerDefault(); });
 }
 
-void ctlPPE::passOn(bool flag, const std::wstring& knowledgebase, KBAction action) {
+void ctlPPE::passOn(bool flag, const std::wstring& knowledgebase, KBEvent event) {
     Desktop& desktop = application_.platform.desktop;
-    if (action == KBAction::edited) {
-        desktop.sendMessage(searchWindow(), MESSAGE_EDIT_KNOWLEDGEBASE, 0, flag ? 1 : 0);
-    } else if (action == KBAction::wizard) {
+    if (event == KBEvent::edited) {
+        desktop.sendMessage(searchWindow(), searchMessage::editKnowledgebase, 0, flag ? 1 : 0);
+    } else if (event == KBEvent::wizard) {
         std::int32_t zero = 0;
-        desktop.sendMessage(searchWindow(), MESSAGE_START_WIZARD, 0, reinterpret_cast<std::intptr_t>(&zero));
+        desktop.sendMessage(searchWindow(), searchMessage::startWizard, 0,
+                            reinterpret_cast<std::intptr_t>(&zero));
     } else if (const std::shared_ptr<AddIn> addIn = application_.addIn) {
-        notifyAddIn(*addIn, knowledgebase, action);
+        notifyAddIn(*addIn, knowledgebase, event);
     }
 }
 
-void ctlPPE::notifyAddIn(AddIn& addIn, const std::wstring& knowledgebase, KBAction action) {
-    switch (action) {
-        case KBAction::added: return addIn.NotifyKbAdded(knowledgebase);
-        case KBAction::removed: return addIn.NotifyKbRemoved(knowledgebase);
-        case KBAction::renamed: {
+void ctlPPE::notifyAddIn(AddIn& addIn, const std::wstring& knowledgebase, KBEvent event) {
+    switch (event) {
+        case KBEvent::added: return addIn.NotifyKbAdded(knowledgebase);
+        case KBEvent::removed: return addIn.NotifyKbRemoved(knowledgebase);
+        case KBEvent::renamed: {
             const std::wstring oldName =
                 application_.readText(application_.ProfileKey, valueName::OldProjectname, L"");
             return addIn.NotifyKbRenamed(oldName, knowledgebase);
         }
-        case KBAction::rebuild: return addIn.NotifyKbRebuild(knowledgebase);
-        case KBAction::update: return addIn.NotifyKbUpdate(knowledgebase);
+        case KBEvent::rebuild: return addIn.NotifyKbRebuild(knowledgebase);
+        case KBEvent::update: return addIn.NotifyKbUpdate(knowledgebase);
         default: return;  // the event is recorded, nobody is told
     }
 }

@@ -12,17 +12,6 @@ namespace vexa {
 
 class frmKBConfiguration;
 
-/// Codes of the knowledgebase event.
-enum class KBAction : std::int32_t {
-    added = 0,
-    removed = 1,
-    edited = 2,
-    renamed = 3,
-    rebuild = 4,
-    update = 5,
-    wizard = 6
-};
-
 class ctlPPE : public ui::Form {
 public:
     /// `window` is made from the template IDD_ctlPPE. `application` and `site` outlive the page.
@@ -96,8 +85,8 @@ private:
     void cmdMsg_MouseMove(const ui::MouseEvent& event);
     void tmrChkSearching_Timer();
     void forwardEvent(bool flag, const std::wstring& knowledgebase, std::int32_t action);
-    void passOn(bool flag, const std::wstring& knowledgebase, KBAction action);
-    void notifyAddIn(AddIn& addIn, const std::wstring& knowledgebase, KBAction action);
+    void passOn(bool flag, const std::wstring& knowledgebase, KBEvent event);
+    void notifyAddIn(AddIn& addIn, const std::wstring& knowledgebase, KBEvent event);
     [[nodiscard]] std::intptr_t searchWindow();
 
     Application& application_;

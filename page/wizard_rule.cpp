@@ -2,12 +2,11 @@
 
 #include <optional>
 
+#include "common/guarded.h"
 #include "common/knowledgebase_names.h"
 
 namespace vexa {
 namespace {
-
-constexpr std::int32_t PROCESSING_ENDED = 3;
 
 /// An add-in that cannot be asked processes nothing.
 bool isProcessing(const Application& application) {
@@ -29,7 +28,7 @@ WizardAnswer askWizardRule(Application& application) {
     constexpr WizardAnswer no{};
     if (isProcessing(application)) return no;
     const std::wstring& key = application.ProfileKey;
-    if (application.readInteger(key, valueName::KBProcessState, PROCESSING_ENDED) != PROCESSING_ENDED)
+    if (application.readInteger(key, valueName::KBProcessState, processState::ended) != processState::ended)
         return no;
 
     const std::int32_t count = knowledgebaseCount(application);

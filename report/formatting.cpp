@@ -1,4 +1,5 @@
 // What the formatting toolbar and the font combos do to the selection, and how they follow it.
+#include "common/guarded.h"
 #include "report/frmSendBugReport.h"
 #include "report/toolbar_buttons.h"
 

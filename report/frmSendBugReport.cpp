@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/guarded.h"
 #include "report/flat_combo.h"
 #include "report/frmSendBugReport.ids.h"
 #include "report/toolbar_buttons.h"

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <optional>
 
-#include "common/application.h"
+#include "common/error.h"
+#include "common/guarded.h"
+#include "common/platform.h"
 
 namespace vexa {
 namespace {

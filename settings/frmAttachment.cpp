@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "common/guarded.h"
 #include "settings/extension_list.h"
 #include "settings/frmAttachment.ids.h"
 #include "ui/dialog_ids.h"

@@ -1,5 +1,6 @@
 #include "settings/frmDispMatches.h"
 
+#include "common/guarded.h"
 #include "settings/frmDispMatches.ids.h"
 #include "settings/setting_update.h"
 #include "ui/dialog_ids.h"

@@ -1,5 +1,6 @@
 #include "settings/frmSettings.h"
 
+#include "common/guarded.h"
 #include "common/knowledgebase_names.h"
 #include "settings/frmSettings.ids.h"
 #include "settings/setting_update.h"

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "common/guarded.h"
 #include "tests/stage/form_test.h"
 #include "tests/support/text.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "common/application.h"
+#include "common/guarded.h"
 #include "windows/com/boundary.h"
 #include "windows/com/keyboard.h"
 #include "windows/com/names.h"

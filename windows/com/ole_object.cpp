@@ -5,7 +5,7 @@
 #include <cwchar>
 
 #include "VexaPPE.h"
-#include "common/application.h"
+#include "common/guarded.h"
 #include "windows/com/boundary.h"
 #include "windows/com/names.h"
 

@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "common/guarded.h"
 #include "page/ctlPPE.ids.h"
 #include "windows/com/boundary.h"
 #include "windows/com/runtime.h"

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "common/CTimer.h"
+#include "common/guarded.h"
 #include "windows/com/boundary.h"
 #include "windows/com/host_window.h"
 #include "windows/com/page_host.h"
