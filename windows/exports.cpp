@@ -6,9 +6,9 @@
 #include "interfaces/com.h"
 #include "windows/com/boundary.h"
 #include "windows/com/class_factory.h"
-#include "windows/com/module.h"
 #include "windows/com/registration.h"
 #include "windows/com/runtime.h"
+#include "windows/platform/module_reference.h"
 
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
     if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(instance);
@@ -25,7 +25,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** out) {
 }
 
 STDAPI DllCanUnloadNow() {
-    using com::ModuleReference;
+    using win::ModuleReference;
     // Letting go of the add-in may run foreign code, which may make a page.
     return ModuleReference::none() && com::Runtime::shutDown() && ModuleReference::none() ? S_OK : S_FALSE;
 }

@@ -33,9 +33,9 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** ou
 
 STDMETHODIMP ClassFactory::LockServer(BOOL lock) noexcept {
     if (lock)
-        ModuleReference::add();
+        win::ModuleReference::add();
     else
-        ModuleReference::remove();
+        win::ModuleReference::remove();
     return S_OK;
 }
 

@@ -5,7 +5,7 @@
 
 #include <atomic>
 
-#include "windows/com/module.h"
+#include "windows/platform/module_reference.h"
 
 namespace com {
 
@@ -20,7 +20,7 @@ public:
 private:
     virtual ~ClassFactory() = default;
 
-    ModuleReference module_;
+    win::ModuleReference module_;
     std::atomic<ULONG> references_ = 1;
 };
 

@@ -7,7 +7,6 @@
 #include "windows/com/container.h"
 #include "windows/com/control_events.h"
 #include "windows/com/in_place.h"
-#include "windows/com/module.h"
 #include "windows/com/notifier.h"
 #include "windows/com/ole_object.h"
 #include "windows/com/page_contract.h"
@@ -15,6 +14,7 @@
 #include "windows/com/persistence.h"
 #include "windows/com/stored_properties.h"
 #include "windows/com/view.h"
+#include "windows/platform/module_reference.h"
 
 namespace com {
 
@@ -37,7 +37,7 @@ private:
     [[nodiscard]] IUnknown* find(REFIID iid) noexcept;
     void end() noexcept;
 
-    ModuleReference module_;
+    win::ModuleReference module_;
     LONG references_ = 1;
     Container container_;
     ConnectionPoints connectionPoints_{*this};

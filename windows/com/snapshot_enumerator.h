@@ -9,7 +9,7 @@
 
 #include "interfaces/com.h"
 #include "windows/com/boundary.h"
-#include "windows/com/module.h"
+#include "windows/platform/module_reference.h"
 
 namespace com {
 
@@ -83,7 +83,7 @@ private:
     }
     [[nodiscard]] ULONG left() const { return static_cast<ULONG>(items_.size()) - next_; }
 
-    ModuleReference module_;
+    win::ModuleReference module_;
     std::atomic<long> references_ = 1;
     std::vector<Item> items_;
     ULONG next_ = 0;

@@ -4,6 +4,7 @@
 #include <commdlg.h>
 
 #include <stdexcept>
+#include <utility>
 
 #include "windows/controls/screen.h"
 #include "windows/controls/window.h"
@@ -40,6 +41,37 @@ COLORREF* customColours() {
     return colours;
 }
 
+bool isDialogBox(HWND window) {
+    return GetClassLongPtrW(window, GCW_ATOM) == reinterpret_cast<ULONG_PTR>(WC_DIALOG);
+}
+
+/// Tells a modal loop which window its question is: the next dialog box that the thread makes. The host may
+/// have boxes of its own on the same owner, so looking for it later could find the wrong one.
+class NextDialogBox {
+public:
+    explicit NextDialogBox(Screen::Modal& question)
+        : outer_(std::exchange(awaiting, &question)),
+          hook_(SetWindowsHookExW(WH_CBT, heard, nullptr, GetCurrentThreadId())) {}
+    NextDialogBox(const NextDialogBox&) = delete;
+    NextDialogBox& operator=(const NextDialogBox&) = delete;
+    ~NextDialogBox() {
+        UnhookWindowsHookEx(hook_);
+        awaiting = outer_;
+    }
+
+private:
+    static LRESULT CALLBACK heard(int code, WPARAM wParam, LPARAM lParam) noexcept {
+        const auto window = reinterpret_cast<HWND>(wParam);
+        if (code == HCBT_CREATEWND && awaiting != nullptr && isDialogBox(window))
+            if (!std::exchange(awaiting, nullptr)->opens(window)) return 1;  // it is not made at all
+        return CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+    static inline Screen::Modal* awaiting = nullptr;
+
+    Screen::Modal* outer_;
+    HHOOK hook_;
+};
+
 /// Gives the chooser its title; everything else is left to it.
 UINT_PTR CALLBACK chooserHook(HWND chooser, UINT message, WPARAM, LPARAM lParam) noexcept {
     if (message == WM_INITDIALOG) {
@@ -56,10 +88,13 @@ ui::MessageAnswer Screen::showMessage(ui::Window* owner, const ui::Message& mess
     const bool yesNo = message.buttons == ui::MessageButtons::yesNo;
     if (closing_) return yesNo ? ui::MessageAnswer::no : ui::MessageAnswer::ok;
 
-    const Activation themed(context_);
     const HWND parent = questionOwner(owner);
-    const Modal running(*this, dynamic_cast<Window*>(owner), parent, yesNo ? IDNO : IDOK);
-    const int answer = MessageBoxW(parent, message.text.c_str(), message.title.c_str(), styleOf(message));
+    // Without an owner nothing else would keep the user from the host's windows.
+    const UINT modality = parent != nullptr ? MB_APPLMODAL : MB_TASKMODAL;
+    Modal running(*this, dynamic_cast<Window*>(owner), yesNo ? IDNO : IDOK);
+    const NextDialogBox box(running);
+    const int answer =
+        MessageBoxW(parent, message.text.c_str(), message.title.c_str(), styleOf(message) | modality);
     if (!yesNo) return ui::MessageAnswer::ok;
     return answer == IDYES ? ui::MessageAnswer::yes : ui::MessageAnswer::no;
 }
@@ -68,7 +103,6 @@ std::optional<ui::Colour> Screen::chooseColour(ui::Window& owner, ui::Colour ini
                                                const std::wstring& title) {
     if (closing_) return std::nullopt;
 
-    const Activation themed(context_);
     CHOOSECOLORW question{};
     question.lStructSize = sizeof question;
     question.hwndOwner = questionOwner(&owner);
@@ -77,8 +111,10 @@ std::optional<ui::Colour> Screen::chooseColour(ui::Window& owner, ui::Colour ini
     question.Flags = CC_RGBINIT | CC_FULLOPEN | CC_ANYCOLOR | CC_ENABLEHOOK;
     question.lCustData = reinterpret_cast<LPARAM>(&title);
     question.lpfnHook = chooserHook;
-    const Modal running(*this, dynamic_cast<Window*>(&owner), question.hwndOwner, IDCANCEL);
+    Modal running(*this, dynamic_cast<Window*>(&owner), IDCANCEL);
+    const NextDialogBox box(running);
     if (ChooseColorW(&question)) return static_cast<ui::Colour>(question.rgbResult);
+    if (closing_) return std::nullopt;  // the chooser may not even have come up
     if (const DWORD error = CommDlgExtendedError(); error != 0)
         throw std::runtime_error("the colour chooser failed: " + std::to_string(error));
     return std::nullopt;

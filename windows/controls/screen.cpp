@@ -31,21 +31,6 @@ int CALLBACK noteFont(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM na
     }
 }
 
-/// The open question of a thread that belongs to `owner`.
-struct QuestionSearch {
-    HWND owner;
-    const std::vector<Window*>& windows;
-    HWND found = nullptr;
-};
-
-BOOL CALLBACK lookForQuestion(HWND window, LPARAM parameter) noexcept {
-    auto& search = *reinterpret_cast<QuestionSearch*>(parameter);
-    const bool ours = std::ranges::find(search.windows, window, &Window::window) != search.windows.end();
-    if (ours || GetWindow(window, GW_OWNER) != search.owner || !IsWindowVisible(window)) return TRUE;
-    search.found = window;
-    return FALSE;
-}
-
 }  // namespace
 
 HWND handleOf(const ui::Window* window) {
@@ -96,8 +81,8 @@ std::vector<std::wstring> Screen::fonts() const {
 
 // --- Modal loops ------------------------------------------------------------------------------------------
 
-Screen::Modal::Modal(Screen& screen, Window* asker, HWND owner, WORD cancel)
-    : screen_(screen), window_(asker), owner_(owner), cancel_(cancel) {
+Screen::Modal::Modal(Screen& screen, Window* asker, WORD cancel)
+    : screen_(screen), window_(asker), cancel_(cancel) {
     screen_.modals_.push_back(this);
     if (screen_.modals_.size() == 1) screen_.tellModalState(true);
 }
@@ -117,11 +102,17 @@ void Screen::tellModalState(bool runs) noexcept {
     }
 }
 
-void Screen::Modal::cancel() const {
+bool Screen::Modal::opens(HWND question) {
+    if (!cancelled_) question_ = question;
+    return !cancelled_;
+}
+
+/// The one button of a box has the identifier of OK or of Cancel, depending on the system.
+void Screen::Modal::cancel() {
     if (cancel_ == 0) return;
-    QuestionSearch search{owner_, screen_.windows_};
-    EnumThreadWindows(GetCurrentThreadId(), lookForQuestion, reinterpret_cast<LPARAM>(&search));
-    if (search.found != nullptr) PostMessageW(search.found, WM_COMMAND, cancel_, 0);
+    cancelled_ = true;
+    const WORD command = GetDlgItem(question_, cancel_) != nullptr ? cancel_ : IDCANCEL;
+    if (question_ != nullptr) PostMessageW(question_, WM_COMMAND, command, 0);
 }
 
 void Screen::remove(Window& window) {
@@ -145,7 +136,7 @@ void Screen::closeOpen(Chosen chosen) {
 }
 
 void Screen::closeDialogsOf(const Window& window) {
-    for (const Modal* modal : modals_)
+    for (Modal* modal : modals_)
         if (modal->window_ && (modal->window_ == &window || modal->window_->descendsFrom(window)))
             modal->cancel();
     closeOpen([&](const Window& other) { return other.descendsFrom(window); });
@@ -153,7 +144,7 @@ void Screen::closeDialogsOf(const Window& window) {
 
 void Screen::closeAll() {
     closing_ = !modals_.empty();
-    for (const Modal* modal : modals_) modal->cancel();
+    for (Modal* modal : modals_) modal->cancel();
     closeOpen([](const Window& window) { return window.role() == Window::Role::dialog; });
 }
 

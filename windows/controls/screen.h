@@ -51,21 +51,25 @@ public:
     /// One modal loop that runs now, of a dialog or of a question that a window asks.
     class Modal {
     public:
-        Modal(Screen& screen, Window& dialog) : Modal(screen, &dialog, nullptr, 0) {}
-        /// `cancel` is the command that ends the question, whose window belongs to `owner`.
-        Modal(Screen& screen, Window* asker, HWND owner, WORD cancel);
+        Modal(Screen& screen, Window& dialog) : Modal(screen, &dialog, 0) {}
+        /// `cancel` is the command that ends the question.
+        Modal(Screen& screen, Window* asker, WORD cancel);
         Modal(const Modal&) = delete;
         Modal& operator=(const Modal&) = delete;
         ~Modal();
 
+        /// The question's window is being made; false where it has been cancelled by then.
+        [[nodiscard]] bool opens(HWND question);
+
     private:
         friend class Screen;
-        void cancel() const;
+        void cancel();
 
         Screen& screen_;
         Window* window_;
-        HWND owner_;
         WORD cancel_;
+        HWND question_ = nullptr;
+        bool cancelled_ = false;
     };
 
     /// The library of the rich-text editor, which stays loaded as long as the screen lives. Throws

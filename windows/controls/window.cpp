@@ -37,7 +37,8 @@ public:
         // First the owner, then the window: else the system activates another program's window.
         if (enableAgain_) EnableWindow(owner_, TRUE);
         ShowWindow(window_, SW_HIDE);
-        if (IsWindowVisible(focus_) && IsWindowEnabled(focus_)) SetFocus(focus_);
+        const bool takesKeys = IsWindowEnabled(focus_) && IsWindowEnabled(GetAncestor(focus_, GA_ROOT));
+        if (IsWindowVisible(focus_) && takesKeys) SetFocus(focus_);
     }
 
 private:
@@ -75,6 +76,7 @@ Window::Window(Screen& screen, Role role, int templateIdentifier, HWND parent, W
     // A page lies on a tab and shows the tab's own background.
     if (role_ == Role::page) EnableThemeDialogTexture(handle_, ETDT_ENABLETAB);
     screen_.add(*this);
+    noteDialog(handle_);
 }
 
 Window::~Window() {
@@ -86,7 +88,9 @@ Window::~Window() {
     if (handle_ != nullptr) SetWindowLongPtrW(handle_, DWLP_USER, 0);
     controls_.clear();
     tooltips_.reset();
-    if (handle_ != nullptr) DestroyWindow(handle_);
+    if (handle_ == nullptr) return;
+    forgetDialog(handle_);
+    DestroyWindow(handle_);
 }
 
 INT_PTR CALLBACK Window::procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -203,6 +207,7 @@ void Window::scripted() {
 void Window::vanished() {
     // The container or the system has destroyed the window; a modal loop that runs for it must end.
     close();
+    forgetDialog(handle_);
     handle_ = nullptr;
     PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
 }
@@ -246,8 +251,11 @@ ui::Size Window::innerSize() const {
 
 void Window::runModal(ui::Form& form, const std::function<void()>& load) {
     if (!isOpen() || screen_.isClosing()) return;
-    const Screen::Modal running(screen_, *this);
+    // The container enables its windows again before the dialog hides, or the system would find none of them
+    // to activate; so its modal state ends first and begins last.
     const DisabledOwner owner(handle_);
+    const Screen::Modal running(screen_, *this);
+    if (!isOpen()) return;
     load();
     if (!isOpen()) return;
     form_ = &form;

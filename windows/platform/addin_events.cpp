@@ -69,7 +69,12 @@ public:
                vexa::AddIn::ProcessFinished handler)
         : point_(std::move(point)),
           sink_(com::Ptr<AddInSink>::attach(new AddInSink(event, std::move(handler)))) {
-        callAddIn([&] { return point_->Advise(sink_.get(), &cookie_); });
+        try {
+            callAddIn([&] { return point_->Advise(sink_.get(), &cookie_); });
+        } catch (...) {
+            sink_->disconnect();  // the add-in may keep what it has refused
+            throw;
+        }
     }
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;

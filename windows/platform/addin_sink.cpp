@@ -1,5 +1,7 @@
 #include "windows/platform/addin_sink.h"
 
+#include <utility>
+
 namespace win {
 namespace {
 
@@ -33,6 +35,12 @@ struct EventArguments {
 
 AddInSink::AddInSink(const ProcessFinishedEvent& event, vexa::AddIn::ProcessFinished handler)
     : event_(event), handler_(std::make_shared<const vexa::AddIn::ProcessFinished>(std::move(handler))) {}
+
+void AddInSink::disconnect() noexcept {
+    connected_ = false;
+    calls_.close();
+    handler_.reset();
+}
 
 HRESULT AddInSink::QueryInterface(REFIID iid, void** object) noexcept {
     if (object == nullptr) return E_POINTER;
@@ -69,20 +77,38 @@ HRESULT AddInSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcep
 HRESULT AddInSink::Invoke(DISPID member, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters, VARIANT*,
                           EXCEPINFO*, UINT* wrongArgument) noexcept {
     if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-    // Held here, because the handler may end the connection.
-    const auto handler = handler_;
-    if (!handler || member != event_.member || (flags & DISPATCH_METHOD) == 0) return DISP_E_MEMBERNOTFOUND;
+    if (!connected_ || member != event_.member || (flags & DISPATCH_METHOD) == 0)
+        return DISP_E_MEMBERNOTFOUND;
     if (parameters == nullptr || parameters->cArgs != ARGUMENTS) return DISP_E_BADPARAMCOUNT;
     if (!wellFormed(*parameters)) return DISP_E_TYPEMISMATCH;
     try {
         EventArguments arguments;
         const HRESULT result = arguments.read(*parameters, wrongArgument);
         if (FAILED(result)) return result;
-        (*handler)(com::toText(arguments.project.bstrVal), arguments.keepList.boolVal != VARIANT_FALSE);
-        return S_OK;
+        return accept({com::toText(arguments.project.bstrVal), arguments.keepList.boolVal != VARIANT_FALSE});
     } catch (...) {
         return E_FAIL;
     }
+}
+
+HRESULT AddInSink::accept(Event event) {
+    // Whatever a handler does, the sink stays until it has returned.
+    const com::Ptr<IDispatch> self(this);
+    if (!calls_.onOwnThread())
+        return calls_.post([this, self, event = std::move(event)] { static_cast<void>(handle(event)); })
+                   ? S_OK
+                   : DISP_E_MEMBERNOTFOUND;
+    // What other threads have raised before comes first.
+    calls_.runWaiting();
+    return handle(event) ? S_OK : DISP_E_MEMBERNOTFOUND;
+}
+
+/// False after the end of the connection.
+bool AddInSink::handle(const Event& event) {
+    // Held here, because the handler may end the connection.
+    const auto handler = handler_;
+    if (handler) (*handler)(event.project, event.keepList);
+    return handler != nullptr;
 }
 
 }  // namespace win

@@ -3,9 +3,12 @@
 
 #include <atomic>
 #include <memory>
+#include <string>
 
 #include "common/platform.h"
 #include "interfaces/com.h"
+#include "windows/platform/module_reference.h"
+#include "windows/platform/thread_calls.h"
 
 namespace win {
 
@@ -15,16 +18,22 @@ struct ProcessFinishedEvent {
     DISPID member = 1;
 };
 
-/// Lives on its own, as long as the add-in holds it; events after `disconnect` do nothing. Arguments come by
-/// value or by reference and are converted; what does not convert is refused.
+/// Lives on its own, as long as anybody holds it, and keeps the library loaded so long; events after
+/// `disconnect` do nothing. Arguments come by value or by reference and are converted; what does not convert
+/// is refused.
+///
+/// The handler runs on the thread that made the sink, always. An event that is raised there is handled before
+/// Invoke returns. One that is raised on another thread is taken with its arguments, and handled when the
+/// sink's thread dispatches messages: whoever raises it never waits for the page. Events keep their order.
 class AddInSink : public IDispatch {
 public:
+    /// Throws vexa::Error.
     AddInSink(const ProcessFinishedEvent& event, vexa::AddIn::ProcessFinished handler);
     AddInSink(const AddInSink&) = delete;
     AddInSink& operator=(const AddInSink&) = delete;
 
-    /// The handler is not called any more. Safe inside the handler.
-    void disconnect() noexcept { handler_.reset(); }
+    /// On the sink's own thread: the handler is not called any more. Safe inside the handler.
+    void disconnect() noexcept;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override;
     ULONG STDMETHODCALLTYPE AddRef() noexcept override;
@@ -40,8 +49,19 @@ public:
 private:
     virtual ~AddInSink() = default;
 
+    struct Event {
+        std::wstring project;
+        bool keepList;
+    };
+    HRESULT accept(Event event);
+    [[nodiscard]] bool handle(const Event& event);
+
+    ModuleReference module_;
     std::atomic<ULONG> references_{1};
     ProcessFinishedEvent event_;
+    ThreadCalls calls_;
+    std::atomic<bool> connected_{true};
+    /// Used on the sink's own thread alone.
     std::shared_ptr<const vexa::AddIn::ProcessFinished> handler_;
 };
 

@@ -1,24 +1,30 @@
 #include "windows/platform/messages.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace win {
 namespace {
 
-bool isDialog(HWND window) {
-    static const auto DIALOG_CLASS = reinterpret_cast<ULONG_PTR>(WC_DIALOG);
-    return GetClassLongPtrW(window, GCW_ATOM) == DIALOG_CLASS;
+std::vector<HWND>& dialogs() {
+    static std::vector<HWND> all;
+    return all;
 }
 
-HWND outermostDialog(HWND window) {
-    HWND dialog = nullptr;
-    for (; window != nullptr; window = GetAncestor(window, GA_PARENT))
-        if (isDialog(window)) dialog = window;
-    return dialog;
+HWND dialogAround(HWND window) {
+    const auto isDialog = [](HWND each) { return std::ranges::find(dialogs(), each) != dialogs().end(); };
+    while (window != nullptr && !isDialog(window)) window = GetAncestor(window, GA_PARENT);
+    return window;
 }
 
 }  // namespace
 
+void noteDialog(HWND window) { dialogs().push_back(window); }
+
+void forgetDialog(HWND window) noexcept { std::erase(dialogs(), window); }
+
 void dispatchToDialogs(MSG& message) {
-    const HWND dialog = outermostDialog(message.hwnd);
+    const HWND dialog = dialogAround(message.hwnd);
     if (dialog != nullptr && IsDialogMessageW(dialog, &message)) return;
     TranslateMessage(&message);
     DispatchMessageW(&message);

@@ -132,7 +132,7 @@ protected:
     }
     ~Shortage() override {
         end();
-        EXPECT_TRUE(com::ModuleReference::none());
+        EXPECT_TRUE(win::ModuleReference::none());
         EXPECT_TRUE(com::Runtime::shutDown());
     }
 };
@@ -220,7 +220,7 @@ TEST_F(Robustness, AControlThatCannotBeMadeLeavesNothing) {
         EXPECT_EQ(out, nullptr);
     }
     factory->Release();
-    EXPECT_TRUE(com::ModuleReference::none());
+    EXPECT_TRUE(win::ModuleReference::none());
     EXPECT_TRUE(com::Runtime::shutDown());
 }
 

@@ -14,7 +14,8 @@ std::wstring textOf(HWND window) {
     return text;
 }
 
-/// Runs once, inside the loop of the next question that opens above `owner`.
+/// Runs once, inside the loop of the next question that opens above `owner`; without one, when a dialog box
+/// is active.
 class WhenAsked {
 public:
     WhenAsked(HWND owner, std::function<void(HWND question)> action) {
@@ -32,7 +33,7 @@ public:
 
 private:
     static void CALLBACK look(HWND, UINT, UINT_PTR, DWORD) noexcept {
-        const HWND question = GetLastActivePopup(owner_);
+        const HWND question = owner_ != nullptr ? GetLastActivePopup(owner_) : GetActiveWindow();
         if (!action_ || question == owner_ || !IsWindowVisible(question)) return;
         std::exchange(action_, nullptr)(question);
     }
@@ -73,6 +74,101 @@ TEST_F(ControlsTest, AMessageBoxIsAnsweredByNoWhenTheHostClosesThePage) {
     const ui::Message question{L"Sure?", L"Test", ui::MessageIcon::question, ui::MessageButtons::yesNo};
     EXPECT_EQ(screen.showMessage(page.get(), question), ui::MessageAnswer::no);
     EXPECT_FALSE(screen.isClosing());
+}
+
+TEST_F(ControlsTest, AMessageBoxOfOneButtonIsAnsweredWhenTheHostClosesThePage) {
+    const WhenAsked asked(host.window(), [&](HWND) { screen.closeAll(); });
+    EXPECT_EQ(screen.showMessage(page.get(), {L"Done.", L"Test"}), ui::MessageAnswer::ok);
+    EXPECT_FALSE(screen.isClosing());
+}
+
+TEST_F(ControlsTest, EnterAnswersWhatTheQuestionSays) {
+    for (const ui::MessageAnswer expected : {ui::MessageAnswer::yes, ui::MessageAnswer::no}) {
+        const WhenAsked asked(host.window(), [&](HWND box) {
+            EXPECT_EQ(GetFocus(), GetDlgItem(box, expected == ui::MessageAnswer::yes ? IDYES : IDNO));
+            PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 0);
+        });
+        const ui::Message question{L"Sure?", L"Test", ui::MessageIcon::question, ui::MessageButtons::yesNo,
+                                   expected};
+        EXPECT_EQ(screen.showMessage(page.get(), question), expected);
+    }
+}
+
+/// Notes the commands that it gets.
+class HostsBox {
+public:
+    /// A visible dialog box of the host, with one button.
+    HostsBox(HWND owner, int button)
+        : handle_(CreateWindowExW(0, WC_DIALOG, L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, owner, nullptr,
+                                  nullptr, nullptr)) {
+        SetWindowLongPtrW(handle_, DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(procedure));
+        CreateWindowExW(0, L"Button", L"", WS_CHILD, 0, 0, 9, 9, handle_,
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(button)), nullptr, nullptr);
+        commands.clear();
+    }
+    HostsBox(const HostsBox&) = delete;
+    HostsBox& operator=(const HostsBox&) = delete;
+    ~HostsBox() { DestroyWindow(handle_); }
+
+    [[nodiscard]] HWND window() const { return handle_; }
+    static inline std::vector<WORD> commands;
+
+private:
+    static INT_PTR CALLBACK procedure(HWND, UINT message, WPARAM wParam, LPARAM) noexcept {
+        if (message == WM_COMMAND) commands.push_back(LOWORD(wParam));
+        return FALSE;
+    }
+    HWND handle_;
+};
+
+TEST_F(ControlsTest, ClosingThePageLeavesBoxesOfTheHostAlone) {
+    const HostsBox before(host.window(), IDNO);
+    std::unique_ptr<HostsBox> meanwhile;
+    const WhenAsked asked(host.window(), [&](HWND) {
+        meanwhile = std::make_unique<HostsBox>(host.window(), IDNO);
+        screen.closeAll();
+    });
+    const ui::Message question{L"Sure?", L"Test", ui::MessageIcon::question, ui::MessageButtons::yesNo};
+    EXPECT_EQ(screen.showMessage(page.get(), question), ui::MessageAnswer::no);
+    deliverMessages();
+    EXPECT_TRUE(HostsBox::commands.empty());
+}
+
+// Systems differ in what they call the one button of a box.
+TEST_F(ControlsTest, ABoxOfOneButtonIsEndedByTheIdentifierThatItsButtonHas) {
+    for (const WORD button : {IDOK, IDCANCEL}) {
+        const HostsBox box(nullptr, button);
+        win::Screen::Modal question(screen, nullptr, IDOK);
+        EXPECT_TRUE(question.opens(box.window()));
+        screen.closeAll();
+        deliverMessages();
+        EXPECT_THAT(HostsBox::commands, ElementsAre(button));
+    }
+}
+
+TEST_F(ControlsTest, AQuestionThatIsCancelledBeforeItsWindowIsThereNeverOpens) {
+    win::Screen::Modal question(screen, nullptr, IDNO);
+    screen.closeAll();
+    EXPECT_FALSE(question.opens(host.window()));
+}
+
+// In the background the host has no active window that could own the question.
+TEST_F(ControlsTest, AMessageWithoutAnOwnerKeepsTheUserFromAllWindowsOfTheTask) {
+    ShowWindow(host.window(), SW_HIDE);
+    const HWND other = CreateWindowExW(0, L"Static", L"", WS_OVERLAPPEDWINDOW, 0, 0, 50, 50, nullptr, nullptr,
+                                       nullptr, nullptr);
+    ShowWindow(other, SW_SHOWNA);
+    SetForegroundWindow(GetDesktopWindow());
+    ASSERT_EQ(GetActiveWindow(), nullptr);
+    bool enabled = true;
+    const WhenAsked asked(nullptr, [&](HWND box) {
+        enabled = IsWindowEnabled(other);
+        answer(box, IDOK);
+    });
+    screen.showMessage(page.get(), {L"Done.", L"Alone"});
+    EXPECT_FALSE(enabled);
+    EXPECT_TRUE(IsWindowEnabled(other));
+    DestroyWindow(other);
 }
 
 class ChooserTest : public ControlsTest {

@@ -5,8 +5,11 @@
 
 #include <olectl.h>
 
+#include <thread>
+
 #include "common/error.h"
 #include "tests/windows/platform/addin_stand_in.h"
+#include "tests/windows/stage/messages.h"
 #include "windows/platform/addin.h"
 #include "windows/platform/addin_sink.h"
 
@@ -201,6 +204,119 @@ TEST_F(AddInEventsTest, SeveralConnectionsHearTheSameEvent) {
     const auto second = connect();
     object.raiseProcessFinished(L"Mail", false);
     EXPECT_EQ(received.size(), 2u);
+}
+
+TEST_F(AddInEventsTest, AnAddInThatRefusesTheConnectionButKeepsTheSinkIsNotHeard) {
+    object.offer.keepsWhatItRefuses = true;
+    object.offer.advise = CONNECT_E_ADVISELIMIT;
+    EXPECT_THROW((void)connect(), vexa::Error);
+    object.raiseProcessFinished(L"Mail", false);
+    EXPECT_TRUE(received.empty());
+}
+
+// --- Other threads ----------------------------------------------------------------------------------------
+
+/// Runs on another thread while this one waits without dispatching anything, as a busy page does.
+template <class Action>
+void onAnotherThread(Action action) {
+    std::thread(action).join();
+}
+
+TEST_F(AddInEventsTest, AnEventOfAnotherThreadIsHandledOnThePagesThread) {
+    DWORD handledOn = 0;
+    const auto connection = addIn.connect([&](const std::wstring& project, bool keepList) {
+        handledOn = GetCurrentThreadId();
+        received.emplace_back(project, keepList);
+    });
+    HRESULT raised = E_FAIL;
+    onAnotherThread([&] { raised = object.raiseProcessFinished(L"Mail", true); });
+    EXPECT_EQ(raised, S_OK);
+    EXPECT_TRUE(received.empty()) << "handled before the page's thread dispatches messages";
+    deliverMessages();
+    EXPECT_THAT(received, ElementsAre(Pair(L"Mail", true)));
+    EXPECT_EQ(handledOn, GetCurrentThreadId());
+}
+
+TEST_F(AddInEventsTest, EventsKeepTheirOrderWhateverTheirThread) {
+    const auto connection = connect();
+    onAnotherThread([&] {
+        object.raiseProcessFinished(L"1", false);
+        object.raiseProcessFinished(L"2", true);
+    });
+    object.raiseProcessFinished(L"3", false);
+    onAnotherThread([&] { object.raiseProcessFinished(L"4", false); });
+    deliverMessages();
+    EXPECT_THAT(received,
+                ElementsAre(Pair(L"1", false), Pair(L"2", true), Pair(L"3", false), Pair(L"4", false)));
+}
+
+TEST_F(AddInEventsTest, ArgumentsThatDoNotConvertAreRefusedOnAnyThread) {
+    const auto connection = connect();
+    HRESULT raised = S_OK;
+    onAnotherThread([&] { raised = object.raise(1, {integer(1)}); });
+    EXPECT_EQ(raised, DISP_E_BADPARAMCOUNT);
+    deliverMessages();
+    EXPECT_TRUE(received.empty());
+}
+
+TEST_F(AddInEventsTest, AnEventOfAnotherThreadThatWaitsAtTheEndIsDropped) {
+    auto connection = connect();
+    const com::Ptr<IDispatch> sink(&object.sink());
+    onAnotherThread([&] { object.raiseProcessFinished(L"Mail", false); });
+    connection.reset();
+    deliverMessages();
+    EXPECT_TRUE(received.empty());
+    HRESULT raised = S_OK;
+    onAnotherThread([&] {
+        DISPPARAMS none{};
+        raised = sink->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
+    });
+    EXPECT_EQ(raised, DISP_E_MEMBERNOTFOUND);
+}
+
+TEST_F(AddInEventsTest, AHandlerThatEndsTheConnectionHearsNothingOfWhatWaits) {
+    std::unique_ptr<vexa::EventConnection> connection;
+    connection = addIn.connect([&](const std::wstring& project, bool keepList) {
+        connection.reset();
+        received.emplace_back(project, keepList);
+    });
+    onAnotherThread([&] {
+        object.raiseProcessFinished(L"1", false);
+        object.raiseProcessFinished(L"2", false);
+    });
+    deliverMessages();
+    EXPECT_THAT(received, ElementsAre(Pair(L"1", false)));
+}
+
+TEST_F(AddInEventsTest, AnErrorInTheHandlerOfACarriedEventGoesNowhere) {
+    const auto connection =
+        addIn.connect([](const std::wstring&, bool) { throw vexa::Error(L"inside the handler"); });
+    onAnotherThread([&] { object.raiseProcessFinished(L"Mail", false); });
+    deliverMessages();
+}
+
+TEST(AddInSinkTest, AnEventForAThreadThatHasEndedIsRefused) {
+    com::Ptr<win::AddInSink> sink;
+    onAnotherThread([&] {
+        sink = com::Ptr<win::AddInSink>::attach(new win::AddInSink(
+            {__uuidof(_IOlAddInEvents), 1}, [](const std::wstring&, bool) { FAIL() << "on a dead thread"; }));
+    });
+    VARIANTARG arguments[] = {integer(1), integer(2)};
+    DISPPARAMS parameters{arguments, nullptr, 2, 0};
+    EXPECT_TRUE(
+        FAILED(sink->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr)));
+}
+
+TEST_F(AddInEventsTest, ManyThreadsAtOnceLoseNothing) {
+    const auto connection = connect();
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 4; ++thread)
+        threads.emplace_back([&] {
+            for (int event = 0; event < 100; ++event) object.raiseProcessFinished(L"Mail", false);
+        });
+    for (std::thread& thread : threads) thread.join();
+    deliverMessages();
+    EXPECT_EQ(received.size(), 400u);
 }
 
 // --- The sink by itself -----------------------------------------------------------------------------------

@@ -181,13 +181,13 @@ HRESULT AddInStandIn::GetConnectionPointContainer(IConnectionPointContainer** co
 }
 
 HRESULT AddInStandIn::Advise(IUnknown* sink, DWORD* cookie) {
-    if (FAILED(offer.advise)) return offer.advise;
+    if (FAILED(offer.advise) && !offer.keepsWhatItRefuses) return offer.advise;
     com::Ptr<IDispatch> events;
     // As add-ins do: they ask for their own source interface.
     if (FAILED(sink->QueryInterface(source(), events.outVoid()))) return CONNECT_E_CANNOTCONNECT;
     *cookie = nextCookie_++;
     sinks_.emplace(*cookie, std::move(events));
-    return S_OK;
+    return offer.advise;
 }
 
 HRESULT AddInStandIn::Unadvise(DWORD cookie) {

@@ -19,6 +19,7 @@ struct EventOffer {
     bool typeInformation = true;   ///< a type library that names the event
     bool renumbered = false;       ///< the event has the number 7
     HRESULT advise = S_OK;
+    bool keepsWhatItRefuses = false;  ///< a refused sink stays connected
 };
 
 class AddInStandIn final : public com::AddInBase,

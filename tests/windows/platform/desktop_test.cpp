@@ -73,6 +73,27 @@ TEST_F(DesktopTest, PendingKeysWorkAsInADialog) {
     EXPECT_TRUE(page->control<ui::TextBox>(IDC_testPageText).hasFocus());
 }
 
+/// Notes the commands that keys make of the host's own dialog.
+std::vector<WORD> hostCommands;
+INT_PTR CALLBACK noteCommands(HWND, UINT message, WPARAM wParam, LPARAM) noexcept {
+    const WORD command = LOWORD(wParam);
+    if (message == WM_COMMAND && (command == IDOK || command == IDCANCEL)) hostCommands.push_back(command);
+    return FALSE;
+}
+
+// The host has keys of its own and its own way to handle them.
+TEST_F(DesktopTest, KeysOfTheHostsOwnDialogReachItAsTheyAre) {
+    hostCommands.clear();
+    SetWindowLongPtrW(host.window(), DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(noteCommands));
+    const HWND edit = CreateWindowExW(0, L"Edit", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 50, 20,
+                                      host.window(), nullptr, nullptr, nullptr);
+    SetFocus(edit);
+    for (const WPARAM key : {VK_ESCAPE, VK_RETURN, VK_TAB}) PostMessageW(edit, WM_KEYDOWN, key, 1);
+    desktop.doEvents();
+    EXPECT_TRUE(hostCommands.empty());
+    EXPECT_EQ(GetFocus(), edit);
+}
+
 TEST_F(DesktopTest, TheEndOfTheThreadIsLeftToTheHost) {
     PostQuitMessage(3);
     desktop.doEvents();

@@ -1,7 +1,7 @@
 // The count of everything that keeps the library loaded.
 #pragma once
 
-namespace com {
+namespace win {
 
 /// Keeps the library loaded while it lives. Every object that the library hands out has one.
 class ModuleReference {
@@ -16,4 +16,4 @@ public:
     [[nodiscard]] static bool none() noexcept;
 };
 
-}  // namespace com
+}  // namespace win

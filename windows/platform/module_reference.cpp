@@ -1,8 +1,8 @@
-#include "windows/com/module.h"
+#include "windows/platform/module_reference.h"
 
 #include <atomic>
 
-namespace com {
+namespace win {
 namespace {
 
 std::atomic<long> references = 0;
@@ -13,4 +13,4 @@ void ModuleReference::add() noexcept { ++references; }
 void ModuleReference::remove() noexcept { --references; }
 bool ModuleReference::none() noexcept { return references == 0; }
 
-}  // namespace com
+}  // namespace win
