@@ -30,6 +30,8 @@ STDMETHODIMP ConnectionPoint::GetConnectionPointContainer(IConnectionPointContai
 }
 
 STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
+    // The sink may let go of the control.
+    const Ptr<IUnknown> self(&whole_);
     return atBoundary([&] {
         required(cookie) = 0;
         Ptr<IUnknown> wanted;
@@ -42,6 +44,7 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
 }
 
 STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) noexcept {
+    const Ptr<IUnknown> self(&whole_);
     const auto found = std::ranges::find(connections_, cookie, &Connection::cookie);
     if (found == connections_.end()) return CONNECT_E_NOCONNECTION;
     // Released when the list is whole again: the sink's end may come back here.

@@ -67,10 +67,6 @@ bool Container::isDead() const {
     return ambient(DISPID_AMBIENT_UIDEAD, VT_BOOL, dead) && dead.boolVal != VARIANT_FALSE;
 }
 
-void Container::tellFocus(bool focused) const {
-    if (const auto site = site_.as<IOleControlSite>()) site->OnFocus(focused);
-}
-
 bool Container::offerKey(MSG& message) const {
     const auto site = site_.as<IOleControlSite>();
     return site && site->TranslateAccelerator(&message, keyModifiers()) == S_OK;

@@ -30,7 +30,6 @@ public:
     /// The container wants no input to its controls.
     [[nodiscard]] bool isDead() const;
 
-    void tellFocus(bool focused) const;
     /// True where the container has used the key.
     [[nodiscard]] bool offerKey(MSG& message) const;
 

@@ -32,7 +32,7 @@ public:
         return S_OK;
     }
     STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** out) noexcept override {
-        return atBoundary([&] {
+        return this->atBoundary([&] {
             required(out) = nullptr;
             if (index != 0) return DISP_E_BADINDEX;
             *out = description().detach();
@@ -40,7 +40,7 @@ public:
         });
     }
     STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept override {
-        return atBoundary([&] {
+        return this->atBoundary([&] {
             if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
             required(names);
             required(ids);
@@ -49,7 +49,7 @@ public:
     }
     STDMETHODIMP Invoke(DISPID member, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO* error, UINT* badArgument) noexcept override {
-        return atBoundary([&] {
+        return this->atBoundary([&] {
             if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
             auto arguments = fittingArguments(*description().get(), member, flags, required(parameters));
             DISPPARAMS fitting = *parameters;
@@ -70,9 +70,9 @@ public:
 protected:
     /// Runs a method's body; its failure leaves error information.
     template <class Body>
-    static HRESULT automation(Body body) noexcept {
+    HRESULT automation(Body body) const noexcept {
         SetErrorInfo(0, nullptr);
-        const HRESULT code = atBoundary(body);
+        const HRESULT code = this->atBoundary(body);
         if (FAILED(code)) leaveErrorInfo(__uuidof(Interface), code);
         return code;
     }

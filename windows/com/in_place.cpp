@@ -1,8 +1,9 @@
 #include "windows/com/in_place.h"
 
 #include <algorithm>
+#include <utility>
 
-#include "common/guarded.h"
+#include "common/raised.h"
 #include "windows/com/boundary.h"
 #include "windows/com/keyboard.h"
 #include "windows/com/names.h"
@@ -31,7 +32,38 @@ HRESULT tellActivated(const Ptr<IOleInPlaceSite>& site) {
     return newer->OnInPlaceActivateEx(&needsNoRedraw, 0);
 }
 
+enum class Ui { inactive, active, leaving };
+
 }  // namespace
+
+/// One stay in a container's window, from the question whether the control may come to the word that it has
+/// gone. What the container is told in it comes in pairs.
+struct InPlace::Stay {
+    explicit Stay(Ptr<IOleInPlaceSite> container)
+        : site(std::move(container)), focusSite(site.as<IOleControlSite>()) {}
+
+    void enableModeless(bool enable) noexcept {
+        if (enable == !modelessDisabled || !frame) return;
+        modelessDisabled = !enable;
+        frame->EnableModeless(enable);
+    }
+
+    void tellFocus(bool focused) noexcept {
+        if (focused == focusTold) return;
+        focusTold = focused;
+        if (focusSite) focusSite->OnFocus(focused);
+    }
+
+    const Ptr<IOleInPlaceSite> site;
+    const Ptr<IOleControlSite> focusSite;
+    Ptr<IOleInPlaceFrame> frame;
+    Ptr<IOleInPlaceUIWindow> document;
+    std::unique_ptr<HostWindow> window;
+    bool announced = false;
+    Ui ui = Ui::inactive;
+    bool focusTold = false;
+    bool modelessDisabled = false;
+};
 
 InPlace::InPlace(IUnknown& whole, Container& container, PageHost& page)
     : Part(whole), container_(container), page_(page) {
@@ -41,81 +73,119 @@ InPlace::InPlace(IUnknown& whole, Container& container, PageHost& page)
 
 STDMETHODIMP InPlace::GetWindow(HWND* window) noexcept {
     if (window == nullptr) return E_POINTER;
-    *window = frame_ ? frame_->handle() : nullptr;
+    *window = isActive() ? stay_->window->handle() : nullptr;
     return *window != nullptr ? S_OK : E_FAIL;
 }
 
+bool InPlace::isActive() const { return stay_ && stay_->window && stay_->window->handle() != nullptr; }
+
+bool InPlace::isShown() const {
+    return isActive() && (GetWindowLongW(stay_->window->handle(), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+bool InPlace::isUiActive() const { return isActive() && stay_->ui == Ui::active; }
+
 // --- Activation -------------------------------------------------------------------------------------------
 
-void InPlace::activate(HWND parent, const RECT* place_) {
+void InPlace::activate(HWND parent, const RECT* place) {
     if (isActive()) {
-        ShowWindow(frame_->handle(), SW_SHOWNA);
+        ShowWindow(stay_->window->handle(), SW_SHOWNA);
         return;
     }
-    site_ = container_.site().as<IOleInPlaceSite>();
-    if (!site_) throw Failure(E_FAIL);
-    bool told = false;
+    const auto stay = beginStay();
     try {
-        unlessRefused(site_->CanInPlaceActivate());
-        unlessRefused(tellActivated(site_));
-        told = true;
-        RECT position = place_ ? *place_ : RECT{0, 0, page_.naturalSize().cx, page_.naturalSize().cy};
-        RECT clip = position;
-        frame_ = std::make_unique<HostWindow>(requestPlace(parent, position, clip));
-        frame_->onLost = [this] { frameLost(); };
-        place(position, clip);
-        followUiDead();
-        ShowWindow(frame_->handle(), SW_SHOWNA);
+        enter(*stay, parent, place);
     } catch (...) {
-        frame_.reset();
-        const auto site = site_;
-        forgetContainerWindows();
-        if (told) site->OnInPlaceDeactivate();
+        if (stay_ == stay) leave();
         throw;
     }
 }
 
-/// The container's window; asks for the page's place in it, too. Throws Failure where there is no window.
-HWND InPlace::requestPlace(HWND parent, RECT& position, RECT& clip) {
+/// Throws Failure where the container asks inside an activation that is under way, or is being taken back.
+std::shared_ptr<InPlace::Stay> InPlace::beginStay() {
+    auto site = container_.site().as<IOleInPlaceSite>();
+    if (!site) throw Failure(E_FAIL);
+    if (stay_ || leaving_) throw Failure(E_UNEXPECTED);
+    return stay_ = std::make_shared<Stay>(std::move(site));
+}
+
+void InPlace::enter(Stay& stay, HWND parent, const RECT* place) {
+    unlessRefused(stay.site->CanInPlaceActivate());
+    goOnWith(stay);
+    stay.announced = true;
+    const HRESULT answer = tellActivated(stay.site);
+    goOnWith(stay);
+    stay.announced = false;
+    unlessRefused(answer);
+    stay.announced = true;
+    const HWND container = askForWindow(stay, parent);
+    const Place wanted = askForPlace(stay, place);
+    auto window = std::make_unique<HostWindow>(container);
+    goOnWith(stay);
+    if (window->handle() == nullptr) throw Failure(E_FAIL);  // gone with the container's window
+    stay.window = std::move(window);
+    stay.window->onLost = [this] { frameLost(); };
+    moveTo(stay, wanted);
+    goOnWith(stay);
+    followUiDead();
+    goOnWith(stay);
+    ShowWindow(stay.window->handle(), SW_SHOWNA);
+    goOnWith(stay);
+}
+
+/// Throws Failure where there is no window.
+HWND InPlace::askForWindow(Stay& stay, HWND parent) const {
     HWND told = nullptr;
-    if (SUCCEEDED(site_->GetWindow(&told)) && told != nullptr) parent = told;
-    OLEINPLACEFRAMEINFO information{};
-    information.cb = sizeof information;
-    RECT toldPosition{};
-    RECT toldClip{};
-    if (SUCCEEDED(site_->GetWindowContext(frameSite_.out(), documentSite_.out(), &toldPosition, &toldClip,
-                                          &information))) {
-        position = toldPosition;
-        clip = toldClip;
-    }
+    if (SUCCEEDED(stay.site->GetWindow(&told)) && told != nullptr) parent = told;
+    goOnWith(stay);
     if (parent == nullptr) throw Failure(E_FAIL);
     return parent;
 }
 
-/// The frame takes the visible part of `position`; the page keeps its whole size inside.
-void InPlace::place(const RECT& position, const RECT& clip) {
-    const RECT whole = proper(position);
+InPlace::Place InPlace::askForPlace(Stay& stay, const RECT* place) const {
+    const SIZE natural = page_.naturalSize();
+    const RECT own = place ? *place : RECT{0, 0, natural.cx, natural.cy};
+    OLEINPLACEFRAMEINFO information{};
+    information.cb = sizeof information;
+    Place told{};
+    const HRESULT answer = stay.site->GetWindowContext(stay.frame.out(), stay.document.out(), &told.first,
+                                                       &told.second, &information);
+    goOnWith(stay);
+    return SUCCEEDED(answer) ? told : Place{own, own};
+}
+
+/// After each call to the container: throws Failure where the stay has ended inside it.
+void InPlace::goOnWith(const Stay& stay) const {
+    if (stay_.get() != &stay) throw Failure(OLE_E_NOT_INPLACEACTIVE);
+}
+
+/// The frame takes the visible part of the position; the page keeps its whole size inside.
+void InPlace::moveTo(const Stay& stay, const Place& place) {
+    const HWND frame = stay.window->handle();
+    const RECT whole = proper(place.first);
     RECT visible{};
-    if (!IntersectRect(&visible, &whole, &clip)) visible = {whole.left, whole.top, whole.left, whole.top};
-    SetWindowPos(frame_->handle(), nullptr, visible.left, visible.top, visible.right - visible.left,
+    if (!IntersectRect(&visible, &whole, &place.second))
+        visible = {whole.left, whole.top, whole.left, whole.top};
+    SetWindowPos(frame, nullptr, visible.left, visible.top, visible.right - visible.left,
                  visible.bottom - visible.top, SWP_NOZORDER | SWP_NOACTIVATE);
     RECT inner = whole;
     OffsetRect(&inner, -visible.left, -visible.top);
-    page_.moveInto(frame_->handle(), inner);
+    if (isActive()) page_.moveInto(frame, inner);
 }
 
 STDMETHODIMP InPlace::SetObjectRects(LPCRECT position, LPCRECT clip) noexcept {
     return atBoundary([&] {
         const RECT& wanted = required(position);
         if (!isActive()) return E_UNEXPECTED;
-        place(wanted, clip ? *clip : wanted);
+        const auto stay = stay_;
+        moveTo(*stay, {wanted, clip ? *clip : wanted});
         return S_OK;
     });
 }
 
 void InPlace::hide() noexcept {
     deactivateUi();
-    if (isActive()) ShowWindow(frame_->handle(), SW_HIDE);
+    if (isActive()) ShowWindow(stay_->window->handle(), SW_HIDE);
 }
 
 STDMETHODIMP InPlace::InPlaceDeactivate() noexcept {
@@ -124,66 +194,77 @@ STDMETHODIMP InPlace::InPlaceDeactivate() noexcept {
 }
 
 void InPlace::deactivate() noexcept {
-    if (!isActive()) return;
+    const Ptr<IUnknown> self(&whole());
+    const auto stay = stay_;
     deactivateUi();
-    if (!isActive()) return;  // the container took the page away while it was told
-    page_.park();
-    const auto ended = std::move(frame_);
-    const auto site = site_;
-    forgetContainerWindows();
-    site->OnInPlaceDeactivate();
+    // The container may have ended the stay while it was told, and begun another.
+    if (stay && stay_ == stay) leave();
+}
+
+void InPlace::leave() noexcept {
+    const auto stay = std::exchange(stay_, nullptr);
+    {
+        const vexa::Raised leaving(leaving_);
+        page_.park();
+        stay->window.reset();
+        stay->enableModeless(true);
+    }
+    if (stay->announced) stay->site->OnInPlaceDeactivate();
 }
 
 /// The container's window goes without a word to the control: so does the activation.
 void InPlace::frameLost() noexcept {
     // With its window the container may let go of the control.
     const Ptr<IUnknown> self(&whole());
+    const auto stay = std::exchange(stay_, nullptr);
+    if (!stay) return;
+    const vexa::Raised leaving(leaving_);
     page_.cancelDialogs();
     page_.park();
-    uiActive_ = false;
-    focusTold_ = false;
-    frame_.reset();
-    forgetContainerWindows();
-}
-
-void InPlace::forgetContainerWindows() noexcept {
-    enableModeless(true);
-    documentSite_.reset();
-    frameSite_.reset();
-    site_.reset();
+    stay->enableModeless(true);
 }
 
 void InPlace::followUiDead() const {
-    if (isActive()) EnableWindow(frame_->handle(), !container_.isDead());
+    const auto stay = stay_;
+    if (!isActive()) return;
+    const bool dead = container_.isDead();
+    if (isActive() && stay_ == stay) EnableWindow(stay->window->handle(), !dead);
 }
 
 void InPlace::repaint() const {
     if (isActive())
-        RedrawWindow(frame_->handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+        RedrawWindow(stay_->window->handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 // --- The active object ------------------------------------------------------------------------------------
 
 void InPlace::activateUi() {
     if (!isActive()) return;
-    becomeUiActive();
-    const HWND focus = GetFocus();
-    if (page_.isOpen() && !IsChild(page_.window(), focus)) focusOutermostStop(page_.window());
-    if (uiActive_) tellFocus(true);
+    const auto stay = stay_;
+    becomeUiActive(*stay);
+    if (isUiActive() && page_.isOpen() && !IsChild(page_.window(), GetFocus()))
+        focusOutermostStop(page_.window());
+    if (stay->ui == Ui::active) stay->tellFocus(true);
 }
 
-void InPlace::becomeUiActive() {
-    if (uiActive_) return;
+void InPlace::becomeUiActive(Stay& stay) {
+    if (stay.ui != Ui::inactive) return;
     // Set first: the container may set the focus, which leads back here.
-    uiActive_ = true;
-    const HRESULT answer = site_->OnUIActivate();
-    if (FAILED(answer) && answer != E_NOTIMPL) {
-        uiActive_ = false;
+    stay.ui = Ui::active;
+    const HRESULT answer = stay.site->OnUIActivate();
+    if (stay.ui == Ui::active && FAILED(answer) && answer != E_NOTIMPL) {
+        stay.ui = Ui::inactive;
         throw Failure(answer);
     }
-    const auto self = static_cast<IOleInPlaceActiveObject*>(this);
-    if (frameSite_) frameSite_->SetActiveObject(self, CAPTION);
-    if (documentSite_) documentSite_->SetActiveObject(self, CAPTION);
+    offerActiveObject(stay, stay.frame.get());
+    offerActiveObject(stay, stay.document.get());
+}
+
+/// A container that ends the activity inside the call must not keep what it was given.
+void InPlace::offerActiveObject(const Stay& stay, IOleInPlaceUIWindow* window) {
+    if (window == nullptr || stay.ui != Ui::active) return;
+    window->SetActiveObject(this, CAPTION);
+    if (stay.ui != Ui::active) window->SetActiveObject(nullptr, nullptr);
 }
 
 STDMETHODIMP InPlace::UIDeactivate() noexcept {
@@ -192,32 +273,29 @@ STDMETHODIMP InPlace::UIDeactivate() noexcept {
 }
 
 void InPlace::deactivateUi() noexcept {
-    if (!uiActive_) return;
-    uiActive_ = false;
-    const auto site = site_;
-    if (frameSite_) frameSite_->SetActiveObject(nullptr, nullptr);
-    if (documentSite_) documentSite_->SetActiveObject(nullptr, nullptr);
-    tellFocus(false);
-    if (site) site->OnUIDeactivate(FALSE);
+    const Ptr<IUnknown> self(&whole());
+    const auto stay = stay_;
+    if (!stay || stay->ui != Ui::active) return;
+    // Until the last word is said the container cannot make the control active anew.
+    stay->ui = Ui::leaving;
+    if (stay->frame) stay->frame->SetActiveObject(nullptr, nullptr);
+    if (stay->document) stay->document->SetActiveObject(nullptr, nullptr);
+    stay->tellFocus(false);
+    stay->ui = Ui::inactive;
+    stay->site->OnUIDeactivate(FALSE);
 }
 
 void InPlace::focusMoved(bool entered) {
     if (!isActive()) return;
-    if (entered) becomeUiActive();
-    tellFocus(entered);
-}
-
-void InPlace::tellFocus(bool focused) noexcept {
-    if (focused == focusTold_) return;
-    focusTold_ = focused;
-    vexa::attempt([&] { container_.tellFocus(focused); });
+    const auto stay = stay_;
+    if (entered) becomeUiActive(*stay);
+    if (!entered || stay->ui == Ui::active) stay->tellFocus(entered);
 }
 
 /// While the page's dialogs run; each disabling is taken back, also where the container takes the page away.
-void InPlace::enableModeless(bool enable) noexcept {
-    if (enable == !modelessDisabled_ || !frameSite_) return;
-    modelessDisabled_ = !enable;
-    frameSite_->EnableModeless(enable);
+void InPlace::enableModeless(bool enable) const noexcept {
+    const auto stay = stay_;
+    if (stay) stay->enableModeless(enable);
 }
 
 // --- Keys -------------------------------------------------------------------------------------------------

@@ -15,10 +15,13 @@ namespace com {
 
 STDMETHODIMP OleObject::SetClientSite(IOleClientSite* site) noexcept {
     return atBoundary([&] {
+        const Ptr<IOleClientSite> entered(site);
         if (site == other_.container.site().get()) return S_OK;
         other_.page.cancelDialogs();
         other_.inPlace.deactivate();
         other_.container.enter(site);
+        // The old container may have activated the control once more when it learned of the end.
+        other_.inPlace.deactivate();
         if (site != nullptr) other_.persistence.containerChanged();
         return S_OK;
     });
@@ -32,11 +35,11 @@ STDMETHODIMP OleObject::GetClientSite(IOleClientSite** site) noexcept {
 
 STDMETHODIMP OleObject::Close(DWORD option) noexcept {
     return atBoundary([&] {
-        // The container may let go of the control when it learns of the end.
-        const Ptr<IUnknown> self(&whole());
         vexa::attempt([&] { saveWhereWanted(option); });
         other_.inPlace.deactivate();
         other_.page.close();
+        // The container may have activated the control once more when it learned of the end.
+        other_.inPlace.deactivate();
         other_.container.leavePageSite();
         if (advises_) advises_->SendOnClose();
         return S_OK;
@@ -44,7 +47,7 @@ STDMETHODIMP OleObject::Close(DWORD option) noexcept {
 }
 
 void OleObject::saveWhereWanted(DWORD option) {
-    const auto& site = other_.container.site();
+    const Ptr<IOleClientSite> site = other_.container.site();
     if (option == OLECLOSE_NOSAVE || !site || other_.persistence.IsDirty() != S_OK) return;
     site->SaveObject();
     if (advises_) advises_->SendOnSave();
@@ -52,22 +55,40 @@ void OleObject::saveWhereWanted(DWORD option) {
 
 // --- Verbs ------------------------------------------------------------------------------------------------
 
+/// The answer is what is true in the end, whatever the container has made of the control meanwhile.
 STDMETHODIMP OleObject::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND parent, LPCRECT place) noexcept {
     return atBoundary([&] {
         if (verb > 0) return OLEOBJ_S_INVALIDVERB;
         if (!other_.page.isOpen()) return E_UNEXPECTED;
-        switch (verb) {
-            case OLEIVERB_PRIMARY:
-            case OLEIVERB_UIACTIVATE:
-                other_.inPlace.activate(parent, place);
-                other_.inPlace.activateUi();
-                return S_OK;
-            case OLEIVERB_SHOW:
-            case OLEIVERB_INPLACEACTIVATE: other_.inPlace.activate(parent, place); return S_OK;
-            case OLEIVERB_HIDE: other_.inPlace.hide(); return S_OK;
-            default: return E_NOTIMPL;
-        }
+        const HRESULT result = com::atBoundary([&] { return carryOut(verb, parent, place); });
+        if (isCarriedOut(verb)) return S_OK;
+        return FAILED(result) ? result : OLE_E_NOT_INPLACEACTIVE;
     });
+}
+
+HRESULT OleObject::carryOut(LONG verb, HWND parent, const RECT* place) {
+    switch (verb) {
+        case OLEIVERB_PRIMARY:
+        case OLEIVERB_UIACTIVATE:
+            other_.inPlace.activate(parent, place);
+            other_.inPlace.activateUi();
+            return S_OK;
+        case OLEIVERB_SHOW:
+        case OLEIVERB_INPLACEACTIVATE: other_.inPlace.activate(parent, place); return S_OK;
+        case OLEIVERB_HIDE: other_.inPlace.hide(); return S_OK;
+        default: return E_NOTIMPL;
+    }
+}
+
+bool OleObject::isCarriedOut(LONG verb) const {
+    switch (verb) {
+        case OLEIVERB_PRIMARY:
+        case OLEIVERB_UIACTIVATE: return other_.inPlace.isUiActive();
+        case OLEIVERB_SHOW:
+        case OLEIVERB_INPLACEACTIVATE: return other_.inPlace.isShown();
+        case OLEIVERB_HIDE: return !other_.inPlace.isShown();
+        default: return false;
+    }
 }
 
 STDMETHODIMP OleObject::EnumVerbs(IEnumOLEVERB** verbs) noexcept {

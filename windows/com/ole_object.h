@@ -48,6 +48,8 @@ public:
 
 private:
     void saveWhereWanted(DWORD option);
+    [[nodiscard]] HRESULT carryOut(LONG verb, HWND parent, const RECT* place);
+    [[nodiscard]] bool isCarriedOut(LONG verb) const;
     [[nodiscard]] IOleAdviseHolder& advises();
 
     Neighbours other_;

@@ -22,20 +22,18 @@ PageHost::Busy::Busy(PageHost& host) : host_(host) {
 }
 
 PageHost::Busy::~Busy() {
-    if (--host_.running_ == 0 && !host_.open_) host_.destroy();
+    if (--host_.running_ == 0 && !host_.open_) host_.destroyWindows();
     host_.whole_.Release();
 }
 
 void PageHost::start() {
-    runtime_ = &Runtime::get();
-    const win::Activation themed(runtime_->screen().context());
+    runtime_ = &Runtime::enter(*this);
     parking_ = std::make_unique<HostWindow>();
     page_ = std::make_unique<vexa::ctlPPE>(
         runtime_->application(), runtime_->screen().createPage(IDD_ctlPPE, parking_->handle()), site_);
     const ui::Size size = page_->window().outerSize();
     naturalSize_ = {size.width, size.height};
     open_ = true;
-    runtime_->add(*this);
     const Busy busy(*this);
     watchWindows();
     page_->UserControl_Initialize();
@@ -50,17 +48,20 @@ void PageHost::close() noexcept {
     park();
     --running_;
     if (running_ == 0)
-        destroy();
+        destroyWindows();
     else
         cancelDialogs();
 }
 
-void PageHost::destroy() noexcept {
-    if (page_ == nullptr) return;
-    runtime_->remove(*this);
+void PageHost::destroyWindows() noexcept {
     unwatchWindows();
-    page_.reset();
     parking_.reset();
+}
+
+PageHost::~PageHost() {
+    close();
+    page_.reset();
+    if (runtime_ != nullptr) runtime_->leave(*this);
 }
 
 void PageHost::cancelDialogs() noexcept {
@@ -87,7 +88,7 @@ void PageHost::moveInto(HWND frame, const RECT& place) {
 }
 
 void PageHost::park() noexcept {
-    if (page_ == nullptr || parking_->handle() == nullptr) return;
+    if (page_ == nullptr || parking_ == nullptr || parking_->handle() == nullptr) return;
     const auto page = reinterpret_cast<HWND>(page_->window().handle());
     ShowWindow(page, SW_HIDE);
     SetParent(page, parking_->handle());

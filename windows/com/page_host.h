@@ -22,12 +22,12 @@ public:
     PageHost(IUnknown& whole, vexa::PageSite& site) : whole_(whole), site_(site) {}
     PageHost(const PageHost&) = delete;
     PageHost& operator=(const PageHost&) = delete;
-    ~PageHost() { close(); }
+    ~PageHost();
 
     /// Makes the windows and starts the page. Throws Failure or vexa::Error.
     void start();
     /// Ends the page, once. Where one of its handlers runs, its dialogs are ended and its window goes when
-    /// the handler has returned.
+    /// the handler has returned. What the page knows stays as long as this object.
     void close() noexcept;
     [[nodiscard]] bool isOpen() const { return open_; }
     /// Ends the dialogs that the page has open.
@@ -42,10 +42,10 @@ public:
     /// Hides the page, out of the container's reach.
     void park() noexcept;
 
-    /// Calls `use` with the page while it is open; the control lives on meanwhile.
+    /// Calls `use` with the page, open or ended; the control lives on meanwhile.
     template <class Use>
     void use(Use use) {
-        if (!open_) return;
+        if (page_ == nullptr) return;
         const Busy busy(*this);
         use(*page_);
     }
@@ -72,7 +72,7 @@ private:
 
     void watchWindows();
     void unwatchWindows() noexcept;
-    void destroy() noexcept;
+    void destroyWindows() noexcept;
     void heard(UINT message, HWND other) const;
     static BOOL CALLBACK watch(HWND window, LPARAM host) noexcept;
     static LRESULT CALLBACK watched(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,

@@ -5,6 +5,8 @@
 #include <ole2.h>
 #include <windows.h>
 
+#include "windows/com/boundary.h"
+
 namespace com {
 
 template <class... Interfaces>
@@ -22,6 +24,15 @@ public:
 
 protected:
     ~Part() = default;
+    /// Runs a method's body at the edge to COM. What it calls may let go of the control, which lives until
+    /// the body has returned.
+    template <class Body>
+    HRESULT atBoundary(Body body) const noexcept {
+        whole_.AddRef();
+        const HRESULT result = com::atBoundary(body);
+        whole_.Release();
+        return result;
+    }
     [[nodiscard]] IUnknown& whole() const { return whole_; }
 
 private:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "common/CTimer.h"
 #include "common/guarded.h"
@@ -19,6 +20,17 @@ Runtime* runtime = nullptr;
 /// The library may stay loaded after its runtime has gone, and start again.
 std::optional<vexa::ProcessMemory> memory;
 
+/// Of the two above, and of the runtime's list of pages: threads may make their first pages at the same time.
+SRWLOCK runtimeLock = SRWLOCK_INIT;
+
+class Locked {
+public:
+    Locked() { AcquireSRWLockExclusive(&runtimeLock); }
+    Locked(const Locked&) = delete;
+    Locked& operator=(const Locked&) = delete;
+    ~Locked() { ReleaseSRWLockExclusive(&runtimeLock); }
+};
+
 }  // namespace
 
 Runtime::Runtime()
@@ -33,18 +45,36 @@ Runtime::~Runtime() {
     HostWindow::unregisterClass();
 }
 
-Runtime& Runtime::get() {
+Runtime& Runtime::enter(PageHost& page) {
+    std::unique_ptr<Runtime> left;  // ends without the lock: its end runs foreign code
+    const Locked locked;
+    const DWORD thread = GetCurrentThreadId();
+    if (runtime != nullptr && runtime->thread_ != thread) {
+        if (!runtime->pages_.empty()) throw Failure(RPC_E_WRONG_THREAD);
+        left = takeOut();
+    }
     if (runtime == nullptr) runtime = new Runtime;
-    if (runtime->thread_ != GetCurrentThreadId()) throw Failure(RPC_E_WRONG_THREAD);
+    runtime->pages_.push_back(&page);
     return *runtime;
 }
 
+void Runtime::leave(PageHost& page) noexcept {
+    const Locked locked;
+    std::erase(pages_, &page);
+}
+
 bool Runtime::shutDown() noexcept {
+    std::unique_ptr<Runtime> ended;
+    const Locked locked;
     if (runtime == nullptr) return true;
     if (runtime->thread_ != GetCurrentThreadId()) return false;
-    vexa::attempt([] { memory = runtime->application_.remember(); });
-    delete std::exchange(runtime, nullptr);
+    ended = takeOut();
     return true;
+}
+
+std::unique_ptr<Runtime> Runtime::takeOut() noexcept {
+    vexa::attempt([] { memory = runtime->application_.remember(); });
+    return std::unique_ptr<Runtime>(std::exchange(runtime, nullptr));
 }
 
 void Runtime::tellModal(bool runs) {

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <memory>
 #include <vector>
 
 #include "common/application.h"
@@ -17,9 +18,11 @@ class PageHost;
 
 class Runtime {
 public:
-    /// The one of the process. Throws Failure(RPC_E_WRONG_THREAD) on another thread than the first page's:
-    /// the program lives on one user-interface thread.
-    [[nodiscard]] static Runtime& get();
+    /// The one of the process, with a page more; on any thread. The program lives on the user-interface
+    /// thread of its pages: throws Failure(RPC_E_WRONG_THREAD) where there are pages on another one.
+    [[nodiscard]] static Runtime& enter(PageHost& page);
+    /// The page has gone. On the page's thread.
+    void leave(PageHost& page) noexcept;
 
     /// Releases everything, the add-in included; the next runtime recalls the settings record, the change
     /// flags and that the log has begun. False where that is not possible on this thread.
@@ -28,13 +31,11 @@ public:
     [[nodiscard]] vexa::Application& application() { return application_; }
     [[nodiscard]] win::Screen& screen() { return screen_; }
 
-    /// The pages that are told when dialogs run modally.
-    void add(PageHost& page) { pages_.push_back(&page); }
-    void remove(PageHost& page) { std::erase(pages_, &page); }
-
 private:
+    friend std::default_delete<Runtime>;
     Runtime();
     ~Runtime();
+    [[nodiscard]] static std::unique_ptr<Runtime> takeOut() noexcept;
     void tellModal(bool runs);
 
     DWORD thread_ = GetCurrentThreadId();
@@ -42,6 +43,7 @@ private:
     win::Machine machine_;
     win::Screen screen_;
     vexa::Application application_;
+    /// Changed on the runtime's thread alone, and under the lock.
     std::vector<PageHost*> pages_;
 };
 

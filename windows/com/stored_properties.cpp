@@ -66,11 +66,11 @@ bool sameValue(const VARIANT& one, const VARIANT& other) {
 }
 
 void StoredProperties::set(StoredProperty property, const VARIANT& value) {
-    if (sameValue(values_[property], value)) return;
     const DISPID dispid = storedPropertyRows()[static_cast<std::size_t>(property)].dispid;
     if (!notifier_.mayChange(dispid)) throw Failure(CTL_E_SETNOTPERMITTED);
+    const bool differs = !sameValue(values_[property], value);
     copyValue(values_[property], value);
-    dirty_ = true;
+    dirty_ = dirty_ || differs;
     notifier_.changed(dispid);
 }
 

@@ -58,7 +58,7 @@ public:
     explicit StoredProperties(Notifier& notifier) : notifier_(notifier) {}
 
     [[nodiscard]] const StoredValues& values() const { return values_; }
-    /// Asks, sets, tells. Setting the value that is there does nothing. Throws
+    /// Asks, sets, tells, each time, also where the value is the one that is there. Throws
     /// Failure(CTL_E_SETNOTPERMITTED) where a sink forbids the change.
     void set(StoredProperty property, const VARIANT& value);
     /// What was loaded, or a new instance's; nobody is told, nothing is left to save.

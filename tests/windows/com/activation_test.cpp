@@ -384,30 +384,8 @@ protected:
     void withDialog(const std::function<void()>& act) {
         createActive();
         container.acceptAnything();
-        action_ = &act;
-        const UINT_PTR timer = SetTimer(nullptr, 0, 20, whenOpen);
-        SendMessageW(child(IDC_cmdDispMatches), BM_CLICK, 0, 0);
-        KillTimer(nullptr, timer);
-        EXPECT_EQ(action_, nullptr) << "no dialog came up";
-        action_ = nullptr;
+        inDialog(IDC_cmdDispMatches, [&](HWND) { act(); });
     }
-
-private:
-    static BOOL CALLBACK isDialog(HWND found, LPARAM place) {
-        wchar_t title[64];
-        GetWindowTextW(found, title, 64);
-        if (!IsWindowVisible(found) || std::wstring(title) == L"Container") return TRUE;
-        *reinterpret_cast<HWND*>(place) = found;
-        return FALSE;
-    }
-    static void CALLBACK whenOpen(HWND, UINT, UINT_PTR, DWORD) {
-        HWND dialog = nullptr;
-        EnumThreadWindows(GetCurrentThreadId(), isDialog, reinterpret_cast<LPARAM>(&dialog));
-        if (dialog == nullptr || action_ == nullptr) return;
-        const auto& act = *std::exchange(action_, nullptr);
-        act();
-    }
-    static inline const std::function<void()>* action_ = nullptr;
 };
 
 TEST_F(EndDuringDialog, ClosingEndsTheDialog) {
@@ -443,6 +421,159 @@ TEST_F(EndDuringDialog, AsksForModelessWindowsInPairs) {
     });
     EXPECT_EQ(container.count("EnableModeless(FALSE)"), 1);
     EXPECT_EQ(container.count("EnableModeless(TRUE)"), 1);
+}
+
+// Containers of the common frameworks disable their root with their modeless windows. Where the dialog hid
+// before the root is enabled again, the system would activate another program's window.
+TEST_F(EndDuringDialog, GivesActivationAndFocusBackToAContainerThatDisablesItsRoot) {
+    createActive();
+    container.acceptAnything();
+    const HWND other = createContainerWindow();
+    HWND dialog = nullptr;
+    bool dialogWasThere = false;
+    container.during["EnableModeless(FALSE)"] = [&] { EnableWindow(window, FALSE); };
+    container.during["EnableModeless(TRUE)"] = [&] {
+        dialogWasThere = IsWindowVisible(dialog) != FALSE;
+        EnableWindow(window, TRUE);
+    };
+    SetActiveWindow(window);
+    SetFocus(child(IDC_cmdDispMatches));
+    inDialog(IDC_cmdDispMatches, [&](HWND found) {
+        dialog = found;
+        SendMessageW(found, WM_CLOSE, 0, 0);
+    });
+    EXPECT_TRUE(dialogWasThere);
+    EXPECT_EQ(GetActiveWindow(), window);
+    EXPECT_EQ(GetFocus(), child(IDC_cmdDispMatches));
+    container.during.clear();
+    DestroyWindow(other);
+}
+
+// --- A container that reacts inside the control's calls ---------------------------------------------------
+// The whole table of calls and reactions stands in the tests of the hostile world; these are its plain cases.
+
+class Reactions : public Activation {
+protected:
+    Reactions() { container.acceptAnything(); }
+    void react(const char* call, const std::function<void()>& reaction) {
+        container.during[call] = [this, call, reaction] {
+            container.during.erase(call);
+            reaction();
+        };
+    }
+};
+
+TEST_F(Reactions, AnActivationThatIsEndedInsideHasFailedAndIsTakenBackOnce) {
+    createWithSite();
+    for (const char* call :
+         {"CanInPlaceActivate", "OnInPlaceActivateEx", "GetWindow", "GetWindowContext", "UIDEAD"}) {
+        container.forget();
+        react(call, [&] { as<IOleInPlaceObject>()->InPlaceDeactivate(); });
+        EXPECT_TRUE(FAILED(doVerb(OLEIVERB_SHOW))) << call;
+        EXPECT_EQ(frame(), nullptr) << call;
+        EXPECT_EQ(container.count("OnInPlaceDeactivate"), container.count("OnInPlaceActivateEx")) << call;
+        EXPECT_EQ(doVerb(OLEIVERB_SHOW), S_OK) << call;
+        as<IOleInPlaceObject>()->InPlaceDeactivate();
+    }
+}
+
+TEST_F(Reactions, AnActivationInsideAnotherIsRefusedAndTheOuterOneGoesOn) {
+    createWithSite();
+    for (const char* call : {"CanInPlaceActivate", "OnInPlaceActivateEx", "GetWindow", "GetWindowContext"}) {
+        container.forget();
+        HRESULT inner = S_OK;
+        react(call, [&] { inner = doVerb(OLEIVERB_SHOW); });
+        EXPECT_EQ(doVerb(OLEIVERB_SHOW), S_OK) << call;
+        EXPECT_TRUE(FAILED(inner)) << call;
+        EXPECT_EQ(container.count("OnInPlaceActivateEx"), 1) << call;
+        as<IOleInPlaceObject>()->InPlaceDeactivate();
+    }
+}
+
+TEST_F(Reactions, AnActivityThatIsEndedInsideHasFailedAndLeavesNoActiveObject) {
+    createWithSite();
+    for (const char* call : {"OnUIActivate", "SetActiveObject"}) {
+        container.forget();
+        react(call, [&] { as<IOleInPlaceObject>()->UIDeactivate(); });
+        EXPECT_TRUE(FAILED(doVerb(OLEIVERB_UIACTIVATE))) << call;
+        EXPECT_EQ(container.count("OnUIActivate"), container.count("OnUIDeactivate")) << call;
+        EXPECT_GE(container.count("SetActiveObject(NULL)"), container.count("SetActiveObject")) << call;
+        EXPECT_NE(frame(), nullptr) << call;
+    }
+}
+
+TEST_F(Reactions, AnActivationThatIsEndedAndBegunAgainInsideIsTrue) {
+    createWithSite();
+    react("OnUIActivate", [&] {
+        as<IOleInPlaceObject>()->InPlaceDeactivate();
+        EXPECT_EQ(doVerb(OLEIVERB_UIACTIVATE), S_OK);
+    });
+    EXPECT_EQ(doVerb(OLEIVERB_UIACTIVATE), S_OK);
+    EXPECT_NE(frame(), nullptr);
+    EXPECT_EQ(container.count("OnUIActivate"), 2);
+    EXPECT_EQ(container.count("OnUIDeactivate"), 1);
+}
+
+TEST_F(Reactions, ClosingInsideAnActivationEndsIt) {
+    for (const char* call : {"OnInPlaceActivateEx", "UIDEAD", "OnUIActivate", "SetActiveObject"}) {
+        createWithSite();
+        react(call, [&] { as<IOleObject>()->Close(OLECLOSE_NOSAVE); });
+        EXPECT_TRUE(FAILED(doVerb(OLEIVERB_UIACTIVATE))) << call;
+        EXPECT_EQ(frame(), nullptr) << call;
+        end();
+    }
+}
+
+TEST_F(Reactions, TheLastReleaseInsideAnActivationWaitsForItsEnd) {
+    createWithSite();
+    IOleObject* object = as<IOleObject>().get();  // the control's own reference is the host's only one
+    react("OnUIActivate", [&] { EXPECT_GT(control.detach()->Release(), 0u); });
+    object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, container.site(), 0, window, &container.position);
+    EXPECT_EQ(container.references(), 1u);
+    EXPECT_EQ(container.count("OnInPlaceDeactivate"), 1);
+    EXPECT_EQ(library.canUnloadNow(), S_OK);
+}
+
+TEST_F(Reactions, AContainerThatShowsTheControlWhenItClosesIsLeftAllTheSame) {
+    createWithSite();
+    ASSERT_EQ(doVerb(OLEIVERB_SHOW), S_OK);
+    react("OnInPlaceDeactivate", [&] { EXPECT_EQ(doVerb(OLEIVERB_SHOW), S_OK); });
+    EXPECT_EQ(as<IOleObject>()->Close(OLECLOSE_NOSAVE), S_OK);
+    EXPECT_EQ(frame(), nullptr);
+    EXPECT_EQ(container.count("OnInPlaceDeactivate"), container.count("OnInPlaceActivateEx"));
+}
+
+// --- What is active while others are called ---------------------------------------------------------------
+
+HANDLE activationContext() {
+    HANDLE current = nullptr;
+    GetCurrentActCtx(&current);
+    if (current != nullptr) ReleaseActCtx(current);
+    return current;
+}
+
+// The control's own activation context is its own business: others make their windows and load their
+// libraries in theirs.
+TEST_F(Reactions, OthersAreCalledInTheirOwnActivationContext) {
+    const HANDLE own = activationContext();
+    int calls = 0;
+    const auto check = [&] {
+        ++calls;
+        EXPECT_EQ(activationContext(), own);
+    };
+    addIn.during = [&](const std::string&) { check(); };
+    createWithSite();
+    for (const char* call :
+         {"CanInPlaceActivate", "OnInPlaceActivateEx", "GetWindow", "UIDEAD", "OnUIActivate"})
+        container.during[call] = check;
+    EXPECT_EQ(doVerb(OLEIVERB_UIACTIVATE), S_OK);
+    inDialog(IDC_cmdDispMatches, [&](HWND dialog) {
+        check();
+        SendMessageW(dialog, WM_CLOSE, 0, 0);
+    });
+    EXPECT_GT(calls, 6);
+    addIn.during = nullptr;
+    container.during.clear();
 }
 
 }  // namespace

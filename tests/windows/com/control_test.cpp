@@ -1,43 +1,12 @@
 #include "tests/windows/com/control_test.h"
 
 #include <stdexcept>
+#include <utility>
 
-#include "interfaces/addin_base.h"
 #include "tests/windows/stage/messages.h"
 #include "windows/platform/module.h"
 
 namespace tests {
-namespace {
-
-constexpr wchar_t PROG_ID_KEY[] = L"Software\\Classes\\Tarnwell.OlAddIn.1\\CLSID";
-
-/// Does nothing, and has nothing to do.
-class IdleAddIn : public com::AddInBase {
-public:
-    STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
-        const bool known = iid == IID_IUnknown || iid == IID_IDispatch || iid == __uuidof(IOlAddIn);
-        *out = known ? this : nullptr;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
-    STDMETHODIMP IsProcessing(VARIANT_BOOL* result) override { return no(result); }
-    STDMETHODIMP IsAutoUpdateRunning(VARIANT_BOOL* result) override { return no(result); }
-    STDMETHODIMP IsSearching(VARIANT_BOOL* result) override { return no(result); }
-    STDMETHODIMP SetLogging(VARIANT_BOOL) override { return S_OK; }
-
-private:
-    static HRESULT no(VARIANT_BOOL* result) {
-        *result = VARIANT_FALSE;
-        return S_OK;
-    }
-    HRESULT reserved(int) override { return E_NOTIMPL; }
-};
-
-IdleAddIn idleAddIn;
-
-}  // namespace
-
 // --- Library ----------------------------------------------------------------------------------------------
 
 std::wstring Library::path() {
@@ -46,6 +15,10 @@ std::wstring Library::path() {
 
 Library::Library() : module_(LoadLibraryW(path().c_str())) {
     if (module_ == nullptr) throw std::runtime_error("VexaPPE.ocx cannot be loaded");
+}
+
+void Library::unload() {
+    if (module_ != nullptr) FreeLibrary(std::exchange(module_, nullptr));
 }
 
 template <class Function>
@@ -57,7 +30,10 @@ HRESULT Library::getClassObject(REFCLSID classId, REFIID iid, void** out) const 
     return find<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(classId, iid, out);
 }
 
-HRESULT Library::canUnloadNow() const { return find<HRESULT(WINAPI*)()>("DllCanUnloadNow")(); }
+HRESULT Library::canUnloadNow() const {
+    if (module_ == nullptr) return S_OK;
+    return find<HRESULT(WINAPI*)()>("DllCanUnloadNow")();
+}
 
 HRESULT Library::registerServer() const { return find<HRESULT(WINAPI*)()>("DllRegisterServer")(); }
 
@@ -74,17 +50,6 @@ com::Ptr<IUnknown> Library::create() const {
     EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, control.outVoid()), S_OK);
     return control;
 }
-
-// --- Add-in -----------------------------------------------------------------------------------------------
-
-RunningAddIn::RunningAddIn() {
-    wchar_t classId[39];  // the text of a GUID and its end, no more: COM reads no longer value
-    StringFromGUID2(__uuidof(OlAddIn), classId, 39);
-    RegSetKeyValueW(HKEY_LOCAL_MACHINE, PROG_ID_KEY, nullptr, REG_SZ, classId, sizeof classId);
-    EXPECT_EQ(RegisterActiveObject(&idleAddIn, __uuidof(OlAddIn), ACTIVEOBJECT_STRONG, &registration_), S_OK);
-}
-
-RunningAddIn::~RunningAddIn() { RevokeActiveObject(registration_, nullptr); }
 
 // --- Fixture ----------------------------------------------------------------------------------------------
 
@@ -125,6 +90,33 @@ void ControlTest::end() {
 
 HRESULT ControlTest::doVerb(LONG verb) {
     return as<IOleObject>()->DoVerb(verb, nullptr, container.site(), 0, window, &container.position);
+}
+
+namespace {
+
+/// What waits for a dialog; a timer's callback gets no more than its number.
+const std::function<void(HWND)>* awaiting = nullptr;
+
+BOOL CALLBACK isDialog(HWND found, LPARAM place) noexcept {
+    if (!IsWindowVisible(found) || GetWindow(found, GW_OWNER) == nullptr) return TRUE;
+    *reinterpret_cast<HWND*>(place) = found;
+    return FALSE;
+}
+
+void CALLBACK whenOpen(HWND, UINT, UINT_PTR, DWORD) noexcept {
+    HWND dialog = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), isDialog, reinterpret_cast<LPARAM>(&dialog));
+    if (dialog != nullptr && awaiting != nullptr) (*std::exchange(awaiting, nullptr))(dialog);
+}
+
+}  // namespace
+
+void ControlTest::inDialog(int button, const std::function<void(HWND dialog)>& act) const {
+    awaiting = &act;
+    const UINT_PTR timer = SetTimer(nullptr, 0, 10, whenOpen);
+    SendMessageW(child(button), BM_CLICK, 0, 0);
+    KillTimer(nullptr, timer);
+    EXPECT_EQ(std::exchange(awaiting, nullptr), nullptr) << "no dialog came up";
 }
 
 HWND ControlTest::frame() const {

@@ -5,11 +5,13 @@
 #include <gtest/gtest.h>
 #include <ole2.h>
 
+#include <functional>
 #include <memory>
 
 #include "VexaPPE.h"
 #include "interfaces/com.h"
 #include "tests/windows/com/fake_container.h"
+#include "tests/windows/com/running_addin.h"
 #include "tests/windows/stage/scratch_registry.h"
 
 namespace tests {
@@ -21,7 +23,10 @@ public:
     Library();
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
-    ~Library() { FreeLibrary(module_); }
+    ~Library() { unload(); }
+
+    /// As a host that has asked whether it may.
+    void unload();
 
     [[nodiscard]] static std::wstring path();
     [[nodiscard]] HRESULT getClassObject(REFCLSID classId, REFIID iid, void** out) const;
@@ -36,18 +41,6 @@ private:
     template <class Function>
     [[nodiscard]] Function find(const char* name) const;
     HMODULE module_;
-};
-
-/// The running object "Tarnwell.OlAddIn.1" of this process; it is idle.
-class RunningAddIn {
-public:
-    RunningAddIn();
-    RunningAddIn(const RunningAddIn&) = delete;
-    RunningAddIn& operator=(const RunningAddIn&) = delete;
-    ~RunningAddIn();
-
-private:
-    DWORD registration_ = 0;
 };
 
 /// A visible top-level window.
@@ -72,6 +65,9 @@ protected:
         return control.as<Interface>();
     }
     HRESULT doVerb(LONG verb);
+    /// Presses a button of the page and runs `act` once its dialog is there; returns when the dialog has
+    /// ended. Fails the test where no dialog comes up.
+    void inDialog(int button, const std::function<void(HWND dialog)>& act) const;
     /// The control's window in the container; null where it is not active.
     [[nodiscard]] HWND frame() const;
     /// The page's window, in the frame.

@@ -38,11 +38,20 @@ STDMETHODIMP FakeContainer::QueryInterface(REFIID iid, void** out) noexcept {
         {IID_IDispatch, "IDispatch", &ambientDispatch_},
     };
     *out = nullptr;
+    for (const Offered& each : offers)
+        if (each.iid == iid) react(std::string("QueryInterface ") + each.name);
     const auto offer = std::ranges::find_if(offers, [&](const Offered& each) { return each.iid == iid; });
     if (offer == std::end(offers) || lacks.contains(offer->name)) return E_NOINTERFACE;
     *out = offer->object;
     AddRef();
     return S_OK;
+}
+
+STDMETHODIMP_(ULONG) FakeContainer::Release() noexcept {
+    const Plenty plenty;
+    const ULONG left = --references_;
+    react("Release");
+    return left;
 }
 
 void FakeContainer::expect(std::initializer_list<const char*> calls) {
@@ -56,12 +65,13 @@ void FakeContainer::verify() {
 }
 
 int FakeContainer::count(const std::string& call) const {
-    return static_cast<int>(std::ranges::count(calls_, call));
+    const auto found = calls_.find(call);
+    return found == calls_.end() ? 0 : found->second;
 }
 
 HRESULT FakeContainer::called(const char* call) {
     const Plenty plenty;
-    calls_.push_back(call);
+    ++calls_[call];
     if (strict_) {
         if (expected_.empty() || expected_.front() != call)
             ADD_FAILURE() << "unexpected call: " << call
@@ -69,9 +79,17 @@ HRESULT FakeContainer::called(const char* call) {
         else
             expected_.pop_front();
     }
-    if (const auto reaction = during.find(call); reaction != during.end()) reaction->second();
+    react(call);
     const auto answer = answers.find(call);
     return answer == answers.end() ? usualAnswer : answer->second;
+}
+
+void FakeContainer::react(const std::string& call) {
+    if (onCall) onCall(call);
+    const auto found = during.find(call);
+    if (found == during.end()) return;
+    const auto reaction = found->second;  // which may take itself out
+    reaction();
 }
 
 STDMETHODIMP FakeContainer::InPlaceSite::GetWindow(HWND* window) {
@@ -100,9 +118,12 @@ STDMETHODIMP FakeContainer::InPlaceSite::GetWindowContext(IOleInPlaceFrame** fra
 STDMETHODIMP FakeContainer::Ambients::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS*,
                                              VARIANT* result, EXCEPINFO*, UINT*) {
     const Plenty plenty;
-    const std::set<DISPID> known{DISPID_AMBIENT_DISPLAYNAME, DISPID_AMBIENT_FONT, DISPID_AMBIENT_UIDEAD};
+    static const std::map<DISPID, const char*> known{{DISPID_AMBIENT_DISPLAYNAME, "DISPLAYNAME"},
+                                                     {DISPID_AMBIENT_FONT, "FONT"},
+                                                     {DISPID_AMBIENT_UIDEAD, "UIDEAD"}};
     EXPECT_EQ(flags & DISPATCH_PROPERTYGET, DISPATCH_PROPERTYGET);
     EXPECT_TRUE(known.contains(member)) << "unexpected ambient property: " << member;
+    if (const auto name = known.find(member); name != known.end()) fake.react(name->second);
     const auto ambient = fake.ambients.find(member);
     if (ambient == fake.ambients.end()) return DISP_E_MEMBERNOTFOUND;
     return VariantCopy(result, &ambient->second);

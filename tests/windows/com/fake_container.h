@@ -37,8 +37,13 @@ public:
     std::set<std::string> lacks;
     /// Ambient properties; others are unknown to the container.
     std::map<DISPID, com::Variant> ambients;
-    /// Runs inside a call, before it returns.
+    /// Runs inside a call, before it returns; also by the names of ambient properties: "DISPLAYNAME", "FONT",
+    /// "UIDEAD".
     std::map<std::string, std::function<void()>> during;
+
+    /// Runs inside each call, with its name; a query for an interface is called "QueryInterface " and its
+    /// name.
+    std::function<void(const std::string& call)> onCall;
 
     /// The calls that come from now on until the next `expect` or `verify`, in this order.
     void expect(std::initializer_list<const char*> calls);
@@ -48,7 +53,7 @@ public:
     void acceptAnything() { strict_ = false; }
     [[nodiscard]] int count(const std::string& call) const;
     /// Forgets the calls that it has noted.
-    void forget() { calls_ = {}; }
+    void forget() { calls_.clear(); }
     /// Stands for another window from now on.
     void moveTo(HWND window) { window_ = window; }
 
@@ -57,10 +62,11 @@ public:
 
     STDMETHODIMP QueryInterface(REFIID iid, void** out) noexcept override;
     STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
-    STDMETHODIMP_(ULONG) Release() noexcept override { return --references_; }
+    STDMETHODIMP_(ULONG) Release() noexcept override;
 
 private:
     HRESULT called(const char* call);
+    void react(const std::string& call);
 
     struct ClientSite : com::Part<IOleClientSite> {
         explicit ClientSite(FakeContainer& whole) : Part(whole), fake(whole) {}
@@ -171,7 +177,7 @@ private:
     ULONG references_ = 1;
     bool strict_ = true;
     std::deque<std::string> expected_;
-    std::vector<std::string> calls_;
+    std::map<std::string, int> calls_;
 };
 
 }  // namespace tests

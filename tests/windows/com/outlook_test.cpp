@@ -91,10 +91,15 @@ TEST_F(Host, CancellingWritesNoSetting) {
     EXPECT_FALSE(registry.get(KEY, L"MaxEntries").has_value());
 }
 
-TEST_F(Host, ApplyAndDirtySucceedAfterTheEnd) {
-    create();
+// What the page knows lives as long as the object.
+TEST_F(Host, ApplyAndDirtyWorkAfterTheEnd) {
+    createActive();
+    container.acceptAnything();
+    editHighlights();
     as<IOleObject>()->Close(OLECLOSE_NOSAVE);
+    EXPECT_TRUE(dirty());
     EXPECT_EQ(as<PropertyPage>()->Apply(), S_OK);
+    EXPECT_TRUE(registry.get(KEY, L"KeepHighlights").has_value());
     EXPECT_FALSE(dirty());
 }
 
@@ -189,7 +194,7 @@ protected:
     DWORD cookie = 0;
 };
 
-// Statement 38: asked before, told after; a no is obeyed; the same value is no change.
+// Statement 38: asked before, told after; a no is obeyed; each time, also with the value that is there.
 TEST_F(Notifications, AskBeforeAndTellAfterEachChange) {
     const auto page = as<IctlPPE>();
     page->put_BackColor(1);
@@ -214,7 +219,10 @@ TEST_F(Notifications, AskBeforeAndTellAfterEachChange) {
     sink.told.clear();
     page->put_BackColor(1);
     page->put_Enabled(42);  // any true
-    EXPECT_TRUE(sink.told.empty());
+    EXPECT_EQ(
+        sink.told,
+        (Told{
+            {'r', DISPID_BACKCOLOR}, {'c', DISPID_BACKCOLOR}, {'r', DISPID_ENABLED}, {'c', DISPID_ENABLED}}));
 }
 
 TEST_F(Notifications, TellOfANewFont) {

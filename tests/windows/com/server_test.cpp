@@ -1,7 +1,9 @@
 // The library as a server: its class object, its count of users, its registration.
 #include <algorithm>
 #include <map>
+#include <thread>
 
+#include "page/ctlPPE.ids.h"
 #include "tests/windows/com/control_test.h"
 #include "tests/windows/stage/messages.h"
 #include "tests/windows/stage/scratch_folder.h"
@@ -169,6 +171,31 @@ TEST_F(Server, IsCreatedUnloadedAndCreatedAgainByCom) {
         CoFreeUnusedLibrariesEx(0, 0);
     }
     EXPECT_EQ(library.unregisterServer(), S_OK);
+}
+
+// An add-in may hold its sink long after the connection has ended, and let go of it on any thread.
+TEST_F(Server, StaysLoadedWhileSomebodyHoldsTheSinkOfAnEvent) {
+    ASSERT_EQ(library.registerServer(), S_OK);
+    library.unload();
+    ASSERT_EQ(GetModuleHandleW(L"VexaPPE.ocx"), nullptr);
+    ASSERT_EQ(
+        CoCreateInstance(__uuidof(::ctlPPE), nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, control.outVoid()),
+        S_OK);
+    container.acceptAnything();
+    as<IOleObject>()->SetClientSite(container.site());
+    ASSERT_EQ(doVerb(OLEIVERB_SHOW), S_OK);
+    addIn.keepsSinks = true;
+    inDialog(IDC_cmdKnowledgeBase, [](HWND dialog) { SendMessageW(dialog, WM_CLOSE, 0, 0); });
+    end();
+    ASSERT_EQ(addIn.sinks(), 1u);
+
+    CoFreeUnusedLibrariesEx(0, 0);
+    ASSERT_NE(GetModuleHandleW(L"VexaPPE.ocx"), nullptr);
+    EXPECT_TRUE(FAILED(addIn.raiseProcessFinished(L"Mail", false)));
+    std::thread([&] { addIn.releaseKeptSinks(); }).join();
+    CoFreeUnusedLibrariesEx(0, 0);
+    EXPECT_EQ(GetModuleHandleW(L"VexaPPE.ocx"), nullptr);
+    EXPECT_EQ(Library().unregisterServer(), S_OK);
 }
 
 // The log of a process begins once, and the settings that were not applied stay, even where the library was
