@@ -79,11 +79,14 @@ std::size_t countHandles() {
 
 std::size_t countHeapBlocks() {
     std::size_t blocks = 0;
-    PROCESS_HEAP_ENTRY entry{};
-    const HANDLE heap = GetProcessHeap();
-    HeapLock(heap);
-    while (HeapWalk(heap, &entry)) blocks += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
-    HeapUnlock(heap);
+    HANDLE heaps[64];
+    const DWORD all = GetProcessHeaps(64, heaps);
+    for (DWORD i = 0; i < all; ++i) {
+        PROCESS_HEAP_ENTRY entry{};
+        HeapLock(heaps[i]);
+        while (HeapWalk(heaps[i], &entry)) blocks += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
+        HeapUnlock(heaps[i]);
+    }
     return blocks;
 }
 

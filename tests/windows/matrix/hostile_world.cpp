@@ -1,0 +1,250 @@
+#include "tests/windows/matrix/hostile_world.h"
+
+#include <ocidl.h>
+
+#include <chrono>
+#include <utility>
+
+#include "tests/windows/com/fake_bag.h"
+
+namespace tests {
+namespace {
+
+constexpr wchar_t ROOT[] = L"Software\\Norvane\\Quillmark";
+constexpr wchar_t PROFILE[] = L"Software\\Norvane\\Quillmark\\";
+constexpr wchar_t SEARCH_CLASS[] = L"Tests.SearchWindow";
+constexpr UINT TICK = 5;  // milliseconds
+constexpr std::chrono::seconds PATIENCE{15};
+
+HostileWorld* playing = nullptr;
+
+BOOL CALLBACK collectDialogs(HWND found, LPARAM dialogs) noexcept {
+    wchar_t name[16];
+    GetClassNameW(found, name, 16);
+    if (IsWindowVisible(found) && GetWindow(found, GW_OWNER) != nullptr && std::wstring(name) == L"#32770")
+        reinterpret_cast<std::vector<HWND>*>(dialogs)->insert(
+            reinterpret_cast<std::vector<HWND>*>(dialogs)->begin(), found);
+    return TRUE;
+}
+
+/// Closes a dialog as its user does, and answers a question by its refusal.
+void dismiss(HWND dialog) {
+    for (const WORD command : {IDNO, IDCANCEL, IDOK})
+        if (GetDlgItem(dialog, command) != nullptr) return void(PostMessageW(dialog, WM_COMMAND, command, 0));
+    PostMessageW(dialog, WM_CLOSE, 0, 0);
+}
+
+}  // namespace
+
+// --- Whom the control calls -------------------------------------------------------------------------------
+
+SearchWindow::SearchWindow(std::function<void(UINT)> heard) : heard_(std::move(heard)) {
+    WNDCLASSW windowClass{};
+    windowClass.lpfnWndProc = procedure;
+    windowClass.lpszClassName = SEARCH_CLASS;
+    RegisterClassW(&windowClass);
+    window_ = CreateWindowExW(0, SEARCH_CLASS, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+SearchWindow::~SearchWindow() { DestroyWindow(window_); }
+
+LRESULT CALLBACK SearchWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    auto* self = reinterpret_cast<SearchWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (self != nullptr && message >= WM_USER) self->heard_(message);
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+/// The host's sinks: of properties, of the view, of the object.
+class HostileWorld::Sink : public Local<IPropertyNotifySink> {
+public:
+    explicit Sink(HostileWorld& world) : world_(world), view(*this) {}
+    STDMETHODIMP OnChanged(DISPID) override { return called("OnChanged"); }
+    STDMETHODIMP OnRequestEdit(DISPID) override { return called("OnRequestEdit"); }
+
+private:
+    HRESULT called(const char* call) {
+        world_.called(call);
+        return S_OK;
+    }
+    struct View : Local<IAdviseSink> {
+        explicit View(Sink& sink) : whole(sink) {}
+        Sink& whole;
+        STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override {}
+        STDMETHODIMP_(void) OnViewChange(DWORD, LONG) override { whole.called("OnViewChange"); }
+        STDMETHODIMP_(void) OnRename(IMoniker*) override {}
+        STDMETHODIMP_(void) OnSave() override { whole.called("OnSave"); }
+        STDMETHODIMP_(void) OnClose() override { whole.called("OnClose"); }
+    };
+    HostileWorld& world_;
+
+public:
+    View view;
+};
+
+HostileWorld::HostileWorld() {
+    container.acceptAnything();
+    container.onCall = [this](const std::string& call) { called(call); };
+    addIn.during = [this](const std::string& call) { called(call); };
+    registry.put(ROOT, L"hWndSearchCtl",
+                 static_cast<std::int32_t>(reinterpret_cast<INT_PTR>(searchWindow_.window())));
+    registry.put(PROFILE, L"ProjectCount", 2);
+    registry.put(PROFILE, L"Project1", L"Mail");
+    registry.put(PROFILE, L"Project2", L"News");
+    registry.put(PROFILE, L"DefaultProject", L"Mail");
+}
+
+HostileWorld::~HostileWorld() { finish(); }
+
+void HostileWorld::called(const std::string& call) {
+    if (armed_ != call) return;
+    armed_.clear();
+    const auto reaction = std::exchange(reaction_, nullptr);
+    reaction();
+}
+
+void HostileWorld::arm(const std::string& call, std::function<void()> reaction) {
+    armed_ = call;
+    reaction_ = std::move(reaction);
+}
+
+// --- The control ------------------------------------------------------------------------------------------
+
+void HostileWorld::verb(LONG wanted) {
+    const IUnknown* const before = control.get();
+    const HRESULT answer =
+        object()->DoVerb(wanted, nullptr, container.site(), 0, window, &container.position);
+    if (control.get() != before) return;
+    const bool shown = frame() != nullptr && (GetWindowLongW(frame(), GWL_STYLE) & WS_VISIBLE) != 0;
+    EXPECT_TRUE(shown || FAILED(answer) || wanted == OLEIVERB_HIDE) << "verb " << wanted;
+    EXPECT_TRUE(!shown || SUCCEEDED(answer) || wanted == OLEIVERB_UIACTIVATE) << "verb " << wanted;
+}
+
+void HostileWorld::connectSinks() {
+    sink_ = std::make_unique<Sink>(*this);
+    com::Ptr<IConnectionPoint> point;
+    DWORD cookie = 0;
+    as<IConnectionPointContainer>()->FindConnectionPoint(IID_IPropertyNotifySink, point.out());
+    EXPECT_EQ(point->Advise(sink_.get(), &cookie), S_OK);
+    EXPECT_EQ(as<IOleObject>()->Advise(&sink_->view, &cookie), S_OK);
+    EXPECT_EQ(as<IViewObject2>()->SetAdvise(DVASPECT_CONTENT, 0, &sink_->view), S_OK);
+}
+
+void HostileWorld::prepare() {
+    disarm();
+    if (!IsWindow(window)) {
+        finish();
+        window = createContainerWindow();
+        container.moveTo(window);
+    }
+    if (isThere() && !bringIn()) finish();
+    if (isThere()) return;
+    create();
+    connectSinks();
+    EXPECT_TRUE(bringIn());
+}
+
+/// False where the page has ended.
+bool HostileWorld::bringIn() {
+    as<IOleObject>()->SetClientSite(container.site());
+    return SUCCEEDED(doVerb(OLEIVERB_UIACTIVATE));
+}
+
+void HostileWorld::finish() {
+    disarm();
+    if (control) {
+        as<IOleObject>()->Close(OLECLOSE_NOSAVE);
+        as<IOleObject>()->SetClientSite(nullptr);
+        EXPECT_EQ(control.detach()->Release(), 0u) << "somebody keeps the control";
+    }
+    pump();
+    EXPECT_EQ(library.canUnloadNow(), S_OK) << "something of the control is left";
+    EXPECT_EQ(container.references(), 1u) << "the control keeps its container";
+    EXPECT_EQ(addIn.sinks(), 0u) << "the control has not ended a connection";
+    verifyPairs();
+    container.forget();
+    sink_.reset();
+}
+
+/// What the container was told of a beginning it was told of the end of; but for its window, whose end it
+/// knows.
+void HostileWorld::verifyPairs() const {
+    using Pair = std::pair<const char*, const char*>;
+    std::vector<Pair> pairs{{"EnableModeless(FALSE)", "EnableModeless(TRUE)"}};
+    if (IsWindow(window))
+        pairs.insert(pairs.end(), {{"OnInPlaceActivateEx", "OnInPlaceDeactivate"},
+                                   {"OnUIActivate", "OnUIDeactivate"},
+                                   {"OnFocus(TRUE)", "OnFocus(FALSE)"}});
+    for (const auto& [beginning, ending] : pairs)
+        EXPECT_EQ(container.count(beginning), container.count(ending)) << beginning << ", " << ending;
+}
+
+// --- Playing ----------------------------------------------------------------------------------------------
+
+void HostileWorld::pump() {
+    bool quit = false;
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        quit = quit || message.message == WM_QUIT;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    if (quit) PostQuitMessage(0);
+}
+
+std::vector<HWND> HostileWorld::openDialogs() const {
+    std::vector<HWND> dialogs;
+    EnumThreadWindows(GetCurrentThreadId(), collectDialogs, reinterpret_cast<LPARAM>(&dialogs));
+    return dialogs;
+}
+
+void CALLBACK HostileWorld::tick(HWND, UINT, UINT_PTR, DWORD) noexcept {
+    if (playing != nullptr) playing->step();
+}
+
+/// Presses the next button once its dialog is there, then acts, then closes what is open.
+void HostileWorld::step() {
+    const std::vector<HWND> dialogs = openDialogs();
+    if (pressed_ < situation_->buttons.size()) {
+        const HWND parent = pressed_ == 0 ? pageWindow() : dialogs.empty() ? nullptr : dialogs.back();
+        const int button = situation_->buttons[pressed_];
+        if (GetDlgItem(parent, button) == nullptr) return;
+        ++pressed_;
+        return press(parent, button);
+    }
+    if (act_ != nullptr) {
+        if (dialogs.size() == situation_->depth) (*std::exchange(act_, nullptr))();
+        return;
+    }
+    if (!dialogs.empty()) dismiss(dialogs.back());
+}
+
+void HostileWorld::play(const Situation& situation, const std::function<void()>& act) {
+    playing = this;
+    situation_ = &situation;
+    act_ = &act;
+    pressed_ = 0;
+    const UINT_PTR timer = SetTimer(nullptr, 0, TICK, tick);
+    const auto end = std::chrono::steady_clock::now() + PATIENCE;
+    do {
+        pump();
+        MsgWaitForMultipleObjectsEx(0, nullptr, TICK, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    } while ((act_ != nullptr || !openDialogs().empty()) && std::chrono::steady_clock::now() < end);
+    KillTimer(nullptr, timer);
+    pump();
+    playing = nullptr;
+    EXPECT_EQ(std::exchange(act_, nullptr), nullptr) << "the situation did not come about";
+}
+
+void HostileWorld::verifyAtRest() {
+    MSG quit;
+    while (PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) continue;
+    EXPECT_TRUE(openDialogs().empty());
+    if (IsWindow(window)) {
+        EXPECT_TRUE(IsWindowEnabled(window));
+    }
+    EXPECT_EQ(addIn.sinks(), 0u) << "a dialog's connection is left";
+    EXPECT_TRUE(HeapValidate(GetProcessHeap(), 0, nullptr));
+}
+
+}  // namespace tests

@@ -1,0 +1,101 @@
+// A host in whose every call something happens: the control under test, everybody whom it calls, and the
+// dialogs that it has open.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "tests/windows/com/control_test.h"
+
+namespace tests {
+
+/// What the page has open, by the buttons that lead there: the first on the page, each further one in the
+/// innermost dialog; and how many dialogs are open then, one in the other.
+struct Situation {
+    const char* name;
+    std::vector<int> buttons;
+    std::size_t depth;
+    /// What the open dialogs are made from.
+    std::vector<int> templates = {};
+};
+
+/// A window that gets the messages for the add-in's search window.
+class SearchWindow {
+public:
+    explicit SearchWindow(std::function<void(UINT message)> heard);
+    SearchWindow(const SearchWindow&) = delete;
+    SearchWindow& operator=(const SearchWindow&) = delete;
+    ~SearchWindow();
+    [[nodiscard]] HWND window() const { return window_; }
+
+private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    std::function<void(UINT)> heard_;
+    HWND window_;
+};
+
+class HostileWorld : public ControlTest {
+public:
+    HostileWorld();
+    ~HostileWorld() override;
+
+    // --- The control. Null and empty where it is gone; the pointers own nothing, so that the host's one
+    // reference is the only one.
+    [[nodiscard]] IOleObject* object() const { return raw<IOleObject>(); }
+    [[nodiscard]] IOleInPlaceObject* inPlace() const { return raw<IOleInPlaceObject>(); }
+    [[nodiscard]] bool isThere() const { return static_cast<bool>(control); }
+    template <class Interface>
+    [[nodiscard]] Interface* raw() const {
+        return control ? control.as<Interface>().get() : nullptr;
+    }
+    /// Shows a verb's answer to be true. The control may be gone afterwards.
+    void verb(LONG verb);
+    void releaseLast() { control.reset(); }
+    [[nodiscard]] HWND hostWindow() const { return window; }
+    [[nodiscard]] HWND pageWindow() const { return isThere() && frame() ? page() : nullptr; }
+    [[nodiscard]] RunningAddIn& runningAddIn() { return addIn; }
+    [[nodiscard]] FakeContainer& host() { return container; }
+
+    // --- Playing.
+    /// Brings the page to the host's window, active, with nothing open; a new one where the last has ended.
+    void prepare();
+    /// Runs `act` in the situation, inside its innermost modal loop, and then ends everything that is open.
+    void play(const Situation& situation, const std::function<void()>& act);
+    /// The next call of this name runs `reaction` inside it, once.
+    void arm(const std::string& call, std::function<void()> reaction);
+    [[nodiscard]] bool hasReacted() const { return armed_.empty(); }
+    void disarm() { armed_.clear(); }
+    /// Looks for what must hold between two combinations.
+    void verifyAtRest();
+    /// Ends the control, and looks for what is left of it.
+    void finish();
+
+    /// Dispatches what is pending; the end of the thread's loop stays for whoever has to see it.
+    static void pump();
+    /// The dialogs and questions that are open, the innermost last.
+    [[nodiscard]] std::vector<HWND> openDialogs() const;
+    /// Presses a button of the page or of a dialog, later.
+    void press(HWND parent, int button) const { PostMessageW(GetDlgItem(parent, button), BM_CLICK, 0, 0); }
+
+private:
+    class Sink;
+
+    void called(const std::string& call);
+    [[nodiscard]] bool bringIn();
+    void connectSinks();
+    void verifyPairs() const;
+    void step();
+    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) noexcept;
+
+    SearchWindow searchWindow_{[this](UINT message) { called("message " + std::to_string(message)); }};
+    std::unique_ptr<Sink> sink_;
+    std::string armed_;
+    std::function<void()> reaction_;
+    // The script of `play`.
+    const Situation* situation_ = nullptr;
+    const std::function<void()>* act_ = nullptr;
+    std::size_t pressed_ = 0;
+};
+
+}  // namespace tests
