@@ -1,14 +1,41 @@
-# Test programs as CTest tests: native ones run as they are, Windows ones under Wine.
+# add_program_test(NAME TARGET [SHARDS COUNT]): a test program as CTest tests, each playing its share. Native ones run as
+# they are, Windows ones under Wine, each in a prefix of its own: of a prefix only one process can be the running add-in
+# or have the focus, and the control is registered there once.
 function(add_program_test name target)
-    if(WIN32)
-        add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/scripts/wine-run $<TARGET_FILE:${target}> ${ARGN})
+    cmake_parse_arguments(PARSE_ARGV 2 test "" SHARDS "")
+    if(NOT WIN32)
+        set(runner "")
+    elseif(CMAKE_SIZEOF_VOID_P EQUAL 8)
+        set(runner ${PROJECT_SOURCE_DIR}/scripts/wine-run)
     else()
-        add_test(NAME ${name} COMMAND ${target} ${ARGN})
+        set(runner ${PROJECT_SOURCE_DIR}/scripts/wine-root-run x86)
     endif()
-    set_tests_properties(${name} PROPERTIES TIMEOUT 1500)
+    if(NOT test_SHARDS)
+        set(test_SHARDS 1)
+    endif()
+    foreach(number RANGE 1 ${test_SHARDS})
+        set(shard ${name})
+        if(test_SHARDS GREATER 1)
+            set(shard ${name}-${number})
+        endif()
+        math(EXPR index "${number} - 1")
+        add_test(NAME ${shard} COMMAND ${runner} $<TARGET_FILE:${target}> --gtest_brief=1)
+        set_tests_properties(${shard} PROPERTIES TIMEOUT 1500 LABELS program ENVIRONMENT
+            "TEST_PREFIX=${shard};GTEST_TOTAL_SHARDS=${test_SHARDS};GTEST_SHARD_INDEX=${index}")
+    endforeach()
 endfunction()
 
-# What nearly every test includes takes longer to compile than the test itself.
-function(precompile_googletest target)
-    target_precompile_headers(${target} PRIVATE <gmock/gmock.h>)
+# What nearly every test includes: for test programs and, in native builds, for what they run on.
+set(test_header_list <gmock/gmock.h> ${standard_headers} <filesystem> <fstream> <sstream>)
+add_precompiled_headers(test_headers "project_options;GTest::gmock" ${test_header_list})
+set_target_properties(test_headers PROPERTIES OPTIMIZATION -O0)
+if(NOT WIN32)
+    add_precompiled_headers(stage_headers "project_options;GTest::gmock" ${test_header_list})
+endif()
+
+# Compiling the tests costs more than running them.
+function(compile_quickly target)
+    set_target_properties(${target} PROPERTIES OPTIMIZATION -O0)
+    target_precompile_headers(${target} REUSE_FROM test_headers)
+    compile_by_folder(${target})
 endfunction()

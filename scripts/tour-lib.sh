@@ -1,34 +1,16 @@
 # What the chapters of the tour are written with: open the page, press what is in it, wait for windows, take
 # pictures. Every wait ends as soon as what is waited for is there; a wait in vain ends the tour.
 # shellcheck shell=bash disable=SC2154
-source "$(dirname "${BASH_SOURCE[0]}")/wine-desktop.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/wine-lib.sh"
 cd "$root" || exit 1
 
-SCREEN=1280x900
-PATIENCE=30  # seconds until a wait is in vain
 pictures=$root/build/tour
 calls=$root/build/tour/calls.log
-display_process=
 workbench_process=
 
 say() { printf '== tour: %s\n' "$*"; }
 
 # --- Set-up -------------------------------------------------------------------------------------------------------
-
-start_display() {
-    [ -z "${DISPLAY:-}" ] || return 0
-    local number=99
-    while [ -e "/tmp/.X$number-lock" ]; do number=$((number + 1)); done
-    Xvfb ":$number" -screen 0 "${SCREEN}x24" -nolisten tcp >/dev/null 2>&1 &
-    display_process=$!
-    export DISPLAY=:$number
-    until_true xdotool getmouselocation || fail "Xvfb does not start"
-}
-
-release_prefix() {
-    wineserver --kill 2>/dev/null || true
-    wineserver --wait
-}
 
 end_tour() {
     local result=$?
@@ -37,19 +19,10 @@ end_tour() {
         printf 'error: the tour failed; build/tour/failure.png shows the screen\n' >&2
     fi
     if [ -n "${WINEPREFIX:-}" ]; then release_prefix; fi
-    if [ -n "$display_process" ]; then kill "$display_process" 2>/dev/null || true; fi
+    end_display
 }
 
 # --- Waiting ------------------------------------------------------------------------------------------------------
-
-# until_true COMMAND ...: runs it until it succeeds.
-until_true() {
-    local end=$((SECONDS + PATIENCE))
-    until "$@" >/dev/null 2>&1; do
-        [ "$SECONDS" -lt "$end" ] || return 1
-        sleep 0.1
-    done
-}
 
 not_running() { ! kill -0 "$1"; }
 
@@ -91,9 +64,6 @@ close_page() {
     until_true not_running "$workbench_process" || fail "the workbench does not end"
     wait "$workbench_process" || fail "the workbench ended with an error"
 }
-
-# The settings that the page has written.
-settings() { wine "$programs/workbench.exe" --dump 2>/dev/null | tr -d '\r'; }
 
 # --- Mouse and keyboard -------------------------------------------------------------------------------------------
 

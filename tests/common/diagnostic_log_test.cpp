@@ -11,7 +11,7 @@ namespace {
 
 using testing::IsEmpty;
 
-constexpr const wchar_t* ROOT_KEY = L"Software\\Norvane\\Quillmark";
+constexpr const wchar_t* PRODUCT_KEY = L"Software\\Norvane\\Quillmark";
 const std::string STAMP = "02/03/2026 09:05:07:004\t";
 
 class DiagnosticLogTest : public FormTest {
@@ -72,7 +72,7 @@ TEST_F(DiagnosticLogTest, TheSwitchIsAskedAtEachLine) {
 }
 
 TEST_F(DiagnosticLogTest, TheVersionIsTheFirstLineOnceInAProcess) {
-    stage->setValue(ROOT_KEY, L"AppVer", L"3.1.4");
+    stage->setValue(PRODUCT_KEY, L"AppVer", L"3.1.4");
     application.WriteLogLine(L"one");
     application.WriteLogLine(L"two");
     EXPECT_EQ(file(), STAMP + "3.1.4\r\n" + STAMP + "one\r\n" + STAMP + "two\r\n");
@@ -80,13 +80,13 @@ TEST_F(DiagnosticLogTest, TheVersionIsTheFirstLineOnceInAProcess) {
 }
 
 TEST_F(DiagnosticLogTest, AnEmptyVersionWritesNoLine) {
-    stage->setValue(ROOT_KEY, L"AppVer", L"");
+    stage->setValue(PRODUCT_KEY, L"AppVer", L"");
     application.WriteLogLine(L"one");
     EXPECT_EQ(file(), STAMP + "one\r\n");
 }
 
 TEST_F(DiagnosticLogTest, AVersionThatIsNoTextWritesNoLine) {
-    stage->setValue(ROOT_KEY, L"AppVer", vexa::Bytes{1, 2});
+    stage->setValue(PRODUCT_KEY, L"AppVer", vexa::Bytes{1, 2});
     application.WriteLogLine(L"one");
     EXPECT_EQ(file(), STAMP + "one\r\n");
 }
@@ -123,7 +123,7 @@ TEST_F(DiagnosticLogTest, TheFileIsOpenedForEveryLine) {
 
 TEST_F(DiagnosticLogTest, TheFirstLineTakesItsStepsInOrder) {
     writeStaleFile();
-    stage->setValue(ROOT_KEY, L"AppVer", L"3.1.4");
+    stage->setValue(PRODUCT_KEY, L"AppVer", L"3.1.4");
     calls.clear();
     application.WriteLogLine(L"one");
     const std::string folder = toUtf8(application.log.LogPath);
@@ -142,7 +142,7 @@ class LogFaults : public DiagnosticLogTest, public testing::WithParamInterface<c
 
 TEST_P(LogFaults, ALineThatIsLostLeavesTheNextOneToStartAFreshFile) {
     if (std::string(GetParam()) != "files createFolder") writeStaleFile();
-    stage->setValue(ROOT_KEY, L"AppVer", L"3.1.4");
+    stage->setValue(PRODUCT_KEY, L"AppVer", L"3.1.4");
     calls.failCallsWith(GetParam());
     application.WriteLogLine(L"lost");
     EXPECT_FALSE(calls.linesWith(GetParam()).empty());
@@ -157,7 +157,7 @@ INSTANTIATE_TEST_SUITE_P(Calls, LogFaults,
                                          "files write"));
 
 TEST_F(DiagnosticLogTest, ALineThatIsLostAfterTheVersionStartsAFreshFileToo) {
-    stage->setValue(ROOT_KEY, L"AppVer", L"3.1.4");
+    stage->setValue(PRODUCT_KEY, L"AppVer", L"3.1.4");
     calls.during("files write", [&] { calls.failCall(0); });  // the next write: that of the line itself
     application.WriteLogLine(L"lost");
     calls.forgetFaults();
@@ -167,7 +167,7 @@ TEST_F(DiagnosticLogTest, ALineThatIsLostAfterTheVersionStartsAFreshFileToo) {
 }
 
 TEST_F(DiagnosticLogTest, AVersionThatCannotBeReadIsLeftOut) {
-    stage->setValue(ROOT_KEY, L"AppVer", L"3.1.4");
+    stage->setValue(PRODUCT_KEY, L"AppVer", L"3.1.4");
     for (const char* failing : {"registry open", "registry query"}) {
         vexa::Application process(application.platform, application.screen);
         process.log.LogPath = application.log.LogPath;

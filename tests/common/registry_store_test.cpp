@@ -24,7 +24,7 @@ constexpr std::uint32_t REG_EXPAND_SZ_TYPE = 2;
 constexpr std::uint32_t REG_BINARY_TYPE = 3;
 constexpr std::uint32_t REG_DWORD_TYPE = 4;
 constexpr std::uint32_t REG_MULTI_SZ_TYPE = 7;
-constexpr std::uint32_t REG_QWORD_TYPE = 11;
+constexpr std::uint32_t QWORD_TYPE = 11;
 
 Bytes bytesOf(const std::string& text) { return {text.begin(), text.end()}; }
 
@@ -99,8 +99,8 @@ TEST_F(RegistryStore, BytesOfSizeZeroReadAsTheDefault) {
 
 TEST_F(RegistryStore, AnyOtherTypeReadsAsTheDefault) {
     const Bytes content = bytesOf(std::string("%TEMP%\0\0", 8));
-    for (const std::uint32_t type : {REG_NONE_TYPE, REG_EXPAND_SZ_TYPE, 5U, 6U, REG_MULTI_SZ_TYPE, 8U, 9U,
-                                     10U, REG_QWORD_TYPE, 0x12345U}) {
+    for (const std::uint32_t type :
+         {REG_NONE_TYPE, REG_EXPAND_SZ_TYPE, 5U, 6U, REG_MULTI_SZ_TYPE, 8U, 9U, 10U, QWORD_TYPE, 0x12345U}) {
         stage->setRawValue(KEY, L"Other", type, content);
         EXPECT_EQ(read(L"Other", L"default"), Value(L"default")) << "type " << type;
     }
@@ -216,7 +216,7 @@ TEST_F(RegistryStore, AValueThatDoesNotConvertIsNotWritten) {
 }
 
 TEST_F(RegistryStore, AnotherTypeCodeWritesNothing) {
-    for (const std::uint32_t code : {REG_NONE_TYPE, REG_EXPAND_SZ_TYPE, REG_MULTI_SZ_TYPE, REG_QWORD_TYPE})
+    for (const std::uint32_t code : {REG_NONE_TYPE, REG_EXPAND_SZ_TYPE, REG_MULTI_SZ_TYPE, QWORD_TYPE})
         write(L"Name", static_cast<ValueType>(code), L"abc");
     EXPECT_TRUE(calls.linesWith("registry set").empty());
     EXPECT_EQ(stage->value(KEY, L"Name"), std::nullopt);

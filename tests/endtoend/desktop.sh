@@ -3,7 +3,7 @@
 # changed in the registry with what shall be so; each comparison waits until it holds or patience ends.
 # shellcheck shell=bash disable=SC2034,SC2154
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
-built=$(cd "$programs" && pwd)
+built=$programs
 source "$root/scripts/tour-lib.sh"
 programs=$built
 calls=$work/calls.log
@@ -12,14 +12,6 @@ dpi=96
 checked_calls=0
 say() { printf '== %s\n' "$*"; }
 
-start_display_of_its_own() {
-    Xvfb -displayfd 1 -screen 0 "${SCREEN}x24" -nolisten tcp >"$work/display" 2>/dev/null &
-    display_process=$!
-    until_true test -s "$work/display" || fail "Xvfb does not start"
-    DISPLAY=:$(cat "$work/display")
-    export DISPLAY
-}
-
 end_desktop_test() {
     local result=$?
     if [ "$result" != 0 ]; then
@@ -27,14 +19,14 @@ end_desktop_test() {
         tail -n 20 "$calls" 2>/dev/null || true
     fi
     release_prefix
-    kill "$display_process" 2>/dev/null || true
+    end_display
     end_test
 }
 
 start_desktop() {
-    start_display_of_its_own
+    start_display
     trap end_desktop_test EXIT
-    prepare_prefix "$dpi" "$SCREEN"
+    prepare_prefix "$dpi" "$SCREEN" "desktop-$(basename "$0" .sh)"
     hold_prefix
     register_all
 }

@@ -2,27 +2,19 @@
 # that calls `check` for each thing it expects, and `finish` at its end.
 # shellcheck shell=bash
 set -euo pipefail
-root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-programs=${1:?"the folder of VexaPPE.ocx and workbench.exe"}
+source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/wine-lib.sh"
+programs=$(cd "${1:?"the folder of VexaPPE.ocx and workbench.exe"}" && pwd)
 work=$(mktemp -d)
 checks=0
 failures=0
 
-WINEPREFIX=$("$root/scripts/wine-prefix" tests)
-export WINEPREFIX WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+# Tests that run at the same time have prefixes of their own.
+use_prefix "$(basename "$0" .sh)"
 unset DISPLAY
 
 # Nothing here takes long; what hangs is ended and counts as failed.
 wine_program() { timeout 60 wine "$@"; }
 workbench() { wine_program "$programs/workbench.exe" "$@"; }
-windows_path() { printf 'Z:%s' "${1//\//\\}"; }
-settings() { workbench --dump | tr -d '\r'; }
-
-# One process of the prefix stays alive: a session that is just ending serves no calls between processes.
-hold_prefix() {
-    coproc HOLDER { exec wine cmd /c "set /p line=" 2>/dev/null; }
-}
-
 end_test() {
     # The end of its input ends the process that was held.
     if [ -n "${HOLDER[1]:-}" ]; then exec {HOLDER[1]}>&-; fi

@@ -2,30 +2,14 @@
 # The hover drawing of the composer's combos on a real display, at two resolutions: the pixels of both combos in each
 # state. Pictures of them, four times as large, stay in build/hover/.
 source "$(dirname "$0")/lib.sh"
-export DISPLAY
-
-# A display of its own, on the first free number from 120 on.
-start_display() {
-    local number=120
-    while [ -e "/tmp/.X$number-lock" ]; do number=$((number + 1)); done
-    DISPLAY=:$number
-    Xvfb "$DISPLAY" -screen 0 1280x900x24 -nolisten tcp >/dev/null 2>&1 &
-    display_process=$!
-    for _ in $(seq 100); do
-        xdotool getmouselocation >/dev/null 2>&1 && return
-        sleep 0.1
-    done
-    echo "Xvfb does not start"
-    exit 1
-}
-end_display() {
-    kill "$display_process" 2>/dev/null || true
+end_hover_test() {
+    end_display
     end_test
 }
-trap end_display EXIT
+trap end_hover_test EXIT
 
 start_display
-WINEPREFIX=$("$root/scripts/wine-prefix" desktop)
+use_prefix desktop-report_hover
 
 set_resolution() {
     wineserver --wait

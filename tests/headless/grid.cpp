@@ -5,11 +5,7 @@
 #include "tests/headless/window.h"
 
 namespace headless {
-namespace {
-
-constexpr int BACKSPACE = 0x08;
-
-}  // namespace
+namespace {}  // namespace
 
 bool Grid::wantsKey(const ui::KeyEvent& event) const {
     if (editedRow() != -1) return true;

@@ -7,6 +7,9 @@
 
 namespace headless {
 
+/// As a key and as a character.
+inline constexpr int BACKSPACE = 0x08;
+
 using Label = Typed<ui::Label>;
 using Frame = Typed<ui::Frame>;
 using Line = Typed<ui::Line>;

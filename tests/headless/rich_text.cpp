@@ -7,7 +7,6 @@
 namespace headless {
 namespace {
 
-constexpr int BACKSPACE = 0x08;
 constexpr wchar_t PARAGRAPH_END = L'\r';
 
 bool endsParagraph(const RichCharacter& character) { return character.character == PARAGRAPH_END; }

@@ -10,7 +10,6 @@
 namespace headless {
 namespace {
 
-constexpr int BACKSPACE = 0x08;
 constexpr int LETTER_WIDTH = 6;    // pixels
 constexpr int MOST_TYPED = 32767;  // characters that a text box takes from the keyboard
 

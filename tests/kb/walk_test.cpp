@@ -13,7 +13,7 @@ namespace {
 using ui::MessageAnswer;
 using vexa::frmKBConfiguration;
 
-constexpr int STEPS = 200'000;
+const int STEPS = walkLength(200'000);
 constexpr int STEPS_PER_OPENING = 400;
 
 const std::vector<std::wstring> NAMES{

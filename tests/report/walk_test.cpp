@@ -7,7 +7,7 @@
 namespace tests {
 namespace {
 
-constexpr int STEPS = 100'000;
+const int STEPS = walkLength(100'000);
 constexpr int MOST_TEXT = 300;  // characters of the body, so that a step stays cheap
 
 const std::vector<int> KEYS{key::left, key::right, key::up,    key::down,   key::home,  key::end,

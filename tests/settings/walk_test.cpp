@@ -13,7 +13,7 @@ using vexa::frmAttachment;
 using vexa::frmSettings;
 using vexa::Settings;
 
-constexpr int STEPS = 100'000;
+const int STEPS = walkLength(100'000);
 
 const std::vector<std::wstring> TEXTS{
     L"",      L"0",           L"5",  L"10",  L"60",    L"61",  L"100",   L"10000",      L"-1", L"abc",

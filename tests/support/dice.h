@@ -9,6 +9,12 @@
 
 namespace tests {
 
+/// The length of a walk: the number in the environment variable VEXA_STEPS, else `usual`.
+[[nodiscard]] inline int walkLength(int usual) {
+    const char* wanted = std::getenv("VEXA_STEPS");
+    return wanted ? std::atoi(wanted) : usual;
+}
+
 class Dice {
 public:
     /// The seed is the number in the environment variable VEXA_SEED, else another one in each run.
