@@ -2,8 +2,8 @@
 // key, type, default and order are written down. Load, Apply, the documentation and the tests come from it.
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -36,7 +36,12 @@ struct Settings {
     bool DisplayTextMarks{};
     bool KeepHighlights{};
     std::int32_t ColorHotSpots{};
-    std::array<std::int32_t, 6> Penalty{};
+    std::int32_t Penalty0{};
+    std::int32_t Penalty1{};
+    std::int32_t Penalty2{};
+    std::int32_t Penalty3{};
+    std::int32_t Penalty4{};
+    std::int32_t Penalty5{};
     bool AddAttachments{};
     bool AddAllAttachments{};
     bool AddSizelimitedAttachments{};
@@ -49,11 +54,13 @@ struct Settings {
 enum class SettingKey { root, profile };
 
 /// Where a setting lives in the record.
-struct PenaltyLevel {
-    int level;
+using SettingMember = std::variant<std::wstring Settings::*, std::int32_t Settings::*, bool Settings::*>;
+
+/// Of a number that the user types; inclusive.
+struct Bounds {
+    std::int32_t minimum;
+    std::int32_t maximum;
 };
-using SettingMember =
-    std::variant<std::wstring Settings::*, std::int32_t Settings::*, bool Settings::*, PenaltyLevel>;
 
 struct Setting {
     const wchar_t* name;
@@ -62,6 +69,7 @@ struct Setting {
     Value defaultValue;  ///< flags as integers: 0, 1 or the automation true, -1
     int applyOrder;      ///< position among Apply's writes from 1; 0 is never written
     const wchar_t* meaning;
+    std::optional<Bounds> bounds{};
 };
 
 /// In the order in which they are read at start.
@@ -79,6 +87,9 @@ template <class T>
     }
     throw std::logic_error("the catalogue lacks a member of the record");
 }
+
+/// The bounds that the catalogue gives a number. Throws std::logic_error where it gives none.
+[[nodiscard]] Bounds boundsOf(std::int32_t Settings::*number);
 
 /// Puts a value of the setting's own type (flags: an integer, not 0 is true) into the record.
 void storeSetting(Settings& settings, const Setting& setting, const Value& value);

@@ -55,6 +55,9 @@ void frmKnowledgeBase::selectDrive(const std::wstring& drive) {
 
 void frmKnowledgeBase::drvVexaBaseDir_Change() {
     const std::wstring drive = drvVexaBaseDir.item(drvVexaBaseDir.selectedIndex());
+    Conversions& conversions = application_.platform.conversions;
+    // The drive that is shown, chosen again, is no change.
+    if (conversions.lower(drive) == conversions.lower(driveOf(folders_.path()))) return;
     try {
         folders_.setPath(drive + L"\\");
     } catch (const Error&) {

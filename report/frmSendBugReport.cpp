@@ -20,6 +20,11 @@ constexpr const wchar_t* bodyFonts[] = {L"MS Sans Serif", L"Microsoft Sans Serif
 /// The blank keeps the column of numbers aligned.
 constexpr const wchar_t* fontSizes[] = {L" 8", L"10", L"12", L"14", L"18", L"24", L"36"};
 
+// What the composer says.
+constexpr const wchar_t* MESSAGE_TITLE = L"Quillmark";
+constexpr const wchar_t* SENDING_FAILED = L"Error sending bug report: ";
+constexpr const wchar_t* NO_ADD_IN = L"The add-in is not running.";
+
 /// One of the screen's fonts, so that the combo can show it.
 std::wstring bodyFont(const std::vector<std::wstring>& fonts) {
     for (const wchar_t* font : bodyFonts)
@@ -63,21 +68,26 @@ void frmSendBugReport::connectHandlers() {
 // --- Opening, sizes and closing ---------------------------------------------------------------------------
 
 void frmSendBugReport::Form_Load() {
-    attempt([&] { txtTo.setText(application_.readText(RootKey, valueName::SendTo, L"")); });
-    // An empty recipient is no change, yet the rule holds from the start.
-    txtTo_Change();
-    attempt([&] { txtCc.setText(L""); });
-    attempt([&] { setMinimumSize(); });
-    attempt([&] { placeCombo(cboFontname, propertyButton::fontname); });
-    attempt([&] { placeCombo(cboFontsize, propertyButton::fontsize); });
-    enableFormatting(false);
-    fillFontCombos();
-    attempt([&] { startHoverTimer(); });
+    using Step = void (frmSendBugReport::*)();
+    constexpr Step steps[] = {&frmSendBugReport::readRecipient,     &frmSendBugReport::txtTo_Change,
+                              &frmSendBugReport::setMinimumSize,    &frmSendBugReport::placeCombos,
+                              &frmSendBugReport::disableFormatting, &frmSendBugReport::fillFontnames,
+                              &frmSendBugReport::fillFontsizes,     &frmSendBugReport::startHoverTimer};
+    for (const Step step : steps) attempt([&] { (this->*step)(); });
     Form_Resize();
+}
+
+void frmSendBugReport::readRecipient() {
+    txtTo.setText(application_.readText(RootKey, valueName::SendTo, L""));
 }
 
 void frmSendBugReport::setMinimumSize() {
     minimumSize_ = {MINIMUM_WIDTH, rtfBody.bounds().top + 3 * txtSubject.bounds().height};
+}
+
+void frmSendBugReport::placeCombos() {
+    placeCombo(cboFontname, propertyButton::fontname);
+    placeCombo(cboFontsize, propertyButton::fontsize);
 }
 
 void frmSendBugReport::placeCombo(ui::ComboBox& combo, int button) {
@@ -88,18 +98,17 @@ void frmSendBugReport::placeCombo(ui::ComboBox& combo, int button) {
     combo.move({toolbar.left + place.left, toolbar.top + place.top, place.width, before.height});
 }
 
-void frmSendBugReport::fillFontCombos() {
+void frmSendBugReport::fillFontnames() {
     std::vector<std::wstring> fonts;
     attempt([&] { fonts = application_.screen.fonts(); });
-    attempt([&] { rtfBody.setDefaultFont(bodyFont(fonts), BODY_FONT_SIZE); });
-    attempt([&] {
-        for (const std::wstring& font : fonts) cboFontname.add(font);
-    });
-    attempt([&] { selectFontname(rtfBody.fontName()); });
-    attempt([&] {
-        for (const wchar_t* size : fontSizes) cboFontsize.add(size);
-    });
-    attempt([&] { selectFontsize(rtfBody.fontSize()); });
+    rtfBody.setDefaultFont(bodyFont(fonts), BODY_FONT_SIZE);
+    for (const std::wstring& font : fonts) cboFontname.add(font);
+    selectFontname(rtfBody.fontName());
+}
+
+void frmSendBugReport::fillFontsizes() {
+    for (const wchar_t* size : fontSizes) cboFontsize.add(size);
+    selectFontsize(rtfBody.fontSize());
 }
 
 void frmSendBugReport::Form_Resize() {
@@ -143,9 +152,8 @@ void frmSendBugReport::enableFormatting(bool on) {
     attempt([&] {
         for (int button = propertyButton::fontname; button <= tbrProperties.count(); ++button)
             tbrProperties.setButtonEnabled(button, on);
+        for (ui::ComboBox* combo : {&cboFontname, &cboFontsize}) combo->setEnabled(on);
     });
-    attempt([&] { cboFontname.setEnabled(on); });
-    attempt([&] { cboFontsize.setEnabled(on); });
 }
 
 // --- The hover timer --------------------------------------------------------------------------------------
@@ -196,7 +204,7 @@ void frmSendBugReport::send(std::int32_t importanceCode) {
     const MailReport mail = report(importanceCode);
     // The call's own reference: the page may close while the add-in works.
     const std::shared_ptr<AddIn> addIn = application_.addIn;
-    if (!addIn) throw Error(L"The add-in is not running.");
+    if (!addIn) throw Error(NO_ADD_IN);
     addIn->SendMail(mail);
     sending_ = false;
     Unload();
@@ -215,9 +223,8 @@ MailReport frmSendBugReport::report(std::int32_t importanceCode) const {
 
 void frmSendBugReport::reportFailedSend() {
     attempt([&] {
-        application_.screen.showMessage(
-            &window(), {L"Error sending bug report: " + currentErrorDescription(), L"Quillmark",
-                        ui::MessageIcon::exclamation, ui::MessageButtons::ok});
+        application_.screen.showMessage(&window(), {SENDING_FAILED + currentErrorDescription(), MESSAGE_TITLE,
+                                                    ui::MessageIcon::exclamation, ui::MessageButtons::ok});
     });
 }
 

@@ -33,9 +33,13 @@ protected:
 
 private:
     void connectHandlers();
+    void readRecipient();
     void setMinimumSize();
+    void placeCombos();
     void placeCombo(ui::ComboBox& combo, int button);
-    void fillFontCombos();
+    void disableFormatting() { enableFormatting(false); }
+    void fillFontnames();
+    void fillFontsizes();
     void startHoverTimer();
     void stopHoverTimer() noexcept;
     void layOut();

@@ -25,17 +25,14 @@ NumericEntryField::NumericEntryField(ui::TextBox& textBox, ui::UpDown& upDown, B
                                      Conversions& conversions)
     : text_(textBox), upDown_(upDown), conversions_(conversions) {
     upDown_.setBounds(bounds.minimum, bounds.maximum);
+    text_.onChange = [this] { attempt([this] { textChanged(); }); };
     upDown_.onChange = [this] {
         if (linked_) attempt([this] { showValue(); });
     };
     attempt([this] { showValue(); });
 }
 
-void NumericEntryField::textChanged() noexcept {
-    attempt([this] { applyRule(); });
-}
-
-void NumericEntryField::applyRule() {
+void NumericEntryField::textChanged() {
     const std::wstring text = text_.text();
     if (text.empty()) return setUnlinked(upDown_.minimum());
     const std::optional<std::int32_t> number = toNumber(conversions_, text);

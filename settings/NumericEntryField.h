@@ -3,6 +3,7 @@
 #pragma once
 
 #include "common/platform.h"
+#include "common/settings.h"
 #include "ui/controls.h"
 #include "ui/updown.h"
 
@@ -12,23 +13,18 @@ namespace vexa {
 /// the text as plain digits. No text is ever an error: it is corrected or tolerated silently.
 class NumericEntryField {
 public:
-    /// Inclusive.
-    struct Bounds {
-        std::int32_t minimum;
-        std::int32_t maximum;
-    };
-
-    /// The field starts at its minimum, in both controls.
+    /// Hears both controls from now on, so they must not outlive it. The field starts at its minimum, in
+    /// both.
     NumericEntryField(ui::TextBox& textBox, ui::UpDown& upDown, Bounds bounds, Conversions& conversions);
-
-    /// The rule, to be run after every change of the text. A number within the bounds becomes the value. An
-    /// empty text stays and stands for the minimum; a text that is no 32-bit number is replaced by the last
-    /// value; a number above the maximum becomes the maximum; one below the minimum stays as typed and
-    /// leaves the value alone, so that numbers can be typed digit by digit.
-    void textChanged() noexcept;
+    NumericEntryField(const NumericEntryField&) = delete;
+    NumericEntryField& operator=(const NumericEntryField&) = delete;
 
 private:
-    void applyRule();
+    /// The rule, run after every change of the text. A number within the bounds becomes the value. An empty
+    /// text stays and stands for the minimum; a text that is no 32-bit number is replaced by the last value;
+    /// a number above the maximum becomes the maximum; one below the minimum stays as typed and leaves the
+    /// value alone, so that numbers can be typed digit by digit.
+    void textChanged();
     /// The text stays as it is.
     void setUnlinked(std::int32_t value);
     void setToMaximum();

@@ -57,7 +57,13 @@ frmAttachment::frmAttachment(Application& application, ui::Window& owner)
       cmdOk(window().control<ui::Button>(IDC_cmdOk)),
       cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
       application_(application),
-      maxSize_(txtMaxSize, updMaxSize, {1, 65000}, application.platform.conversions),
+      maxSize_(txtMaxSize, updMaxSize, boundsOf(&Settings::AttachmentsMaxSize),
+               application.platform.conversions),
+      table_{{chkKBAdd, &Settings::AddAttachments},
+             {optKBAddAll[0], &Settings::AddAllAttachments},
+             {optKBAddAll[1], &Settings::AddSizelimitedAttachments},
+             {updMaxSize, &Settings::AttachmentsMaxSize},
+             {chkFindAtt, &Settings::AddAttachmentsToQuery}},
       pages_{
           {{&fraAttKB, &chkKBAdd, &optKBAddAll[0].get(), &optKBAddAll[1].get(), &lblMaxSize, &txtMaxSize,
             &updMaxSize, &chkFindAtt},
@@ -77,7 +83,6 @@ void frmAttachment::connectHandlers() {
     sstAttachments.onClick = [this] { sstAttachments_Click(); };
     chkKBAdd.onClick = [this] { chkKBAdd_Click(); };
     for (ui::OptionButton& option : optKBAddAll) option.onClick = [this] { optKBAddAll_Click(); };
-    txtMaxSize.onChange = [this] { txtMaxSize_Change(); };
     cmdAdd.onClick = [this] { cmdAdd_Click(); };
     cmdRemove.onClick = [this] { cmdRemove_Click(); };
     lstAvailable.onKeyDown = [this](ui::KeyEvent& event) { lstAvailable_KeyDown(event); };
@@ -90,19 +95,10 @@ void frmAttachment::connectHandlers() {
 
 void frmAttachment::Form_Load() {
     attempt([&] { showPage(TAB_KNOWLEDGEBASE); });
-    loadOptions();
+    loadTable(table_, application_.settings);
+    chkKBAdd_Click();
     loadExtensions();
     attempt([&] { enableMoveButtons(); });
-}
-
-void frmAttachment::loadOptions() {
-    const Settings& settings = application_.settings;
-    attempt([&] { chkKBAdd.setChecked(settings.AddAttachments); });
-    attempt([&] { optKBAddAll[0].get().setSelected(settings.AddAllAttachments); });
-    attempt([&] { optKBAddAll[1].get().setSelected(settings.AddSizelimitedAttachments); });
-    attempt([&] { updMaxSize.setValue(settings.AttachmentsMaxSize); });
-    attempt([&] { chkFindAtt.setChecked(settings.AddAttachmentsToQuery); });
-    chkKBAdd_Click();
 }
 
 void frmAttachment::loadExtensions() {
@@ -200,11 +196,7 @@ void frmAttachment::showPage(int tab) {
 
 void frmAttachment::cmdOK_Click() {
     attempt([&] { storeSelectedExtensions(); });
-    attempt([&] { store(&Settings::AddAttachments, chkKBAdd.checked()); });
-    attempt([&] { store(&Settings::AddAllAttachments, optKBAddAll[0].get().selected()); });
-    attempt([&] { store(&Settings::AddSizelimitedAttachments, optKBAddAll[1].get().selected()); });
-    attempt([&] { store(&Settings::AttachmentsMaxSize, updMaxSize.value()); });
-    attempt([&] { store(&Settings::AddAttachmentsToQuery, chkFindAtt.checked()); });
+    for (const SettingRow& row : table_) attempt([&] { store(row); });
     Unload();
 }
 
@@ -215,10 +207,9 @@ void frmAttachment::storeSelectedExtensions() {
                            joinExtensions(itemsOf(lstSelected)));
 }
 
-template <class T>
-void frmAttachment::store(T Settings::*setting, T value) {
-    application_.writeInteger(application_.ProfileKey, settingOf(setting).name, value);
-    application_.settings.*setting = value;
+void frmAttachment::store(const SettingRow& row) {
+    application_.writeInteger(application_.ProfileKey, row.setting().name, row.shown());
+    row.store(application_.settings);
 }
 
 }  // namespace vexa

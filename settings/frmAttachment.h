@@ -5,8 +5,8 @@
 #include <functional>
 #include <vector>
 
-#include "common/application.h"
 #include "settings/NumericEntryField.h"
+#include "settings/setting_row.h"
 #include "ui/form.h"
 #include "ui/listbox.h"
 #include "ui/tabstrip.h"
@@ -45,14 +45,12 @@ private:
     void sstAttachments_Click();
     void chkKBAdd_Click();
     void optKBAddAll_Click();
-    void txtMaxSize_Change() { maxSize_.textChanged(); }
     void cmdAdd_Click();
     void cmdRemove_Click();
     void lstAvailable_KeyDown(ui::KeyEvent& event);
     void lstSelected_KeyDown(ui::KeyEvent& event);
     void cmdOK_Click();
 
-    void loadOptions();
     void loadExtensions();
     [[nodiscard]] std::vector<std::wstring> readExtensions(const wchar_t* name);
     void enableSizeField(bool enabled);
@@ -61,13 +59,12 @@ private:
     static void moveItems(ui::ListBox& source, ui::ListBox& target);
     void showPage(int tab);
     void storeSelectedExtensions();
-
-    /// Writes a value to the registry at once and then copies it into the settings record.
-    template <class T>
-    void store(T Settings::*setting, T value);
+    /// Writes the value to the registry at once and then copies it into the settings record.
+    void store(const SettingRow& row);
 
     Application& application_;
     NumericEntryField maxSize_;
+    SettingTable table_;
     bool allSelectedShown_ = false;
     /// The controls of each tab.
     std::array<std::vector<ui::Control*>, 2> pages_;

@@ -2,7 +2,6 @@
 
 #include "common/guarded.h"
 #include "settings/frmDispMatches.ids.h"
-#include "settings/setting_update.h"
 #include "ui/dialog_ids.h"
 
 namespace vexa {
@@ -25,7 +24,16 @@ frmDispMatches::frmDispMatches(Application& application, ui::Window& owner)
       chkKeepHighlights(window().control<ui::CheckBox>(IDC_chkKeepHighlights)),
       cmdOk(window().control<ui::Button>(IDC_cmdOk)),
       cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
-      application_(application) {
+      application_(application),
+      table_{{optDisplayMatches[0], &Settings::DisplayHotSpots},
+             {chkKeepHighlights, &Settings::KeepHighlights},
+             {lblSelHotspotColor, &Settings::ColorHotSpots},
+             {lblPenalty[0], &Settings::Penalty0},
+             {lblPenalty[1], &Settings::Penalty1},
+             {lblPenalty[2], &Settings::Penalty2},
+             {lblPenalty[3], &Settings::Penalty3},
+             {lblPenalty[4], &Settings::Penalty4},
+             {lblPenalty[5], &Settings::Penalty5}} {
     for (ui::OptionButton& option : optDisplayMatches) option.onClick = [this] { optDisplayMatches_Click(); };
     lblSelHotspotColor.onClick = [this] { lblSelHotspotColor_Click(); };
     lblSelHotspotColor.setTooltip(SWATCH_TOOLTIP);
@@ -38,13 +46,11 @@ frmDispMatches::frmDispMatches(Application& application, ui::Window& owner)
 }
 
 void frmDispMatches::Form_Load() {
-    const Settings& settings = application_.settings;
-    attempt([&] { optDisplayMatches[0].get().setSelected(settings.DisplayHotSpots); });
-    attempt([&] { optDisplayMatches[1].get().setSelected(settings.DisplayTextMarks); });
-    attempt([&] { chkKeepHighlights.setChecked(settings.KeepHighlights); });
-    attempt([&] { lblSelHotspotColor.setColour(settings.ColorHotSpots); });
-    for (std::size_t level = 0; level < lblPenalty.size(); ++level)
-        attempt([&] { lblPenalty[level].get().setColour(settings.Penalty[level]); });
+    loadTable(table_, application_.settings);
+    // Of two options that are both stored the second wins.
+    attempt([&] {
+        if (application_.settings.DisplayTextMarks) optDisplayMatches[1].get().setSelected(true);
+    });
 }
 
 void frmDispMatches::optDisplayMatches_Click() {
@@ -70,19 +76,9 @@ void frmDispMatches::pickColour(ui::Swatch& swatch, const std::wstring& title) {
 }
 
 void frmDispMatches::cmdOK_Click() {
-    attempt([&] { store(); });
+    storeTable(table_, application_);
+    application_.settings.DisplayTextMarks = !application_.settings.DisplayHotSpots;
     Unload();
-}
-
-void frmDispMatches::store() {
-    Settings& settings = application_.settings;
-    SettingUpdate update(application_.flags);
-    update(settings.DisplayHotSpots, optDisplayMatches[0].get().selected());
-    settings.DisplayTextMarks = !settings.DisplayHotSpots;
-    update(settings.KeepHighlights, chkKeepHighlights.checked());
-    update(settings.ColorHotSpots, lblSelHotspotColor.colour());
-    for (std::size_t level = 0; level < lblPenalty.size(); ++level)
-        update(settings.Penalty[level], lblPenalty[level].get().colour());
 }
 
 }  // namespace vexa

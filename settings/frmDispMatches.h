@@ -4,7 +4,7 @@
 #include <array>
 #include <functional>
 
-#include "common/application.h"
+#include "settings/setting_row.h"
 #include "ui/form.h"
 
 namespace vexa {
@@ -31,9 +31,9 @@ private:
     void cmdOK_Click();
 
     void pickColour(ui::Swatch& swatch, const std::wstring& title);
-    void store();
 
     Application& application_;
+    SettingTable table_;
 };
 
 }  // namespace vexa

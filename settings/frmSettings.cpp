@@ -3,7 +3,6 @@
 #include "common/guarded.h"
 #include "common/knowledgebase_names.h"
 #include "settings/frmSettings.ids.h"
-#include "settings/setting_update.h"
 #include "ui/dialog_ids.h"
 
 namespace vexa {
@@ -50,18 +49,22 @@ frmSettings::frmSettings(Application& application, ui::Window& owner, ReportOpen
       cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
       application_(application),
       openReport_(std::move(openReport)),
-      delay_(txtDelay, updDelay, {0, 60}, application.platform.conversions),
-      entryCount_(txtEntryCount, updEntryCount, {10, 10000}, application.platform.conversions),
-      minRel_(txtMinRel, updMinRel, {0, 100}, application.platform.conversions) {
+      delay_(txtDelay, updDelay, boundsOf(&Settings::AutoFindDelay), application.platform.conversions),
+      entryCount_(txtEntryCount, updEntryCount, boundsOf(&Settings::MaxEntries),
+                  application.platform.conversions),
+      minRel_(txtMinRel, updMinRel, boundsOf(&Settings::MinRel), application.platform.conversions),
+      table_{{updEntryCount, &Settings::MaxEntries},
+             {updMinRel, &Settings::MinRel},
+             {chkAutoInfo, &Settings::AutoInfo},
+             {updDelay, &Settings::AutoFindDelay},
+             {cboSearchShortcut, &Settings::FindShortcut},
+             {chkLoggingInformation, &Settings::LoggingInformation}} {
     connectHandlers();
 }
 
 void frmSettings::connectHandlers() {
     chkAutoInfo.onClick = [this] { chkAutoInfo_Click(); };
     chkLoggingInformation.onClick = [this] { chkLoggingInformation_Click(); };
-    txtDelay.onChange = [this] { txtDelay_Change(); };
-    txtEntryCount.onChange = [this] { txtEntryCount_Change(); };
-    txtMinRel.onChange = [this] { txtMinRel_Change(); };
     cmdSendLog.onClick = [this] { cmdSendLog_Click(); };
     cmdOk.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { Unload(); };
@@ -70,7 +73,6 @@ void frmSettings::connectHandlers() {
 // --- Loading ----------------------------------------------------------------------------------------------
 
 void frmSettings::Form_Load() {
-    const Settings& settings = application_.settings;
     flagsBefore_ = application_.flags;
     application_.flags.defaultKnowledgebaseChanged = false;
     application_.flags.shortcutChanged = false;
@@ -78,12 +80,9 @@ void frmSettings::Form_Load() {
     attempt([&] { listKnowledgebases(); });
     attempt([&] { selectDefaultKnowledgebase(); });
     attempt([&] { listShortcuts(); });
-    attempt([&] { updEntryCount.setValue(settings.MaxEntries); });
-    attempt([&] { updMinRel.setValue(settings.MinRel); });
-    loadAutomaticSearch();
-    attempt([&] { updDelay.setValue(settings.AutoFindDelay); });
+    loadTable(table_, application_.settings);
+    attempt([&] { selectScope(); });
     chkAutoInfo_Click();
-    attempt([&] { chkLoggingInformation.setChecked(settings.LoggingInformation); });
     chkLoggingInformation_Click();
 }
 
@@ -109,17 +108,11 @@ void frmSettings::selectDefaultKnowledgebase() {
 
 void frmSettings::listShortcuts() {
     for (const wchar_t* shortcut : SHORTCUTS) cboSearchShortcut.add(shortcut);
-    cboSearchShortcut.select(application_.settings.FindShortcut);
 }
 
-void frmSettings::loadAutomaticSearch() {
-    const Settings& settings = application_.settings;
-    attempt([&] { chkAutoInfo.setChecked(settings.AutoInfo); });
-    attempt([&] { optAutoInfo[0].get().setSelected(settings.AutoFindUnread); });
-    attempt([&] { optAutoInfo[1].get().setSelected(settings.AutoFindAll); });
-    attempt([&] {
-        if (!settings.AutoFindUnread && !settings.AutoFindAll) optAutoInfo[0].get().setSelected(true);
-    });
+void frmSettings::selectScope() {
+    // Of two that are both stored the second wins; where none is stored the first is shown.
+    optAutoInfo[application_.settings.AutoFindAll ? 1 : 0].get().setSelected(true);
 }
 
 // --- Enabling ---------------------------------------------------------------------------------------------
@@ -149,13 +142,10 @@ void frmSettings::cmdSendLog_Click() {
 
 void frmSettings::cmdOK_Click() {
     attempt([&] { storeDefaultKnowledgebase(); });
-    attempt([&] { storeResultLimits(); });
-    attempt([&] { storeAutomaticSearch(); });
-    attempt([&] { storeShortcut(); });
-    attempt([&] {
-        SettingUpdate(application_.flags)(application_.settings.LoggingInformation,
-                                          chkLoggingInformation.checked());
-    });
+    const std::int32_t shortcut = application_.settings.FindShortcut;
+    storeTable(table_, application_);
+    if (application_.settings.FindShortcut != shortcut) application_.flags.shortcutChanged = true;
+    storeScope();
     flagsBefore_.reset();
     Unload();
 }
@@ -176,28 +166,14 @@ void frmSettings::storeDefaultKnowledgebase() {
     application_.settings.DefaultProject = none ? std::wstring() : name;
 }
 
-void frmSettings::storeResultLimits() {
-    SettingUpdate update(application_.flags);
-    update(application_.settings.MaxEntries, updEntryCount.value());
-    update(application_.settings.MinRel, updMinRel.value());
-}
-
-void frmSettings::storeAutomaticSearch() {
+void frmSettings::storeScope() {
     Settings& settings = application_.settings;
-    SettingUpdate update(application_.flags);
-    update(settings.AutoInfo, chkAutoInfo.checked());
     const bool unread = optAutoInfo[0].get().selected();
-    if (unread != settings.AutoFindUnread || optAutoInfo[1].get().selected() != settings.AutoFindAll)
+    const bool all = optAutoInfo[1].get().selected();
+    if (unread != settings.AutoFindUnread || all != settings.AutoFindAll)
         application_.flags.dialogChanged = true;
     settings.AutoFindUnread = settings.AutoInfo && unread;
     settings.AutoFindAll = settings.AutoInfo && !unread;
-    update(settings.AutoFindDelay, updDelay.value());
-}
-
-void frmSettings::storeShortcut() {
-    const std::int32_t index = cboSearchShortcut.selectedIndex();
-    if (SettingUpdate(application_.flags)(application_.settings.FindShortcut, index))
-        application_.flags.shortcutChanged = true;
 }
 
 }  // namespace vexa

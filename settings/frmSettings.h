@@ -6,8 +6,8 @@
 #include <functional>
 #include <optional>
 
-#include "common/application.h"
 #include "settings/NumericEntryField.h"
+#include "settings/setting_row.h"
 #include "ui/form.h"
 
 namespace vexa {
@@ -47,26 +47,22 @@ private:
     void chkLoggingInformation_Click();
     void cmdSendLog_Click();
     void cmdOK_Click();
-    void txtDelay_Change() { delay_.textChanged(); }
-    void txtEntryCount_Change() { entryCount_.textChanged(); }
-    void txtMinRel_Change() { minRel_.textChanged(); }
 
     void readDefaultProject();
     void listKnowledgebases();
     void selectDefaultKnowledgebase();
     void listShortcuts();
-    void loadAutomaticSearch();
+    void selectScope();
 
     void storeDefaultKnowledgebase();
-    void storeResultLimits();
-    void storeAutomaticSearch();
-    void storeShortcut();
+    void storeScope();
 
     Application& application_;
     ReportOpener openReport_;
     NumericEntryField delay_;
     NumericEntryField entryCount_;
     NumericEntryField minRel_;
+    SettingTable table_;
     /// For Cancel; nothing before the form has loaded and after OK.
     std::optional<ChangeFlags> flagsBefore_;
 };

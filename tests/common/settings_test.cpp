@@ -3,15 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <set>
 
 #include "tests/stage/form_test.h"
+#include "tests/support/known_settings.h"
 #include "tests/support/text.h"
 
 namespace tests {
 namespace {
 
-using testing::ElementsAreArray;
 using vexa::Setting;
 using vexa::SettingKey;
 using vexa::Settings;
@@ -39,16 +38,28 @@ Value anotherValue(const Setting& one) {
 
 // --- The table --------------------------------------------------------------------------------------------
 
-TEST(SettingsCatalogue, NamesNoValueTwice) {
-    std::set<std::wstring> names;
-    for (const Setting& one : vexa::settingsCatalogue())
-        EXPECT_TRUE(names.insert(one.name).second) << toUtf8(one.name);
+TEST(SettingsCatalogue, ReadsTheKnownSettingsInTheirOrderWithTheirDefaultsAndWritesThemInTheirs) {
+    const auto catalogue = vexa::settingsCatalogue();
+    ASSERT_EQ(catalogue.size(), knownSettings().size());
+    for (std::size_t index = 0; index < catalogue.size(); ++index) {
+        const KnownSetting& known = knownSettings()[index];
+        EXPECT_EQ(toUtf8(catalogue[index].name), known.name) << index;
+        EXPECT_EQ(vexa::settingValue(Settings(), catalogue[index]), known.standard) << known.name;
+        EXPECT_EQ(catalogue[index].applyOrder, known.written) << known.name;
+        EXPECT_EQ(catalogue[index].key == SettingKey::root,
+                  known.name == std::string(SETTING_OF_THE_ROOT_KEY))
+            << known.name;
+    }
+    std::vector<std::string> written;
+    for (const Setting* one : vexa::applyOrder()) written.push_back(toUtf8(one->name));
+    EXPECT_EQ(written, namesAsWritten());
 }
 
-TEST(SettingsCatalogue, GivesEachValueADefaultOfItsType) {
+TEST(SettingsCatalogue, GivesEachValueADefaultOfItsTypeAndAMeaning) {
     for (const Setting& one : vexa::settingsCatalogue()) {
         EXPECT_EQ(std::holds_alternative<std::wstring>(one.defaultValue), isText(one)) << toUtf8(one.name);
         EXPECT_EQ(std::holds_alternative<std::int32_t>(one.defaultValue), !isText(one)) << toUtf8(one.name);
+        EXPECT_FALSE(std::wstring(one.meaning).empty()) << toUtf8(one.name);
     }
 }
 
@@ -57,41 +68,25 @@ TEST(SettingsCatalogue, GivesFlagsADefaultOfZeroOneOrTheAutomationTrue) {
         if (!isFlag(one)) continue;
         EXPECT_THAT(std::get<std::int32_t>(one.defaultValue), testing::AnyOf(0, 1, -1)) << toUtf8(one.name);
     }
+    EXPECT_EQ(setting(L"AutoFindUnread").defaultValue, Value(-1));
+    EXPECT_EQ(setting(L"DisplayHotSpots").defaultValue, Value(-1));
 }
 
-TEST(SettingsCatalogue, GivesColoursNoTopByte) {
+TEST(SettingsCatalogue, GivesBoundsToTheNumbersThatTheUserTypes) {
+    const auto bounds = [](std::int32_t Settings::*number) {
+        const vexa::Bounds found = vexa::boundsOf(number);
+        return std::pair(found.minimum, found.maximum);
+    };
+    EXPECT_EQ(bounds(&Settings::AutoFindDelay), std::pair(0, 60));
+    EXPECT_EQ(bounds(&Settings::MaxEntries), std::pair(10, 10000));
+    EXPECT_EQ(bounds(&Settings::MinRel), std::pair(0, 100));
+    EXPECT_EQ(bounds(&Settings::AttachmentsMaxSize), std::pair(1, 65000));
+    EXPECT_THROW(bounds(&Settings::FindShortcut), std::logic_error);
     for (const Setting& one : vexa::settingsCatalogue()) {
-        const std::wstring name = one.name;
-        if (!name.starts_with(L"Penalty") && name != L"ColorHotSpots") continue;
-        EXPECT_EQ(std::get<std::int32_t>(one.defaultValue) & ~0xFFFFFF, 0) << toUtf8(name);
+        if (!one.bounds) continue;
+        const auto number = std::get<std::int32_t>(one.defaultValue);
+        EXPECT_TRUE(one.bounds->minimum <= number && number <= one.bounds->maximum) << toUtf8(one.name);
     }
-}
-
-TEST(SettingsCatalogue, SaysWhatEachValueMeans) {
-    for (const Setting& one : vexa::settingsCatalogue())
-        EXPECT_FALSE(std::wstring(one.meaning).empty()) << toUtf8(one.name);
-}
-
-TEST(SettingsCatalogue, NumbersTheWritesOfApplyFromOneToTwentySevenWithoutGaps) {
-    std::vector<int> positions;
-    for (const Setting* one : vexa::applyOrder()) positions.push_back(one->applyOrder);
-    std::vector<int> expected(27);
-    std::ranges::generate(expected, [next = 0]() mutable { return ++next; });
-    EXPECT_THAT(positions, ElementsAreArray(expected));
-}
-
-TEST(SettingsCatalogue, LeavesTheAddInsOwnValuesToTheAddIn) {
-    for (const Setting& one : vexa::settingsCatalogue()) {
-        const bool ofTheAddIn =
-            std::wstring(one.name) == L"Projectname" || std::wstring(one.name) == L"ProjectCount";
-        EXPECT_EQ(one.applyOrder == 0, ofTheAddIn) << toUtf8(one.name);
-    }
-}
-
-TEST(SettingsCatalogue, KeepsTheLoggingSwitchAloneUnderTheRootKey) {
-    for (const Setting& one : vexa::settingsCatalogue())
-        EXPECT_EQ(one.key == SettingKey::root, std::wstring(one.name) == L"LoggingInformation")
-            << toUtf8(one.name);
 }
 
 TEST(SettingsCatalogue, GivesEachValueAFieldOfItsOwn) {
@@ -112,53 +107,6 @@ TEST(SettingsCatalogue, CoversTheWholeRecord) {
     Settings back = changed;
     for (const Setting& one : vexa::settingsCatalogue()) vexa::storeSetting(back, one, one.defaultValue);
     EXPECT_EQ(back, Settings()) << "a field that no row names would keep its change";
-}
-
-struct Default {
-    const wchar_t* name;
-    Value value;  ///< as the record holds it: flags 0 or 1
-};
-
-const Default DEFAULTS[] = {
-    {L"VexaBaseDir", L""},
-    {L"Projectname", L"default"},
-    {L"DefaultProject", L"default"},
-    {L"ProjectCount", 0},
-    {L"MaxEntries", 20},
-    {L"MinRel", 40},
-    {L"LoggingInformation", 1},
-    {L"AutoInfo", 0},
-    {L"AutoFindUnread", 1},
-    {L"AutoFindAll", 0},
-    {L"AutoFindDelay", 10},
-    {L"FindShortcut", 0},
-    {L"AutoAddUnreadMail", 0},
-    {L"AutoAddSentMail", 0},
-    {L"DisplayHotSpots", 1},
-    {L"DisplayTextMarks", 0},
-    {L"KeepHighlights", 0},
-    {L"ColorHotSpots", 65535},
-    {L"Penalty0", 65280},
-    {L"Penalty1", 0xFFFF00},
-    {L"Penalty2", 0xFF0000},
-    {L"Penalty3", 65535},
-    {L"Penalty4", 0xFF00FF},
-    {L"Penalty5", 255},
-    {L"AddAttachments", 1},
-    {L"AddAllAttachments", 1},
-    {L"AddSizelimitedAttachments", 0},
-    {L"AttachmentsMaxSize", 1024},
-    {L"AddAttachmentsToQuery", 0},
-};
-
-TEST(SettingsCatalogue, ReadsTheValuesInTheirOrderWithTheirDefaults) {
-    const auto catalogue = vexa::settingsCatalogue();
-    ASSERT_EQ(catalogue.size(), std::size(DEFAULTS));
-    for (std::size_t index = 0; index < catalogue.size(); ++index) {
-        EXPECT_EQ(std::wstring(catalogue[index].name), DEFAULTS[index].name) << index;
-        EXPECT_EQ(vexa::settingValue(Settings(), catalogue[index]), DEFAULTS[index].value)
-            << toUtf8(DEFAULTS[index].name);
-    }
 }
 
 // --- Loading and storing ----------------------------------------------------------------------------------
@@ -279,7 +227,7 @@ TEST_F(SettingsRecord, AColourKeepsItsTopByte) {
     loadAll();
     stage->setValue(ROOT_KEY, L"Penalty2", -1);
     load(L"Penalty2");
-    EXPECT_EQ(settings.Penalty[2], -1);
+    EXPECT_EQ(settings.Penalty2, -1);
     application.store(setting(L"Penalty2"));
     EXPECT_EQ(stage->value(ROOT_KEY, L"Penalty2"), Value(-1));
 }

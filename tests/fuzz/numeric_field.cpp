@@ -18,21 +18,19 @@ namespace {
 using fuzz::Input;
 using fuzz::require;
 
-constexpr vexa::NumericEntryField::Bounds BOUNDS[] = {{0, 60}, {10, 10000}, {0, 100}, {1, 65000}};
+constexpr vexa::Bounds BOUNDS[] = {{0, 60}, {10, 10000}, {0, 100}, {1, 65000}};
 
 /// Mostly characters that numbers are made of.
 const std::wstring COMMON = L"00123456789-+., ()$eE&HhO\t\xFF11\x0663x";
 
 class Field {
 public:
-    explicit Field(vexa::NumericEntryField::Bounds bounds)
+    explicit Field(vexa::Bounds bounds)
         : window_(screen_.createDialog(IDD_frmSettings, nullptr)),
           box_(dynamic_cast<headless::TextBox&>(window_->control<ui::TextBox>(IDC_txtDelay))),
           upDown_(dynamic_cast<headless::UpDown&>(window_->control<ui::UpDown>(IDC_updDelay))),
           bounds_(bounds),
-          field_(box_, upDown_, bounds, conversions_) {
-        box_.onChange = [this] { field_.textChanged(); };
-    }
+          field_(box_, upDown_, bounds, conversions_) {}
 
     void edit(Input& input) {
         const auto place = [&] {
@@ -71,7 +69,7 @@ private:
     std::unique_ptr<ui::Window> window_;
     headless::TextBox& box_;
     headless::UpDown& upDown_;
-    vexa::NumericEntryField::Bounds bounds_;
+    vexa::Bounds bounds_;
     vexa::NumericEntryField field_;
 };
 

@@ -17,12 +17,12 @@ bool ComboBox::wantsKey(const ui::KeyEvent& event) const {
 void ComboBox::handleKey(const ui::KeyEvent& event) {
     switch (event.key) {
         case tests::key::up:
-        case tests::key::left: return choose(selected_ - 1);
+        case tests::key::left: return moveTo(selected_ - 1);
         case tests::key::down:
-        case tests::key::right: return choose(selected_ + 1);
-        case tests::key::home: return choose(0);
-        case tests::key::end: return choose(count() - 1);
-        case tests::key::enter:
+        case tests::key::right: return moveTo(selected_ + 1);
+        case tests::key::home: return moveTo(0);
+        case tests::key::end: return moveTo(count() - 1);
+        case tests::key::enter: return confirm();
         case tests::key::escape: droppedDown_ = false; return;
         default:
             if (event.modifiers == 0 && event.key >= '0' && event.key <= 'Z')
@@ -34,15 +34,29 @@ void ComboBox::handleCharacter(wchar_t character) {
     for (int step = 1; step <= count(); ++step) {
         const int index = (selected_ + step) % count();
         const std::wstring entry = item(index);
-        if (!entry.empty() && lower(entry.front()) == lower(character)) return choose(index);
+        if (!entry.empty() && lower(entry.front()) == lower(character)) return moveTo(index);
     }
 }
 
-void ComboBox::choose(int index) {
+void ComboBox::press() {
+    droppedDown_ = !droppedDown_;
+    told_ = -1;
+}
+
+void ComboBox::moveTo(int index) {
     if (index < 0 || index >= count()) return;
-    droppedDown_ = false;
-    selected_ = index;
+    told_ = selected_ = index;
     raise(onClick);
+}
+
+void ComboBox::confirm() {
+    droppedDown_ = false;
+    if (told_ != selected_) moveTo(selected_);
+}
+
+void ComboBox::choose(int index) {
+    droppedDown_ = false;
+    moveTo(index);
 }
 
 }  // namespace headless

@@ -30,7 +30,8 @@ public:
     [[nodiscard]] bool focusable() const override { return true; }
     [[nodiscard]] bool wantsKey(const ui::KeyEvent& event) const override;
     [[nodiscard]] bool wantsCharacters() const override { return true; }
-    void press() override { droppedDown_ = !droppedDown_; }
+    /// Opens or closes the list.
+    void press() override;
     void handleKey(const ui::KeyEvent& event) override;
     /// Selects the next entry that begins with the character.
     void handleCharacter(wchar_t character) override;
@@ -40,8 +41,14 @@ public:
     void choose(int index);
 
 private:
+    /// By the keyboard; an open list stays open.
+    void moveTo(int index);
+    /// Enter in the open list: what the arrow keys have not told already is a choice, too.
+    void confirm();
+
     std::vector<std::wstring> items_;
     int selected_ = -1;
+    int told_ = -1;  ///< the choice that was raised since the list opened
     bool droppedDown_ = false;
 };
 

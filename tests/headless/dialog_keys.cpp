@@ -74,7 +74,8 @@ bool isArrow(int key) { return key >= tests::key::left && key <= tests::key::dow
 void pressKey(Window& window, const ui::KeyEvent& event) {
     if (!window.acceptsInput()) return;
     Item* focused = window.focused();
-    if ((event.modifiers & ui::modifier::alt) != 0) {
+    // With Ctrl, too, the key is no access key: that is how some keyboards write other characters.
+    if ((event.modifiers & ui::modifier::alt) != 0 && (event.modifiers & ui::modifier::control) == 0) {
         takeAccessKey(window, event.key);
         return;
     }

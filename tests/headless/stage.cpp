@@ -77,7 +77,9 @@ public:
 
     [[nodiscard]] std::unique_ptr<ui::Window> createPage(int templateIdentifier,
                                                          const ui::Size& size) override;
-    void setTwipsPerPixel(double twips) override { scripted_.setTwipsPerPixel(twips); }
+    void setTwipsPerPixel(double horizontal, double vertical) override {
+        scripted_.setTwipsPerPixel(horizontal, vertical);
+    }
     void setRoom(ui::ListBox& list, int items) override { dynamic_cast<ListBox&>(list).setRoom(items); }
     [[nodiscard]] ui::Window& owner() override { return owner_; }
 

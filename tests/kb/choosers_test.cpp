@@ -146,6 +146,16 @@ TEST_F(FolderChooser, CaptionsAreTheDialogsOwn) {
     });
 }
 
+TEST_F(FolderChooser, TheDriveThatIsShownChosenAgainStaysInItsFolder) {
+    open([&](frmKnowledgeBase& form) {
+        const std::vector<std::wstring> before = shown(form);
+        user.choose(form.drvVexaBaseDir, form.drvVexaBaseDir.selectedIndex());
+        EXPECT_EQ(shown(form), before);
+        EXPECT_EQ(inside(form), (std::vector<std::wstring>{L"alpha", L"beta"}));
+        user.click(form.cmdCancel);
+    });
+}
+
 TEST_F(FolderChooser, ShowsTheDriveAndThePathAndTheFoldersInIt) {
     open([&](frmKnowledgeBase& form) {
         EXPECT_EQ(application.platform.conversions.lower(driveShown(form)), drive);

@@ -1,5 +1,6 @@
 // The page's start and end.
 #include "tests/page/page_test_base.h"
+#include "tests/support/known_settings.h"
 
 namespace tests {
 namespace {
@@ -118,36 +119,7 @@ TEST_F(PageLifeCycle, TheStartTakesItsStepsInOrder) {
     std::vector<std::string> expected{"locate addin", "clock sleep 100",
                                       "registry query " + root + "\\CurrentProfile",
                                       "registry query " + root + "\\LogPath"};
-    for (const char* name : {"VexaBaseDir",
-                             "Projectname",
-                             "DefaultProject",
-                             "ProjectCount",
-                             "MaxEntries",
-                             "MinRel",
-                             "LoggingInformation",
-                             "AutoInfo",
-                             "AutoFindUnread",
-                             "AutoFindAll",
-                             "AutoFindDelay",
-                             "FindShortcut",
-                             "AutoAddUnreadMail",
-                             "AutoAddSentMail",
-                             "DisplayHotSpots",
-                             "DisplayTextMarks",
-                             "KeepHighlights",
-                             "ColorHotSpots",
-                             "Penalty0",
-                             "Penalty1",
-                             "Penalty2",
-                             "Penalty3",
-                             "Penalty4",
-                             "Penalty5",
-                             "AddAttachments",
-                             "AddAllAttachments",
-                             "AddSizelimitedAttachments",
-                             "AttachmentsMaxSize",
-                             "AddAttachmentsToQuery"})
-        expected.push_back("registry query " + root + "\\" + name);
+    for (const std::string& name : namesAsRead()) expected.push_back("registry query " + root + "\\" + name);
     // The wizard rule, the message handle, the buttons, then the log's version line.
     const std::vector<std::string> rule{"addin IsProcessing()", "registry query " + root + "\\KBProcessState",
                                         "registry query " + root + "\\ProjectCount",

@@ -130,11 +130,9 @@ TEST_P(ReportToolbar, AClickFormatsTheSelectionAndTheButtonsShowIt) {
     });
 }
 
-// For each selection what the buttons make of it: bold, italic and underline ("?" is mixed), alignment (0
-// left, 1 right, 2 centre), bullets, indents in twips; then the pressed buttons.
+// For each selection what the buttons make of it that have to do with it: bold, italic and underline ("?" is
+// mixed), alignment (0 left, 1 right, 2 centre), bullets, indents in twips; then the pressed buttons.
 constexpr Row rows[] = {
-    {Selection::plain, 1, "b0 i0 u0 align 0 bullet 0 left 0 hanging 0 | 1 14"},
-    {Selection::plain, 2, "b0 i0 u0 align 0 bullet 0 left 0 hanging 0 | 2 14"},
     {Selection::plain, 10, "b1 i0 u0 align 0 bullet 0 left 0 hanging 0 | 10 14"},
     {Selection::plain, 11, "b0 i1 u0 align 0 bullet 0 left 0 hanging 0 | 11 14"},
     {Selection::plain, 12, "b0 i0 u1 align 0 bullet 0 left 0 hanging 0 | 12 14"},
@@ -142,47 +140,17 @@ constexpr Row rows[] = {
     {Selection::plain, 15, "b0 i0 u0 align 2 bullet 0 left 0 hanging 0 | 15"},
     {Selection::plain, 16, "b0 i0 u0 align 1 bullet 0 left 0 hanging 0 | 16"},
     {Selection::plain, 17, "b0 i0 u0 align 0 bullet 1 left 0 hanging 283 | 14 17"},
-    {Selection::plain, 18, "b0 i0 u0 align 0 bullet 0 left 0 hanging 0 | 14"},
     {Selection::plain, 19, "b0 i0 u0 align 0 bullet 0 left -283 hanging 0 | 14"},
     {Selection::plain, 20, "b0 i0 u0 align 0 bullet 0 left 283 hanging 0 | 14"},
-    {Selection::bold, 1, "b1 i0 u0 align 0 bullet 0 left 0 hanging 0 | 1 10 14"},
-    {Selection::bold, 2, "b1 i0 u0 align 0 bullet 0 left 0 hanging 0 | 2 10 14"},
     {Selection::bold, 10, "b0 i0 u0 align 0 bullet 0 left 0 hanging 0 | 14"},
     {Selection::bold, 11, "b1 i1 u0 align 0 bullet 0 left 0 hanging 0 | 10 11 14"},
     {Selection::bold, 12, "b1 i0 u1 align 0 bullet 0 left 0 hanging 0 | 10 12 14"},
-    {Selection::bold, 14, "b1 i0 u0 align 0 bullet 0 left 0 hanging 0 | 10 14"},
-    {Selection::bold, 15, "b1 i0 u0 align 2 bullet 0 left 0 hanging 0 | 10 15"},
-    {Selection::bold, 16, "b1 i0 u0 align 1 bullet 0 left 0 hanging 0 | 10 16"},
-    {Selection::bold, 17, "b1 i0 u0 align 0 bullet 1 left 0 hanging 283 | 10 14 17"},
-    {Selection::bold, 18, "b1 i0 u0 align 0 bullet 0 left 0 hanging 0 | 10 14"},
-    {Selection::bold, 19, "b1 i0 u0 align 0 bullet 0 left -283 hanging 0 | 10 14"},
-    {Selection::bold, 20, "b1 i0 u0 align 0 bullet 0 left 283 hanging 0 | 10 14"},
-    {Selection::italic, 1, "b0 i1 u0 align 0 bullet 0 left 0 hanging 0 | 1 11 14"},
-    {Selection::italic, 2, "b0 i1 u0 align 0 bullet 0 left 0 hanging 0 | 2 11 14"},
     {Selection::italic, 10, "b1 i1 u0 align 0 bullet 0 left 0 hanging 0 | 10 11 14"},
     {Selection::italic, 11, "b0 i0 u0 align 0 bullet 0 left 0 hanging 0 | 14"},
     {Selection::italic, 12, "b0 i1 u1 align 0 bullet 0 left 0 hanging 0 | 11 12 14"},
-    {Selection::italic, 14, "b0 i1 u0 align 0 bullet 0 left 0 hanging 0 | 11 14"},
-    {Selection::italic, 15, "b0 i1 u0 align 2 bullet 0 left 0 hanging 0 | 11 15"},
-    {Selection::italic, 16, "b0 i1 u0 align 1 bullet 0 left 0 hanging 0 | 11 16"},
-    {Selection::italic, 17, "b0 i1 u0 align 0 bullet 1 left 0 hanging 283 | 11 14 17"},
-    {Selection::italic, 18, "b0 i1 u0 align 0 bullet 0 left 0 hanging 0 | 11 14"},
-    {Selection::italic, 19, "b0 i1 u0 align 0 bullet 0 left -283 hanging 0 | 11 14"},
-    {Selection::italic, 20, "b0 i1 u0 align 0 bullet 0 left 283 hanging 0 | 11 14"},
-    {Selection::underlined, 1, "b0 i0 u1 align 0 bullet 0 left 0 hanging 0 | 1 12 14"},
-    {Selection::underlined, 2, "b0 i0 u1 align 0 bullet 0 left 0 hanging 0 | 2 12 14"},
     {Selection::underlined, 10, "b1 i0 u1 align 0 bullet 0 left 0 hanging 0 | 10 12 14"},
     {Selection::underlined, 11, "b0 i1 u1 align 0 bullet 0 left 0 hanging 0 | 11 12 14"},
     {Selection::underlined, 12, "b0 i0 u0 align 0 bullet 0 left 0 hanging 0 | 14"},
-    {Selection::underlined, 14, "b0 i0 u1 align 0 bullet 0 left 0 hanging 0 | 12 14"},
-    {Selection::underlined, 15, "b0 i0 u1 align 2 bullet 0 left 0 hanging 0 | 12 15"},
-    {Selection::underlined, 16, "b0 i0 u1 align 1 bullet 0 left 0 hanging 0 | 12 16"},
-    {Selection::underlined, 17, "b0 i0 u1 align 0 bullet 1 left 0 hanging 283 | 12 14 17"},
-    {Selection::underlined, 18, "b0 i0 u1 align 0 bullet 0 left 0 hanging 0 | 12 14"},
-    {Selection::underlined, 19, "b0 i0 u1 align 0 bullet 0 left -283 hanging 0 | 12 14"},
-    {Selection::underlined, 20, "b0 i0 u1 align 0 bullet 0 left 283 hanging 0 | 12 14"},
-    {Selection::mixedCharacters, 1, "b? i? u? align 0 bullet 0 left 0 hanging 0 | 1 14"},
-    {Selection::mixedCharacters, 2, "b? i? u? align 0 bullet 0 left 0 hanging 0 | 2 14"},
     {Selection::mixedCharacters, 10, "b1 i? u? align 0 bullet 0 left 0 hanging 0 | 10 14"},
     {Selection::mixedCharacters, 11, "b? i1 u? align 0 bullet 0 left 0 hanging 0 | 11 14"},
     {Selection::mixedCharacters, 12, "b? i? u1 align 0 bullet 0 left 0 hanging 0 | 12 14"},
@@ -190,67 +158,36 @@ constexpr Row rows[] = {
     {Selection::mixedCharacters, 15, "b? i? u? align 2 bullet 0 left 0 hanging 0 | 15"},
     {Selection::mixedCharacters, 16, "b? i? u? align 1 bullet 0 left 0 hanging 0 | 16"},
     {Selection::mixedCharacters, 17, "b? i? u? align 0 bullet 1 left 0 hanging 283 | 14 17"},
-    {Selection::mixedCharacters, 18, "b? i? u? align 0 bullet 0 left 0 hanging 0 | 14"},
     {Selection::mixedCharacters, 19, "b? i? u? align 0 bullet 0 left -283 hanging 0 | 14"},
     {Selection::mixedCharacters, 20, "b? i? u? align 0 bullet 0 left 283 hanging 0 | 14"},
-    {Selection::centred, 1, "b0 i0 u0 align 2 bullet 0 left 0 hanging 0 | 1 15"},
-    {Selection::centred, 2, "b0 i0 u0 align 2 bullet 0 left 0 hanging 0 | 2 15"},
-    {Selection::centred, 10, "b1 i0 u0 align 2 bullet 0 left 0 hanging 0 | 10 15"},
-    {Selection::centred, 11, "b0 i1 u0 align 2 bullet 0 left 0 hanging 0 | 11 15"},
-    {Selection::centred, 12, "b0 i0 u1 align 2 bullet 0 left 0 hanging 0 | 12 15"},
     {Selection::centred, 14, "b0 i0 u0 align 0 bullet 0 left 0 hanging 0 | 14"},
     {Selection::centred, 15, "b0 i0 u0 align 2 bullet 0 left 0 hanging 0 | 15"},
     {Selection::centred, 16, "b0 i0 u0 align 1 bullet 0 left 0 hanging 0 | 16"},
     {Selection::centred, 17, "b0 i0 u0 align 2 bullet 1 left 0 hanging 283 | 15 17"},
-    {Selection::centred, 18, "b0 i0 u0 align 2 bullet 0 left 0 hanging 0 | 15"},
     {Selection::centred, 19, "b0 i0 u0 align 2 bullet 0 left -283 hanging 0 | 15"},
     {Selection::centred, 20, "b0 i0 u0 align 2 bullet 0 left 283 hanging 0 | 15"},
-    {Selection::rightAligned, 1, "b0 i0 u0 align 1 bullet 0 left 0 hanging 0 | 1 16"},
-    {Selection::rightAligned, 2, "b0 i0 u0 align 1 bullet 0 left 0 hanging 0 | 2 16"},
-    {Selection::rightAligned, 10, "b1 i0 u0 align 1 bullet 0 left 0 hanging 0 | 10 16"},
-    {Selection::rightAligned, 11, "b0 i1 u0 align 1 bullet 0 left 0 hanging 0 | 11 16"},
-    {Selection::rightAligned, 12, "b0 i0 u1 align 1 bullet 0 left 0 hanging 0 | 12 16"},
     {Selection::rightAligned, 14, "b0 i0 u0 align 0 bullet 0 left 0 hanging 0 | 14"},
     {Selection::rightAligned, 15, "b0 i0 u0 align 2 bullet 0 left 0 hanging 0 | 15"},
     {Selection::rightAligned, 16, "b0 i0 u0 align 1 bullet 0 left 0 hanging 0 | 16"},
     {Selection::rightAligned, 17, "b0 i0 u0 align 1 bullet 1 left 0 hanging 283 | 16 17"},
-    {Selection::rightAligned, 18, "b0 i0 u0 align 1 bullet 0 left 0 hanging 0 | 16"},
     {Selection::rightAligned, 19, "b0 i0 u0 align 1 bullet 0 left -283 hanging 0 | 16"},
     {Selection::rightAligned, 20, "b0 i0 u0 align 1 bullet 0 left 283 hanging 0 | 16"},
-    {Selection::bulleted, 1, "b0 i0 u0 align 0 bullet 1 left 0 hanging 283 | 1 14 17"},
-    {Selection::bulleted, 2, "b0 i0 u0 align 0 bullet 1 left 0 hanging 283 | 2 14 17"},
-    {Selection::bulleted, 10, "b1 i0 u0 align 0 bullet 1 left 0 hanging 283 | 10 14 17"},
-    {Selection::bulleted, 11, "b0 i1 u0 align 0 bullet 1 left 0 hanging 283 | 11 14 17"},
-    {Selection::bulleted, 12, "b0 i0 u1 align 0 bullet 1 left 0 hanging 283 | 12 14 17"},
     {Selection::bulleted, 14, "b0 i0 u0 align 0 bullet 1 left 0 hanging 283 | 14 17"},
     {Selection::bulleted, 15, "b0 i0 u0 align 2 bullet 1 left 0 hanging 283 | 15 17"},
     {Selection::bulleted, 16, "b0 i0 u0 align 1 bullet 1 left 0 hanging 283 | 16 17"},
     {Selection::bulleted, 17, "b0 i0 u0 align 0 bullet 0 left 0 hanging 0 | 14"},
-    {Selection::bulleted, 18, "b0 i0 u0 align 0 bullet 1 left 0 hanging 283 | 14 17"},
     {Selection::bulleted, 19, "b0 i0 u0 align 0 bullet 1 left 0 hanging 0 | 14 17"},
     {Selection::bulleted, 20, "b0 i0 u0 align 0 bullet 1 left 0 hanging 566 | 14 17"},
-    {Selection::indented, 1, "b0 i0 u0 align 0 bullet 0 left 283 hanging 0 | 1 14"},
-    {Selection::indented, 2, "b0 i0 u0 align 0 bullet 0 left 283 hanging 0 | 2 14"},
-    {Selection::indented, 10, "b1 i0 u0 align 0 bullet 0 left 283 hanging 0 | 10 14"},
-    {Selection::indented, 11, "b0 i1 u0 align 0 bullet 0 left 283 hanging 0 | 11 14"},
-    {Selection::indented, 12, "b0 i0 u1 align 0 bullet 0 left 283 hanging 0 | 12 14"},
     {Selection::indented, 14, "b0 i0 u0 align 0 bullet 0 left 283 hanging 0 | 14"},
     {Selection::indented, 15, "b0 i0 u0 align 2 bullet 0 left 283 hanging 0 | 15"},
     {Selection::indented, 16, "b0 i0 u0 align 1 bullet 0 left 283 hanging 0 | 16"},
     {Selection::indented, 17, "b0 i0 u0 align 0 bullet 1 left 283 hanging 283 | 14 17"},
-    {Selection::indented, 18, "b0 i0 u0 align 0 bullet 0 left 283 hanging 0 | 14"},
     {Selection::indented, 19, "b0 i0 u0 align 0 bullet 0 left 0 hanging 0 | 14"},
     {Selection::indented, 20, "b0 i0 u0 align 0 bullet 0 left 566 hanging 0 | 14"},
-    {Selection::mixedParagraphs, 1, "b0 i0 u0 align ? bullet ? left ? hanging ? | 1"},
-    {Selection::mixedParagraphs, 2, "b0 i0 u0 align ? bullet ? left ? hanging ? | 2"},
-    {Selection::mixedParagraphs, 10, "b1 i0 u0 align ? bullet ? left ? hanging ? | 10"},
-    {Selection::mixedParagraphs, 11, "b0 i1 u0 align ? bullet ? left ? hanging ? | 11"},
-    {Selection::mixedParagraphs, 12, "b0 i0 u1 align ? bullet ? left ? hanging ? | 12"},
     {Selection::mixedParagraphs, 14, "b0 i0 u0 align 0 bullet ? left ? hanging ? | 14"},
     {Selection::mixedParagraphs, 15, "b0 i0 u0 align 2 bullet ? left ? hanging ? | 15"},
     {Selection::mixedParagraphs, 16, "b0 i0 u0 align 1 bullet ? left ? hanging ? | 16"},
-    {Selection::mixedParagraphs, 17, "b0 i0 u0 align ? bullet 1 left ? hanging 283 | 17"},
-    {Selection::mixedParagraphs, 18, "b0 i0 u0 align ? bullet ? left ? hanging ? |"},
+    {Selection::mixedParagraphs, 17, "b0 i0 u0 align ? bullet 1 left ? hanging ? | 17"},
     {Selection::mixedParagraphs, 19, "b0 i0 u0 align ? bullet ? left ? hanging ? |"},
     {Selection::mixedParagraphs, 20, "b0 i0 u0 align ? bullet ? left ? hanging ? |"},
 };
@@ -266,12 +203,31 @@ INSTANTIATE_TEST_SUITE_P(Table, ReportToolbar, testing::ValuesIn(rows), rowName)
 
 // --- Buttons ----------------------------------------------------------------------------------------------
 
-TEST_F(ReportFormatting, NumerationCanBePressedAndDoesNothing) {
-    openWithText(L"text", [&](frmSendBugReport& form) {
+TEST_F(ReportFormatting, NumerationAndImportanceLeaveEveryFormatAlone) {
+    openWithText(L"ab\ncd", [&](frmSendBugReport& form) {
+        form.rtfBody.select(0, 2);
+        form.rtfBody.setBold(true);
+        form.rtfBody.setBulleted(true);
+        form.rtfBody.select(0, 5);
         const std::wstring before = form.rtfBody.rtf();
-        user.clickButton(form.tbrProperties, button::numeration);
-        EXPECT_EQ(form.rtfBody.rtf(), before);
-        EXPECT_FALSE(form.tbrProperties.pressed(button::numeration));
+        for (const int clicked : {button::highImportance, button::lowImportance, button::numeration}) {
+            user.clickButton(form.tbrProperties, clicked);
+            EXPECT_EQ(form.rtfBody.rtf(), before) << clicked;
+            EXPECT_EQ(form.tbrProperties.pressed(clicked), clicked != button::numeration);
+        }
+    });
+}
+
+TEST_F(ReportFormatting, BulletsOnAMixedSelectionLeaveTheIndentOfThoseThatHaveThemAlone) {
+    openWithText(L"ab\ncd", [&](frmSendBugReport& form) {
+        form.rtfBody.select(0, 0);
+        user.clickButton(form.tbrProperties, button::bulletIndent);
+        user.clickButton(form.tbrProperties, button::increaseIndent);
+        form.rtfBody.select(0, 5);
+        user.clickButton(form.tbrProperties, button::bulletIndent);
+        EXPECT_EQ(form.rtfBody.bulleted(), true);
+        form.rtfBody.select(0, 0);
+        EXPECT_EQ(twips(form.rtfBody.hangingIndent().value()), 566);
     });
 }
 
@@ -316,6 +272,18 @@ TEST_F(ReportFormatting, BulletingAParagraphFirstSetsItsBulletIndentAndStepsMove
         user.clickButton(form.tbrProperties, button::decreaseIndent);
         user.clickButton(form.tbrProperties, button::decreaseIndent);
         EXPECT_EQ(twips(form.rtfBody.hangingIndent().value()), 0);
+    });
+}
+
+TEST_F(ReportFormatting, TheIndentStepFollowsTheHorizontalResolution) {
+    stage->setTwipsPerPixel(10, 20);
+    openWithText(L"text", [&](frmSendBugReport& form) {
+        user.clickButton(form.tbrProperties, button::increaseIndent);
+        EXPECT_NEAR(form.rtfBody.leftIndent().value(), 28.3, 0.05) << "pixels";
+        user.clickButton(form.tbrProperties, button::bulletIndent);
+        EXPECT_NEAR(form.rtfBody.hangingIndent().value(), 28.3, 0.05);
+        user.clickButton(form.tbrProperties, button::increaseIndent);
+        EXPECT_NEAR(form.rtfBody.hangingIndent().value(), 56.6, 0.1);
     });
 }
 
@@ -373,6 +341,79 @@ TEST_F(ReportFormatting, AChosenFontAndSizeBelongToTheSelection) {
         form.rtfBody.select(2, 2);
         EXPECT_EQ(form.rtfBody.fontName(), before);
         EXPECT_EQ(form.rtfBody.fontSize(), 8);
+    });
+}
+
+// Of "ab" and "cd" in different fonts the combos show what "ab" has.
+class ReportShownFont : public ReportFormatting {
+protected:
+    void openMixed(const std::function<void(frmSendBugReport&)>& script) {
+        openWithText(L"abcd", [&](frmSendBugReport& form) {
+            form.rtfBody.select(0, 2);
+            form.rtfBody.setFontName(form.cboFontname.item(1));
+            form.rtfBody.setFontSize(14);
+            select(form, 0, 2);
+            form.rtfBody.select(0, 4);
+            ASSERT_EQ(form.cboFontname.selectedIndex(), 1);
+            ASSERT_EQ(form.rtfBody.fontName(), std::nullopt);
+            script(form);
+        });
+    }
+    /// Opens the list of the combo and presses the keys.
+    void pressIn(frmSendBugReport& form, ui::ComboBox& combo, const std::vector<int>& keys) {
+        user.click(combo);
+        ASSERT_TRUE(combo.droppedDown());
+        for (const int pressed : keys) user.press(form.window(), pressed);
+        EXPECT_FALSE(combo.droppedDown());
+    }
+};
+
+TEST_F(ReportShownFont, IsAppliedWhereItIsChosenByMouse) {
+    openMixed([&](frmSendBugReport& form) {
+        user.choose(form.cboFontname, 1);
+        user.choose(form.cboFontsize, form.cboFontsize.selectedIndex());
+        EXPECT_EQ(form.rtfBody.fontName(), form.cboFontname.item(1));
+        EXPECT_EQ(form.rtfBody.fontSize(), 14);
+    });
+}
+
+TEST_F(ReportShownFont, IsAppliedWhereItIsChosenByEnter) {
+    openMixed([&](frmSendBugReport& form) {
+        pressIn(form, form.cboFontname, {key::enter});
+        pressIn(form, form.cboFontsize, {key::enter});
+        EXPECT_EQ(form.rtfBody.fontName(), form.cboFontname.item(1));
+        EXPECT_EQ(form.rtfBody.fontSize(), 14);
+        EXPECT_TRUE(form.window().isOpen()) << "Enter was the list's";
+    });
+}
+
+TEST_F(ReportShownFont, IsNotAppliedWhereTheListIsClosedWithoutAChoice) {
+    openMixed([&](frmSendBugReport& form) {
+        pressIn(form, form.cboFontname, {key::escape});
+        user.click(form.cboFontsize);
+        user.click(form.rtfBody);
+        form.rtfBody.select(0, 4);
+        EXPECT_EQ(form.rtfBody.fontName(), std::nullopt);
+        EXPECT_EQ(form.rtfBody.fontSize(), std::nullopt);
+    });
+}
+
+TEST_F(ReportShownFont, OneChoiceIsHeardOnce) {
+    openMixed([&](frmSendBugReport& form) {
+        int heard = 0;
+        form.cboFontsize.onClick = [&] { ++heard; };
+        const auto clicks = [&] { return std::exchange(heard, 0); };
+        user.choose(form.cboFontsize, 3);
+        EXPECT_EQ(clicks(), 1) << "the one that is shown";
+        user.choose(form.cboFontsize, 5);
+        EXPECT_EQ(clicks(), 1) << "another one";
+        user.press(form.window(), key::up);
+        EXPECT_EQ(clicks(), 1) << "by an arrow key in the closed combo";
+        pressIn(form, form.cboFontsize, {key::up, key::enter});
+        EXPECT_EQ(clicks(), 1) << "by an arrow key in the open list, and Enter";
+        pressIn(form, form.cboFontsize, {key::enter});
+        EXPECT_EQ(clicks(), 1) << "by Enter alone";
+        EXPECT_EQ(form.cboFontsize.selectedIndex(), 3);
     });
 }
 

@@ -153,6 +153,16 @@ TEST_F(ReportSending, AFailingAddInIsSaidAndLeavesTheWindowOpenWithSendDead) {
     });
 }
 
+TEST_F(ReportSending, AFailureIsSaidBeforeThePointerComesBack) {
+    calls.failCallsWith("addin SendMail");
+    open([&](frmSendBugReport& form) { send(form); });
+    std::vector<std::string> order;
+    for (const std::string& line : calls.lines())
+        if (line.starts_with("pointer") || line.starts_with("addin") || line.starts_with("screen"))
+            order.push_back(line.substr(0, 14));
+    EXPECT_THAT(order, ElementsAre("pointer 11", "addin SendMail", "screen message", "pointer 0"));
+}
+
 TEST_F(ReportSending, AfterAFailureTypingEnablesTheButtonButClicksDoNothing) {
     calls.failCallsWith("addin SendMail");
     open([&](frmSendBugReport& form) {

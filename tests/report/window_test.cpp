@@ -260,7 +260,8 @@ TEST_F(ReportWindow, EscAndEnterInTheBodyNeitherCloseNorSend) {
 
 struct Resolution {
     const char* name;
-    double twipsPerPixel;
+    double horizontal;  ///< twips per pixel
+    double vertical;
     int margin;  ///< pixels
 };
 
@@ -282,7 +283,7 @@ protected:
 };
 
 TEST_P(ReportSizes, BodyAndFieldsFollowTheWindowWhichNeverGetsTooSmall) {
-    stage->setTwipsPerPixel(GetParam().twipsPerPixel);
+    stage->setTwipsPerPixel(GetParam().horizontal, GetParam().vertical);
     open([&](frmSendBugReport& form) {
         const std::vector<ui::Rect> before{form.rtfBody.bounds(), form.txtTo.bounds(), form.txtCc.bounds(),
                                            form.txtSubject.bounds()};
@@ -301,8 +302,9 @@ TEST_P(ReportSizes, BodyAndFieldsFollowTheWindowWhichNeverGetsTooSmall) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Resolutions, ReportSizes,
-                         testing::Values(Resolution{"At96", 15, 4}, Resolution{"At120", 12, 5},
-                                         Resolution{"At144", 10, 6}, Resolution{"At192", 7.5, 8}),
+                         testing::Values(Resolution{"At96", 15, 15, 4}, Resolution{"At120", 12, 12, 5},
+                                         Resolution{"At144", 10, 10, 6}, Resolution{"At192", 7.5, 7.5, 8},
+                                         Resolution{"OfUnequalAxes", 10, 15, 6}),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(ReportWindow, ShrinkingBelow320PixelsSnapsBackAndLaysTheBodyOut) {

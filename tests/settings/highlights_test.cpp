@@ -1,7 +1,6 @@
 // The highlight settings dialog.
-#include "page/ctlPPE.h"
 #include "settings/frmDispMatches.h"
-#include "settings/frmDispMatches.ids.h"
+#include "tests/stage/dialog_table.h"
 #include "tests/stage/form_test.h"
 #include "tests/support/text.h"
 
@@ -46,23 +45,11 @@ TEST_F(Highlights, TheDefaultsPaintTheSwatchesInTheirSevenColours) {
     });
 }
 
-TEST_F(Highlights, CaptionsAreTheDialogsOwn) {
+TEST_F(Highlights, EachSwatchBearsTheSameTooltip) {
     open([&](frmDispMatches& form) {
-        EXPECT_EQ(form.window().caption(), L"Highlights");
-        EXPECT_EQ(form.window().control<ui::Frame>(IDC_fraPenalties).text(), L"Highlights");
-        EXPECT_EQ(hotspots(form).text(), L"&Hotspots");
-        EXPECT_EQ(textMarks(form).text(), L"Text &Marks");
-        EXPECT_EQ(form.lblHotspotColor.text(), L"Select Color:");
-        EXPECT_EQ(form.chkKeepHighlights.text(), L"&Keep highlights when saving or forwarding");
-        EXPECT_EQ(form.cmdOk.text(), L"OK");
-        EXPECT_EQ(form.cmdCancel.text(), L"Cancel");
-        const std::vector<std::wstring> levels{L"Best match", L"Level 1", L"Level 2",
-                                               L"Level 3",    L"Level 4", L"Level 5"};
-        for (std::size_t index = 0; index < 6; ++index) {
-            EXPECT_EQ(level(form, index).text(), levels[index]);
-            EXPECT_EQ(level(form, index).tooltip(), L"Click here to select a color");
-        }
         EXPECT_EQ(form.lblSelHotspotColor.tooltip(), L"Click here to select a color");
+        for (const ui::Swatch& swatch : form.lblPenalty)
+            EXPECT_EQ(swatch.tooltip(), L"Click here to select a color");
         user.click(form.cmdCancel);
     });
 }
@@ -240,119 +227,95 @@ TEST_F(Highlights, AccessKeysPressTheOptionsAndTheCheckBox) {
     });
 }
 
-// --- Every setting: stored before x what the user does x OK or Cancel
-// ---------------------------------------
+// --- Every setting: stored before x what the user does x OK or Cancel -------------------------------------
 
-/// What the user does to one setting.
-struct Deed {
-    const char* name;
-    std::function<void(Stage&, frmDispMatches&)> act;
-    std::function<void(Settings&)> result;  ///< on OK, from the settings before
-    bool marksChanged;
-};
-
-struct Before {
-    const char* name;
-    std::function<void(Settings&)> prepare;
-};
-
-void pick(Stage& stage, ui::Swatch& swatch, ui::Colour colour) {
-    stage.answerColours({colour});
-    stage.user().click(swatch);
+void showTextMarks(Settings& settings, bool marks) {
+    settings.DisplayHotSpots = !marks;
+    settings.DisplayTextMarks = marks;
 }
 
 std::vector<Before> startingPoints() {
     return {
         {"Defaults", [](Settings&) {}},
-        {"TextMarks",
-         [](Settings& settings) {
-             settings.DisplayHotSpots = false;
-             settings.DisplayTextMarks = true;
-         }},
+        {"TextMarks", [](Settings& settings) { showTextMarks(settings, true); }},
         {"KeptHighlights", [](Settings& settings) { settings.KeepHighlights = true; }},
         {"OtherColours",
          [](Settings& settings) {
              settings.ColorHotSpots = 0x123456;
-             settings.Penalty = {1, 2, 3, 4, 5, 6};
+             settings.Penalty0 = settings.Penalty5 = 1;
+             settings.Penalty1 = settings.Penalty4 = 2;
          }},
     };
 }
 
-std::vector<Deed> deeds() {
-    std::vector<Deed> all{
-        {"Nothing", [](Stage&, frmDispMatches&) {}, [](Settings&) {}, false},
-        {"OtherOption",
-         [](Stage& stage, frmDispMatches& form) {
-             const bool hotspots = form.optDisplayMatches[0].get().selected();
-             stage.user().click(form.optDisplayMatches[hotspots ? 1 : 0].get());
-         },
-         [](Settings& settings) { std::swap(settings.DisplayHotSpots, settings.DisplayTextMarks); }, true},
-        {"ThereAndBack",
-         [](Stage& stage, frmDispMatches& form) {
-             const bool hotspots = form.optDisplayMatches[0].get().selected();
-             stage.user().click(form.optDisplayMatches[hotspots ? 1 : 0].get());
-             stage.user().click(form.optDisplayMatches[hotspots ? 0 : 1].get());
-         },
-         [](Settings&) {}, false},
-        {"Keep", [](Stage& stage, frmDispMatches& form) { stage.user().click(form.chkKeepHighlights); },
-         [](Settings& settings) { settings.KeepHighlights = !settings.KeepHighlights; }, true},
-        {"HotspotColour",
-         [](Stage& stage, frmDispMatches& form) {
-             stage.user().click(form.optDisplayMatches[0].get());
-             pick(stage, form.lblSelHotspotColor, 0xABCDEF);
-         },
-         [](Settings& settings) {
-             settings.DisplayHotSpots = true;
-             settings.DisplayTextMarks = false;
-             settings.ColorHotSpots = 0xABCDEF;
-         },
-         true},
-    };
-    for (std::size_t level = 0; level < 6; ++level)
-        all.push_back({level == 0   ? "Level0"
-                       : level == 1 ? "Level1"
-                       : level == 2 ? "Level2"
-                       : level == 3 ? "Level3"
-                       : level == 4 ? "Level4"
-                                    : "Level5",
-                       [level](Stage& stage, frmDispMatches& form) {
-                           stage.user().click(form.optDisplayMatches[1].get());
-                           pick(stage, form.lblPenalty[level], 0xABCDEF);
-                       },
-                       [level](Settings& settings) {
-                           settings.DisplayHotSpots = false;
-                           settings.DisplayTextMarks = true;
-                           settings.Penalty[level] = 0xABCDEF;
-                       },
-                       true});
-    return all;
+/// The colour that the user picks.
+constexpr ui::Colour PICKED = 0xABCDEF;
+
+Deed<frmDispMatches> levelPicked(const char* name, std::size_t level, std::int32_t Settings::*setting) {
+    return {name,
+            [level](User& user, frmDispMatches& form) {
+                user.click(form.optDisplayMatches[1]);
+                user.click(form.lblPenalty[level]);
+            },
+            [setting](Settings& settings) {
+                showTextMarks(settings, true);
+                settings.*setting = PICKED;
+            }};
 }
 
-using Row = std::tuple<Before, Deed, bool>;
+std::vector<Deed<frmDispMatches>> deeds() {
+    const auto clickOther = [](User& user, frmDispMatches& form) {
+        user.click(form.optDisplayMatches[form.optDisplayMatches[0].get().selected() ? 1 : 0]);
+    };
+    return {
+        {"Nothing", [](User&, frmDispMatches&) {}, [](Settings&) {}},
+        {"OtherOption", clickOther,
+         [](Settings& settings) { showTextMarks(settings, !settings.DisplayTextMarks); }},
+        {"ThereAndBack",
+         [clickOther](User& user, frmDispMatches& form) {
+             clickOther(user, form);
+             clickOther(user, form);
+         },
+         [](Settings&) {}},
+        {"Keep", [](User& user, frmDispMatches& form) { user.click(form.chkKeepHighlights); },
+         [](Settings& settings) { settings.KeepHighlights = !settings.KeepHighlights; }},
+        {"HotspotColour",
+         [](User& user, frmDispMatches& form) {
+             user.click(form.optDisplayMatches[0]);
+             user.click(form.lblSelHotspotColor);
+         },
+         [](Settings& settings) {
+             showTextMarks(settings, false);
+             settings.ColorHotSpots = PICKED;
+         }},
+        levelPicked("Level0", 0, &Settings::Penalty0),
+        levelPicked("Level1", 1, &Settings::Penalty1),
+        levelPicked("Level2", 2, &Settings::Penalty2),
+        levelPicked("Level3", 3, &Settings::Penalty3),
+        levelPicked("Level4", 4, &Settings::Penalty4),
+        levelPicked("Level5", 5, &Settings::Penalty5),
+    };
+}
 
-class HighlightsTable : public Highlights, public testing::WithParamInterface<Row> {};
+class HighlightsTable : public Highlights, public testing::WithParamInterface<DialogRow<frmDispMatches>> {};
 
 TEST_P(HighlightsTable, StoresOnOkAndForgetsOnCancel) {
     const auto& [before, deed, confirmed] = GetParam();
     before.prepare(settings);
-    Settings expected = settings;
+    const Settings old = settings;
+    Settings expected = old;
     if (confirmed) deed.result(expected);
+    stage->answerColours({PICKED});
     open([&](frmDispMatches& form) {
-        deed.act(*stage, form);
+        deed.act(user, form);
+        EXPECT_EQ(settings, old) << "nothing is stored before OK";
         user.click(confirmed ? form.cmdOk : form.cmdCancel);
     });
     EXPECT_EQ(settings, expected);
-    EXPECT_EQ(application.flags, (vexa::ChangeFlags{confirmed && deed.marksChanged, false, false}));
+    EXPECT_EQ(application.flags, (vexa::ChangeFlags{expected != old, false, false}));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, HighlightsTable,
-                         testing::Combine(testing::ValuesIn(startingPoints()), testing::ValuesIn(deeds()),
-                                          testing::Bool()),
-                         [](const auto& row) {
-                             return std::string(std::get<0>(row.param).name) + "_" +
-                                    std::get<1>(row.param).name +
-                                    (std::get<2>(row.param) ? "_Ok" : "_Cancel");
-                         });
+INSTANTIATE_TEST_SUITE_P(All, HighlightsTable, everyRow(startingPoints(), deeds()), rowName<frmDispMatches>);
 
 }  // namespace
 }  // namespace tests

@@ -1,20 +1,25 @@
-// The number fields of the settings dialogs, and the rule that they share.
-#include "settings/frmSettings.ids.h"
-#include "tests/settings/numeric_entries.h"
+// The number fields of the settings dialogs: the rule that they share, and which setting each of them edits.
 #include "tests/settings/settings_test_base.h"
 
 namespace tests {
 namespace {
+
+using vexa::Bounds;
+using vexa::NumericEntryField;
 
 class NumericEntries : public SettingsTest {
 protected:
     NumericEntries() {
         settings.AutoInfo = true;
         limitSize();
-        setKnowledgebases({L"Mail"});
         setText(L"DefaultProject", L"Mail");
+        setKnowledgebases({L"Mail"});
     }
 
+    static void selectAll(ui::TextBox& box) {
+        box.setFocus();
+        box.select(0, static_cast<int>(box.text().size()));
+    }
     /// Selects the text and types over it.
     void replace(ui::TextBox& box, const std::wstring& text) {
         selectAll(box);
@@ -24,19 +29,187 @@ protected:
         selectAll(box);
         user.press(window, key::remove);
     }
-    static void selectAll(ui::TextBox& box) {
-        box.setFocus();
-        box.select(0, static_cast<int>(box.text().size()));
-    }
-
     static std::wstring state(const ui::TextBox& box, const ui::UpDown& upDown) {
         std::wstring text = box.text();
         text.insert(static_cast<std::size_t>(box.selectionStart()), L"|");
         return text + L"=" + std::to_wstring(upDown.value());
     }
+};
 
+// --- The rule, key by key ---------------------------------------------------------------------------------
+
+struct Entry {
+    Bounds bounds;
+    /// The field holds this number, in its text and its value, with the caret at the end.
+    int before;
+    /// Characters are typed; {paste:...} is one change. {all} selects the text, {home}, {end} and {right}
+    /// move the caret, {back} and {del} delete.
+    const wchar_t* keys;
+    /// The field after each key that may change it, separated by " / ": the text with "|" at the caret, "=",
+    /// the value.
+    const wchar_t* states;
+};
+
+constexpr Bounds DELAY{0, 60};
+constexpr Bounds COUNT{10, 10000};
+constexpr Bounds BELOW_ZERO{-20, -5};
+
+constexpr Entry ENTRIES[] = {
+    {DELAY, 30, L"{all}5", L"5|=5"},
+    {DELAY, 30, L"{all}10", L"1|=1 / 10|=10"},
+    {DELAY, 30, L"{all}60", L"6|=6 / 60|=60"},
+    {DELAY, 30, L"{all}61", L"6|=6 / 60|=60"},
+    {DELAY, 30, L"{all}70000", L"7|=7 / 60|=60 / 60|=60 / 60|=60 / 60|=60"},
+    {DELAY, 30, L"{all}99999999999",
+     L"9|=9 / 60|=60 / 60|=60 / 60|=60 / 60|=60 / 60|=60 / 60|=60 / 60|=60 / 60|=60 / 60|=60 / 60|=60"},
+    {DELAY, 30, L"{all}007", L"0|=0 / 00|=0 / 7|=7"},
+    {DELAY, 30, L"{all}00060", L"0|=0 / 00|=0 / 000|=0 / 6|=6 / 60|=60"},
+    {DELAY, 30, L"{all}{paste:-1}", L"-1|=30"},
+    {DELAY, 30, L"{all}{paste:0}", L"0|=0"},
+    {DELAY, 30, L"{all}{paste:60}", L"60|=60"},
+    {DELAY, 30, L"{all}{paste:61}", L"60|=60"},
+    {DELAY, 30, L"{all}{paste:2147483647}", L"60|=60"},
+    {DELAY, 30, L"{all}{paste:2147483648}", L"30|=30"},
+    {DELAY, 30, L"{all}{paste:-2147483648}", L"-2147483648|=30"},
+    {DELAY, 30, L"{all}{paste:-2147483649}", L"30|=30"},
+    {DELAY, 30, L"{all}{paste:9999999999999999999999999999999999999999}", L"30|=30"},
+    {DELAY, 30, L"{all}{paste:+12}", L"12|=12"},
+    {DELAY, 30, L"{all}{paste:12-}", L"12-|=30"},
+    {DELAY, 30, L"{all}{paste:(12)}", L"(12)|=30"},
+    {DELAY, 30, L"{all}{paste:(12}", L"30|=30"},
+    {DELAY, 30, L"{all}{paste:- 12}", L"- 12|=30"},
+    {DELAY, 30, L"{all}{paste:--12}", L"30|=30"},
+    {DELAY, 30, L"{all}{paste:-0}", L"0|=0"},
+    {DELAY, 30, L"{all}-5", L"3|0=30 / 60|=60"},
+    {DELAY, 30, L"{all}5-", L"5|=5 / 5-|=5"},
+    {DELAY, 30, L"{all}+", L"3|0=30"},
+    {DELAY, 30, L"{home}-", L"-|30=30"},
+    {DELAY, 30, L"{home}+", L"+|30=30"},
+    {DELAY, 30, L"{end}-", L"30-|=30"},
+    {DELAY, 30, L"{all}{paste: 12 }", L"12|=12"},
+    {DELAY, 30, L"{all}{paste:1 2}", L"30|=30"},
+    {DELAY, 30, L"{all}{paste:12\u00A0}", L"12|=12"},
+    {DELAY, 30, L"{all}{paste: }", L"3|0=30"},
+    {DELAY, 30, L"{all} 12", L"3|0=30 / 60|=60 / 60|=60"},
+    {DELAY, 30, L"{all}12 ", L"1|=1 / 12|=12 / 12 |=12"},
+    {DELAY, 30, L"{all}{paste:11.5}", L"12|=12"},
+    {DELAY, 30, L"{all}{paste:12.5}", L"12|=12"},
+    {DELAY, 30, L"{all}{paste:59.5}", L"60|=60"},
+    {DELAY, 30, L"{all}{paste:60.5}", L"60|=60"},
+    {DELAY, 30, L"{all}{paste:-0.5}", L"0|=0"},
+    {DELAY, 30, L"{all}12.5", L"1|=1 / 12|=12 / 12.|=12 / 12.5|=12"},
+    {DELAY, 30, L"{all}13.5", L"1|=1 / 13|=13 / 13.|=13 / 14|=14"},
+    {DELAY, 30, L"{all}.5", L"3|0=30 / 60|=60"},
+    {DELAY, 30, L"{all}1.2.3", L"1|=1 / 1.|=1 / 1.2|=1 / 1|=1 / 13|=13"},
+    {DELAY, 30, L"{all}abc", L"3|0=30 / 30|=30 / 30|=30"},
+    {DELAY, 30, L"{all}12x", L"1|=1 / 12|=12 / 12|=12"},
+    {DELAY, 30, L"{all}x12", L"3|0=30 / 60|=60 / 60|=60"},
+    {DELAY, 30, L"{all}-x", L"3|0=30 / 30|=30"},
+    {DELAY, 30, L"{all}{paste:abc}", L"30|=30"},
+    {DELAY, 30, L"{all}{paste:0x1F}", L"30|=30"},
+    {DELAY, 30, L"{all}{paste:&H1F}", L"31|=31"},
+    {DELAY, 30, L"{all}{paste:&O17}", L"15|=15"},
+    {DELAY, 30, L"{all}{paste:1e1}", L"10|=10"},
+    {DELAY, 30, L"{all}{paste:1e10}", L"30|=30"},
+    {DELAY, 30, L"{all}{paste:12 kB}", L"30|=30"},
+    {DELAY, 30, L"{all}{paste:NaN}", L"30|=30"},
+    {DELAY, 30, L"{all}1e1", L"1|=1 / 1|=1 / 11|=11"},
+    {DELAY, 30, L"{home}x", L"3|0=30"},
+    {DELAY, 30, L"{home}{right}x", L"30|=30"},
+    {DELAY, 30, L"{end}x", L"30|=30"},
+    {DELAY, 60, L"{end}x", L"60|=60"},
+    {DELAY, 30, L"{all}{paste:1,2}", L"12|=12"},
+    {DELAY, 30, L"{all}{paste:1,000.5}", L"60|=60"},
+    {DELAY, 30, L"{all}12,", L"1|=1 / 12|=12 / 12,|=12"},
+    {DELAY, 30, L"{all}{paste:$12}", L"12|=12"},
+    {DELAY, 30, L"{all}{paste:\u20AC12}", L"30|=30"},
+    {DELAY, 30, L"{all}{paste:12%}", L"30|=30"},
+    {DELAY, 30, L"{all}\uFF15", L"3|0=30"},
+    {DELAY, 30, L"{all}\u0663", L"3|0=30"},
+    {DELAY, 30, L"{all}{del}", L"|=0"},
+    {DELAY, 30, L"{all}{back}", L"|=0"},
+    {DELAY, 30, L"{end}{back}{back}", L"3|=3 / |=0"},
+    {DELAY, 30, L"{home}{del}{del}", L"|0=0 / |=0"},
+    {DELAY, 30, L"{all}{del}12", L"|=0 / 1|=1 / 12|=12"},
+    {DELAY, 30, L"{all}{del}x", L"|=0 / 0|=0"},
+    {DELAY, 30, L"{home}{back}", L"|30=30"},
+    {DELAY, 45, L"{home}{right}{del}", L"4|=4"},
+    {DELAY, 45, L"{home}9", L"6|0=60"},
+    {DELAY, 45, L"{home}{right}0", L"60|=60"},
+    {DELAY, 45, L"{home}{right}{paste:ab}", L"45|=45"},
+    {DELAY, 45, L"{all}{paste:45}", L"45|=45"},
+    {DELAY, 60, L"{end}5", L"60|=60"},
+    // The numbers below the minimum are the beginnings of others.
+    {COUNT, 200, L"{all}0", L"0|=200"},
+    {COUNT, 200, L"{all}9", L"9|=200"},
+    {COUNT, 200, L"{all}10", L"1|=200 / 10|=10"},
+    {COUNT, 200, L"{all}59", L"5|=200 / 59|=59"},
+    {COUNT, 200, L"{all}605", L"6|=200 / 60|=60 / 605|=605"},
+    {COUNT, 200, L"{all}10000", L"1|=200 / 10|=10 / 100|=100 / 1000|=1000 / 10000|=10000"},
+    {COUNT, 200, L"{all}10001", L"1|=200 / 10|=10 / 100|=100 / 1000|=1000 / 10000|=10000"},
+    {COUNT, 200, L"{all}100000", L"1|=200 / 10|=10 / 100|=100 / 1000|=1000 / 10000|=10000 / 10000|=10000"},
+    {COUNT, 200, L"{all}65000", L"6|=200 / 65|=65 / 650|=650 / 6500|=6500 / 10000|=10000"},
+    {COUNT, 200, L"{all}007", L"0|=200 / 00|=200 / 007|=200"},
+    {COUNT, 200, L"{all}{paste:9}", L"9|=200"},
+    {COUNT, 200, L"{all}{paste:9999}", L"9999|=9999"},
+    {COUNT, 200, L"{all}{paste:10000}", L"10000|=10000"},
+    {COUNT, 200, L"{all}{paste:10001}", L"10000|=10000"},
+    {COUNT, 200, L"{all}{paste:-12}", L"-12|=200"},
+    {COUNT, 200, L"{all}{paste:9.5}", L"10|=10"},
+    {COUNT, 200, L"{all}{paste:9.4}", L"9.4|=200"},
+    {COUNT, 200, L"{all}{paste:0.5}", L"0.5|=200"},
+    {COUNT, 200, L"{all}{paste:10000.5}", L"10000|=10000"},
+    {COUNT, 200, L"{all}12.5", L"1|=200 / 12|=12 / 12.|=12 / 12.5|=12"},
+    {COUNT, 200, L"{all}1,000", L"1|=200 / 1,|=200 / 10|=10 / 100|=100 / 1000|=1000"},
+    {COUNT, 200, L"{all}12x", L"1|=200 / 12|=12 / 12|=12"},
+    {COUNT, 200, L"{all}1e1", L"1|=200 / 20|0=200 / 201|0=2010"},
+    {COUNT, 200, L"{end}{back}{back}{back}", L"20|=20 / 2|=20 / |=10"},
+    {COUNT, 200, L"{all}{del}x", L"|=10 / 1|0=10"},
+    {COUNT, 1234, L"{home}{del}", L"|234=234"},
+    {COUNT, 1234, L"{home}{right}0", L"10|000=10000"},
+    {COUNT, 10000, L"{home}5", L"1|0000=10000"},
+    {COUNT, 1234, L"{end}{back}", L"123|=123"},
+    {COUNT, 10, L"{end}{back}", L"1|=10"},
+    {COUNT, 1234, L"{home}0", L"0|1234=1234"},
+    {BELOW_ZERO, -7, L"{all}{paste:-12}", L"-12|=-12"},
+    {BELOW_ZERO, -7, L"{all}{paste:-5}{paste:-}", L"-5|=-5 / -5|=-5"},
+    {BELOW_ZERO, -7, L"{all}{paste:-4}", L"-5|=-5"},
+    {BELOW_ZERO, -7, L"{all}{paste:-20}", L"-20|=-20"},
+    {BELOW_ZERO, -7, L"{all}{paste:-21}", L"-21|=-7"},
+    {BELOW_ZERO, -7, L"{all}{del}", L"|=-20"},
+};
+
+class NumericRule : public NumericEntries {
+protected:
+    /// A field with these bounds in place of one of the dialog's own, for the time of `script`.
+    void withField(const Bounds& bounds,
+                   const std::function<void(ui::Window&, ui::TextBox&, ui::UpDown&)>& script) {
+        openSearch([&](vexa::frmSettings& form) {
+            {
+                const NumericEntryField field(form.txtMinRel, form.updMinRel, bounds,
+                                              application.platform.conversions);
+                script(form.window(), form.txtMinRel, form.updMinRel);
+                form.txtMinRel.onChange = nullptr;
+                form.updMinRel.onChange = nullptr;
+            }
+            user.click(form.cmdCancel);
+        });
+    }
+
+    std::wstring play(const Entry& entry, ui::Window& window, ui::TextBox& box, ui::UpDown& upDown) {
+        box.setText(std::to_wstring(entry.before));
+        EXPECT_EQ(upDown.value(), entry.before);
+        box.setFocus();
+        box.select(static_cast<int>(box.text().size()), 0);
+        std::wstring states;
+        for (const std::wstring& token : tokens(entry.keys))
+            if (press(window, box, token)) states += (states.empty() ? L"" : L" / ") + state(box, upDown);
+        return states;
+    }
+
+private:
     /// Plays a key of the table; returns whether it may change the field.
-    bool play(ui::Window& window, ui::TextBox& box, const std::wstring& token) {
+    bool press(ui::Window& window, ui::TextBox& box, const std::wstring& token) {
         if (token.starts_with(L"{paste:")) {
             user.paste(box, token.substr(7, token.size() - 8));
             return true;
@@ -49,7 +222,6 @@ protected:
         if (token == L"{del}") return user.press(window, key::remove), true;
         return user.type(box, token), true;
     }
-
     static std::vector<std::wstring> tokens(const std::wstring& keys) {
         std::vector<std::wstring> all;
         for (std::size_t start = 0; start < keys.size();) {
@@ -59,258 +231,75 @@ protected:
         }
         return all;
     }
-
-    void playAll(ui::Window& window, ui::TextBox& box, ui::UpDown& upDown,
-                 std::span<const NumericEntry> entries) {
-        for (const NumericEntry& entry : entries) {
-            SCOPED_TRACE(std::string(entry.what) + ": " + narrow(entry.keys));
-            const std::wstring before = std::to_wstring(entry.before);
-            box.setText(before);
-            ASSERT_EQ(upDown.value(), entry.before);
-            box.setFocus();
-            box.select(static_cast<int>(before.size()), 0);
-            std::wstring states;
-            for (const std::wstring& token : tokens(entry.keys))
-                if (play(window, box, token)) states += (states.empty() ? L"" : L" / ") + state(box, upDown);
-            EXPECT_EQ(states, entry.states);
-        }
-    }
 };
 
-// --- Typed texts ------------------------------------------------------------------------------------------
-
-TEST_F(NumericEntries, EachFieldHasATableOfAtLeast120TypedTexts) {
-    for (const auto entries : {delayEntries(), entryCountEntries(), minRelEntries(), maxSizeEntries()})
-        EXPECT_GE(entries.size(), 120U);
+TEST_F(NumericRule, FollowsTheTableOfTypedTexts) {
+    for (const Bounds& bounds : {DELAY, COUNT, BELOW_ZERO})
+        withField(bounds, [&](ui::Window& window, ui::TextBox& box, ui::UpDown& upDown) {
+            for (const Entry& entry : ENTRIES)
+                if (entry.bounds.minimum == bounds.minimum) {
+                    EXPECT_EQ(play(entry, window, box, upDown), entry.states)
+                        << entry.before << ", then " << narrow(entry.keys);
+                }
+        });
 }
 
-TEST_F(NumericEntries, DelayFollowsTheTableOfTypedTexts) {
-    openSearch([&](vexa::frmSettings& form) {
-        playAll(form.window(), form.txtDelay, form.updDelay, delayEntries());
-        user.click(form.cmdCancel);
+TEST_F(NumericRule, BeginsAtTheMinimumInBothControls) {
+    withField(COUNT, [](ui::Window&, ui::TextBox& box, ui::UpDown& upDown) {
+        EXPECT_EQ(box.text(), L"10");
+        EXPECT_EQ(upDown.value(), 10);
+        EXPECT_EQ(upDown.minimum(), 10);
+        EXPECT_EQ(upDown.maximum(), 10000);
     });
 }
 
-TEST_F(NumericEntries, EntryCountFollowsTheTableOfTypedTexts) {
-    openSearch([&](vexa::frmSettings& form) {
-        playAll(form.window(), form.txtEntryCount, form.updEntryCount, entryCountEntries());
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(NumericEntries, MinRelFollowsTheTableOfTypedTexts) {
-    openSearch([&](vexa::frmSettings& form) {
-        playAll(form.window(), form.txtMinRel, form.updMinRel, minRelEntries());
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(NumericEntries, MaxSizeFollowsTheTableOfTypedTexts) {
-    openAttachments([&](vexa::frmAttachment& form) {
-        playAll(form.window(), form.txtMaxSize, form.updMaxSize, maxSizeEntries());
-        user.click(form.cmdCancel);
-    });
-}
-
-// --- A decimal comma --------------------------------------------------------------------------------------
-
-constexpr NumericEntry COMMA_ENTRIES[] = {
-    {"a fraction above the half", 50, L"{all}{paste:1,6}", L"2|=2"},
-    {"the half above an odd number", 50, L"{all}{paste:1,5}", L"2|=2"},
-    {"the half above an even number", 50, L"{all}{paste:2,5}", L"2|=2"},
-    {"a fraction below the half", 50, L"{all}{paste:12,49}", L"12|=12"},
-    {"a fraction, typed", 50, L"{all}1,5", L"1|=1 / 1,|=1 / 2|=2"},
-    {"a comma at the end", 50, L"{all}{paste:12,}", L"12|=12"},
-    {"a fraction below the minimum", 50, L"{all}{paste:0,4}", L"0,4|=50"},
-    {"two commas", 50, L"{all}{paste:1,5,6}", L"50|=50"},
-    {"a point between thousands", 50, L"{all}{paste:1.000}", L"1000|=1000"},
-    {"a point between thousands, typed", 50, L"{all}1.000", L"1|=1 / 1.|=1 / 10|=10 / 100|=100 / 1000|=1000"},
-    {"a point elsewhere", 50, L"{all}{paste:1.5}", L"15|=15"},
-    {"point and comma", 50, L"{all}{paste:10.000,4}", L"10000|=10000"},
-    {"the maximum with its point", 50, L"{all}{paste:65.000}", L"65000|=65000"},
-    {"above the maximum", 50, L"{all}{paste:65.001}", L"65000|=65000"},
-    {"a letter behind", 50, L"{all}{paste:1,5x}", L"50|=50"},
-};
-
-TEST_F(NumericEntries, WithADecimalCommaACommaBeginsTheFractionAndPointsSeparateThousands) {
-    stage->useDecimalComma();
-    openAttachments([&](vexa::frmAttachment& form) {
-        playAll(form.window(), form.txtMaxSize, form.updMaxSize, COMMA_ENTRIES);
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(NumericEntries, WithADecimalCommaLoadingAndArrowsStillShowPlainDigits) {
-    stage->useDecimalComma();
-    settings.MaxEntries = 9999;
-    settings.AttachmentsMaxSize = 65000;
-    openSearch([&](vexa::frmSettings& form) {
-        EXPECT_EQ(form.txtEntryCount.text(), L"9999");
-        user.step(form.updEntryCount, true);
-        EXPECT_EQ(form.txtEntryCount.text(), L"10000");
-        user.click(form.cmdOk);
-    });
-    EXPECT_EQ(settings.MaxEntries, 10000);
-    openAttachments([&](vexa::frmAttachment& form) {
-        EXPECT_EQ(form.txtMaxSize.text(), L"65000");
-        user.step(form.updMaxSize, false);
-        EXPECT_EQ(form.txtMaxSize.text(), L"64999");
-        user.click(form.cmdOk);
-    });
-    EXPECT_EQ(stage->value(SETTINGS_KEY, L"AttachmentsMaxSize"), vexa::Value(64999));
-}
-
-// --- Bounds -----------------------------------------------------------------------------------------------
-
-TEST_F(NumericEntries, BoundsAreThoseThatTheLabelsRepeat) {
-    openSearch([&](vexa::frmSettings& form) {
-        const auto bounds = [](const ui::UpDown& upDown) {
-            return std::pair(upDown.minimum(), upDown.maximum());
-        };
-        const auto caption = [](vexa::frmSettings& dialog, int label) {
-            return dialog.window().control<ui::Label>(label).text();
-        };
-        EXPECT_EQ(bounds(form.updDelay), std::pair(0, 60));
-        EXPECT_EQ(form.lblDelayInfo.text(), L"0 - 60 (sec)");
-        EXPECT_EQ(bounds(form.updEntryCount), std::pair(10, 10000));
-        EXPECT_EQ(caption(form, IDC_lblResCountInfo), L"10 - 10000");
-        EXPECT_EQ(bounds(form.updMinRel), std::pair(0, 100));
-        EXPECT_EQ(caption(form, IDC_lblMinRelPercent), L"0 - 100(%)");
-        user.click(form.cmdCancel);
-    });
-    openAttachments([&](vexa::frmAttachment& form) {
-        EXPECT_EQ(form.updMaxSize.minimum(), 1);
-        EXPECT_EQ(form.updMaxSize.maximum(), 65000);
-        EXPECT_EQ(form.lblMaxSize.text(), L"&Size in KB (1 - 65000):");
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(NumericEntries, FieldsStartAtTheirMinimumBeforeTheStoredValueIsLoaded) {
-    const vexa::frmSettings search(application, stage->owner(), openReport);
-    EXPECT_EQ(search.updDelay.value(), 0);
-    EXPECT_EQ(search.txtDelay.text(), L"0");
-    EXPECT_EQ(search.updEntryCount.value(), 10);
-    EXPECT_EQ(search.txtEntryCount.text(), L"10");
-    EXPECT_EQ(search.updMinRel.value(), 0);
-    EXPECT_EQ(search.txtMinRel.text(), L"0");
-    const vexa::frmAttachment attachments(application, stage->owner());
-    EXPECT_EQ(attachments.updMaxSize.value(), 1);
-    EXPECT_EQ(attachments.txtMaxSize.text(), L"1");
-}
-
-TEST_F(NumericEntries, AWriteOutsideTheBoundsIsRefusedAndChangesNothing) {
-    openSearch([&](vexa::frmSettings& form) {
-        EXPECT_THROW(form.updDelay.setValue(61), std::out_of_range);
-        EXPECT_THROW(form.updDelay.setValue(-1), std::out_of_range);
-        EXPECT_THROW(form.updEntryCount.setValue(9), std::out_of_range);
-        EXPECT_THROW(form.updEntryCount.setValue(2147483647), std::out_of_range);
-        EXPECT_EQ(form.updDelay.value(), 10);
-        EXPECT_EQ(form.txtDelay.text(), L"10");
-        EXPECT_EQ(form.updEntryCount.value(), 20);
-        EXPECT_EQ(form.txtEntryCount.text(), L"20");
-        user.click(form.cmdCancel);
-    });
-}
-
-// --- What OK stores ---------------------------------------------------------------------------------------
-
-TEST_F(NumericEntries, AnEmptiedDelayBoxStaysEmptyAndStoresZero) {
-    openSearch([&](vexa::frmSettings& form) {
-        empty(form.txtDelay, form.window());
-        EXPECT_EQ(form.txtDelay.text(), L"");
-        user.click(form.cmdOk);
-    });
-    EXPECT_EQ(settings.AutoFindDelay, 0);
-}
-
-TEST_F(NumericEntries, AnEmptiedSizeBoxStaysEmptyAndStoresOne) {
-    openAttachments([&](vexa::frmAttachment& form) {
-        empty(form.txtMaxSize, form.window());
-        EXPECT_EQ(form.txtMaxSize.text(), L"");
-        user.click(form.cmdOk);
-    });
-    EXPECT_EQ(settings.AttachmentsMaxSize, 1);
-    EXPECT_EQ(stage->value(SETTINGS_KEY, L"AttachmentsMaxSize"), vexa::Value(1));
-}
-
-TEST_F(NumericEntries, AnEmptiedResultCountBoxStoresTen) {
-    openSearch([&](vexa::frmSettings& form) {
-        empty(form.txtEntryCount, form.window());
-        EXPECT_EQ(form.txtEntryCount.text(), L"");
-        user.click(form.cmdOk);
-    });
-    EXPECT_EQ(settings.MaxEntries, 10);
-}
-
-TEST_F(NumericEntries, LettersPutThePreviousValueBackWithTheCaretAtItsPlaceOrAtTheEnd) {
-    openSearch([&](vexa::frmSettings& form) {
-        for (const auto& [box, upDown] : {std::pair<ui::TextBox&, ui::UpDown&>(form.txtDelay, form.updDelay),
-                                          {form.txtEntryCount, form.updEntryCount},
-                                          {form.txtMinRel, form.updMinRel}}) {
-            const int before = upDown.value();
-            selectAll(box);
-            user.paste(box, L"abc");
-            EXPECT_EQ(box.text(), std::to_wstring(before));
-            EXPECT_EQ(box.selectionStart(), 2) << "the end of the shorter text";
-            selectAll(box);
-            user.paste(box, L"12x");
-            EXPECT_EQ(box.text(), std::to_wstring(before));
-            box.select(0, 0);
-            user.type(box, L"x");
-            EXPECT_EQ(box.text(), std::to_wstring(before));
-            EXPECT_EQ(box.selectionStart(), 1) << "its old position";
-            EXPECT_EQ(upDown.value(), before);
+TEST_F(NumericRule, TheArrowsGoOnFromTheValueAndStopAtTheBounds) {
+    withField(COUNT, [&](ui::Window& window, ui::TextBox& box, ui::UpDown& upDown) {
+        upDown.setValue(9999);
+        EXPECT_EQ(box.text(), L"9999");
+        for (const wchar_t* expected : {L"10000", L"10000"}) {
+            user.step(upDown, true);
+            EXPECT_EQ(box.text(), expected) << "without separators";
         }
-        user.click(form.cmdCancel);
+        empty(box, window);
+        user.step(upDown, true);
+        EXPECT_EQ(box.text(), L"11") << "an empty text stands for the minimum";
+        replace(box, L"5");
+        user.step(upDown, false);
+        EXPECT_EQ(box.text(), L"10") << "a text below the minimum is not the value";
+        user.step(upDown, false);
+        EXPECT_EQ(box.text(), L"10");
+        box.setFocus();
+        user.press(window, key::up);
+        EXPECT_EQ(state(box, upDown).back(), L'1');
+        user.press(window, key::down);
+        EXPECT_EQ(box.text(), L"10");
     });
 }
 
-TEST_F(NumericEntries, ANumberAboveTheMaximumBecomesTheMaximum) {
-    openSearch([&](vexa::frmSettings& form) {
-        replace(form.txtDelay, L"61");
-        EXPECT_EQ(state(form.txtDelay, form.updDelay), L"60|=60");
-        replace(form.txtMinRel, L"101");
-        EXPECT_EQ(state(form.txtMinRel, form.updMinRel), L"100|=100");
-        user.click(form.cmdCancel);
-    });
-    openAttachments([&](vexa::frmAttachment& form) {
-        replace(form.txtMaxSize, L"70000");
-        EXPECT_EQ(state(form.txtMaxSize, form.updMaxSize), L"65000|=65000");
-        user.click(form.cmdCancel);
+TEST_F(NumericRule, AWriteOutsideTheBoundsIsRefusedAndChangesNothing) {
+    withField(COUNT, [](ui::Window&, ui::TextBox& box, ui::UpDown& upDown) {
+        upDown.setValue(20);
+        for (const std::int32_t refused : {9, 10001, -1, 2147483647})
+            EXPECT_THROW(upDown.setValue(refused), std::out_of_range);
+        EXPECT_EQ(box.text(), L"20");
+        EXPECT_EQ(upDown.value(), 20);
     });
 }
 
-TEST_F(NumericEntries, ANumberBelowTheMinimumStaysInTheBoxWhileTheValueStaysWhatItWas) {
-    openSearch([&](vexa::frmSettings& form) {
-        replace(form.txtEntryCount, L"5");
-        EXPECT_EQ(state(form.txtEntryCount, form.updEntryCount), L"5|=20");
-        user.click(form.cmdOk);
-    });
-    EXPECT_EQ(settings.MaxEntries, 20) << "not 5";
-    EXPECT_FALSE(application.flags.dialogChanged);
-}
-
-TEST_F(NumericEntries, ADigitMoreMakesANumberBelowTheMinimumAValue) {
-    openSearch([&](vexa::frmSettings& form) {
-        replace(form.txtEntryCount, L"5");
-        user.type(form.txtEntryCount, L"0");
-        EXPECT_EQ(state(form.txtEntryCount, form.updEntryCount), L"50|=50");
-        user.click(form.cmdOk);
-    });
-    EXPECT_EQ(settings.MaxEntries, 50);
-}
-
-TEST_F(NumericEntries, ANumberBeyond32BitsCountsAsNoNumber) {
-    openSearch([&](vexa::frmSettings& form) {
-        selectAll(form.txtEntryCount);
-        user.paste(form.txtEntryCount, L"99999999999");
-        EXPECT_EQ(state(form.txtEntryCount, form.updEntryCount), L"20|=20");
-        user.click(form.cmdCancel);
+TEST_F(NumericRule, AStepLeavesTheCaretOrMovesItToTheEndOfAShorterText) {
+    withField(COUNT, [&](ui::Window&, ui::TextBox& box, ui::UpDown& upDown) {
+        upDown.setValue(1000);
+        box.select(1, 0);
+        upDown.setValue(1001);
+        EXPECT_EQ(state(box, upDown), L"1|001=1001");
+        box.select(4, 0);
+        upDown.setValue(99);
+        EXPECT_EQ(state(box, upDown), L"99|=99");
     });
 }
 
-TEST_F(NumericEntries, AClickPlacesTheCaretAndSelectsNothing) {
+TEST_F(NumericRule, AClickPlacesTheCaretAndSelectsNothing) {
     openSearch([&](vexa::frmSettings& form) {
         form.chkAutoInfo.setFocus();
         user.click(form.txtMinRel);
@@ -321,88 +310,7 @@ TEST_F(NumericEntries, AClickPlacesTheCaretAndSelectsNothing) {
     });
 }
 
-TEST_F(NumericEntries, AValidEditDoesNotMoveTheCaret) {
-    openSearch([&](vexa::frmSettings& form) {
-        replace(form.txtEntryCount, L"124");
-        form.txtEntryCount.select(2, 0);
-        user.type(form.txtEntryCount, L"3");
-        EXPECT_EQ(state(form.txtEntryCount, form.updEntryCount), L"123|4=1234");
-        user.click(form.cmdCancel);
-    });
-    openAttachments([&](vexa::frmAttachment& form) {
-        replace(form.txtMaxSize, L"1234");
-        form.txtMaxSize.select(1, 0);
-        user.type(form.txtMaxSize, L"9");
-        EXPECT_EQ(state(form.txtMaxSize, form.updMaxSize), L"19|234=19234");
-        user.click(form.cmdCancel);
-    });
-}
-
-// --- Arrows -----------------------------------------------------------------------------------------------
-
-TEST_F(NumericEntries, ArrowsStepByOneAndShowTheNumberInTheBox) {
-    openSearch([&](vexa::frmSettings& form) {
-        user.step(form.updDelay, true);
-        EXPECT_EQ(form.updDelay.value(), 11);
-        EXPECT_EQ(form.txtDelay.text(), L"11");
-        user.step(form.updDelay, false);
-        user.step(form.updDelay, false);
-        EXPECT_EQ(form.txtDelay.text(), L"9");
-        user.click(form.cmdOk);
-    });
-    EXPECT_EQ(settings.AutoFindDelay, 9);
-}
-
-TEST_F(NumericEntries, ArrowsStopAtTheBounds) {
-    settings.MinRel = 100;
-    settings.MaxEntries = 10;
-    openSearch([&](vexa::frmSettings& form) {
-        user.step(form.updMinRel, true);
-        EXPECT_EQ(form.updMinRel.value(), 100);
-        EXPECT_EQ(form.txtMinRel.text(), L"100");
-        user.step(form.updEntryCount, false);
-        EXPECT_EQ(form.updEntryCount.value(), 10);
-        EXPECT_EQ(form.txtEntryCount.text(), L"10");
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(NumericEntries, LargeNumbersAreShownWithoutSeparators) {
-    settings.MaxEntries = 9999;
-    openSearch([&](vexa::frmSettings& form) {
-        EXPECT_EQ(form.txtEntryCount.text(), L"9999");
-        user.step(form.updEntryCount, true);
-        EXPECT_EQ(form.txtEntryCount.text(), L"10000");
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(NumericEntries, ArrowKeysInTheBoxStepTheNumber) {
-    openSearch([&](vexa::frmSettings& form) {
-        form.txtMinRel.setFocus();
-        user.press(form.window(), key::up);
-        EXPECT_EQ(form.txtMinRel.text(), L"41");
-        user.press(form.window(), key::down);
-        user.press(form.window(), key::down);
-        EXPECT_EQ(form.txtMinRel.text(), L"39");
-        user.click(form.cmdOk);
-    });
-    EXPECT_EQ(settings.MinRel, 39);
-}
-
-TEST_F(NumericEntries, AStepAfterATextBelowTheMinimumGoesOnFromTheValue) {
-    openSearch([&](vexa::frmSettings& form) {
-        replace(form.txtEntryCount, L"5");
-        user.step(form.updEntryCount, true);
-        EXPECT_EQ(form.txtEntryCount.text(), L"21");
-        empty(form.txtEntryCount, form.window());
-        user.step(form.updEntryCount, true);
-        EXPECT_EQ(form.txtEntryCount.text(), L"11");
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(NumericEntries, ADisabledArrowDoesNothing) {
+TEST_F(NumericEntries, ADisabledFieldTakesNoStep) {
     settings.AutoInfo = false;
     openSearch([&](vexa::frmSettings& form) {
         user.step(form.updDelay, true);
@@ -411,33 +319,132 @@ TEST_F(NumericEntries, ADisabledArrowDoesNothing) {
     });
 }
 
-// --- Stored numbers outside the bounds --------------------------------------------------------------------
+// --- The four fields --------------------------------------------------------------------------------------
 
-class StoredOutside : public NumericEntries, public testing::WithParamInterface<std::int32_t> {};
+/// A field of an open dialog.
+struct OpenField {
+    ui::Window& window;
+    ui::TextBox& box;
+    ui::UpDown& upDown;
+    ui::Button& ok;
+};
+using FieldScript = std::function<void(const OpenField&)>;
 
-TEST_P(StoredOutside, TheFieldsShowAndStoreTheirMinimum) {
-    settings.MaxEntries = settings.MinRel = settings.AutoFindDelay = GetParam();
-    settings.AttachmentsMaxSize = GetParam();
-    openSearch([&](vexa::frmSettings& form) {
-        EXPECT_EQ(form.txtDelay.text(), L"0");
-        EXPECT_EQ(form.txtEntryCount.text(), L"10");
-        EXPECT_EQ(form.txtMinRel.text(), L"0");
-        user.click(form.cmdOk);
+struct Field {
+    const char* name;
+    void (*open)(SettingsScene&, const FieldScript&);
+    std::int32_t vexa::Settings::*setting;
+    Bounds bounds;
+    std::int32_t shown;  ///< where nothing is stored
+    bool marksChanged;   ///< OK tells the page of a change
+};
+
+void PrintTo(const Field& field, std::ostream* stream) { *stream << field.name; }
+
+template <class Pick>
+void inSearch(SettingsScene& scene, const FieldScript& script, Pick pick) {
+    scene.openSearch([&](vexa::frmSettings& form) {
+        script(pick(form));
+        if (form.window().isOpen()) scene.user.click(form.cmdCancel);
     });
-    EXPECT_EQ(settings.AutoFindDelay, 0);
-    EXPECT_EQ(settings.MaxEntries, 10);
-    EXPECT_EQ(settings.MinRel, 0);
-    EXPECT_TRUE(application.flags.dialogChanged);
-    openAttachments([&](vexa::frmAttachment& form) {
-        EXPECT_EQ(form.txtMaxSize.text(), L"1");
-        user.click(form.cmdOk);
+}
+
+void openDelay(SettingsScene& scene, const FieldScript& script) {
+    inSearch(scene, script, [](vexa::frmSettings& form) {
+        return OpenField{form.window(), form.txtDelay, form.updDelay, form.cmdOk};
     });
-    EXPECT_EQ(settings.AttachmentsMaxSize, 1);
+}
+void openCount(SettingsScene& scene, const FieldScript& script) {
+    inSearch(scene, script, [](vexa::frmSettings& form) {
+        return OpenField{form.window(), form.txtEntryCount, form.updEntryCount, form.cmdOk};
+    });
+}
+void openRelevance(SettingsScene& scene, const FieldScript& script) {
+    inSearch(scene, script, [](vexa::frmSettings& form) {
+        return OpenField{form.window(), form.txtMinRel, form.updMinRel, form.cmdOk};
+    });
+}
+void openSize(SettingsScene& scene, const FieldScript& script) {
+    scene.openAttachments([&](vexa::frmAttachment& form) {
+        script({form.window(), form.txtMaxSize, form.updMaxSize, form.cmdOk});
+        if (form.window().isOpen()) scene.user.click(form.cmdCancel);
+    });
+}
+
+class NumericFields : public NumericEntries, public testing::WithParamInterface<Field> {
+protected:
+    void open(const FieldScript& script) { GetParam().open(*this, script); }
+    std::int32_t& setting() { return settings.*GetParam().setting; }
+    /// Opens the dialog, plays `script` and presses OK.
+    void confirm(const FieldScript& script) {
+        application.flags = {};
+        open([&](const OpenField& field) {
+            script(field);
+            user.click(field.ok);
+        });
+    }
+    const Bounds& bounds = GetParam().bounds;
+};
+
+TEST_P(NumericFields, ShowsItsSettingBetweenItsBounds) {
+    open([&](const OpenField& field) {
+        EXPECT_EQ(field.upDown.minimum(), bounds.minimum);
+        EXPECT_EQ(field.upDown.maximum(), bounds.maximum);
+        EXPECT_EQ(field.box.text(), std::to_wstring(GetParam().shown));
+    });
+}
+
+TEST_P(NumericFields, ANumberWithinTheBoundsIsShownAndStoredAndNoOtherIs) {
+    constexpr std::int32_t LEAST = -2147483647 - 1;
+    for (const std::int32_t stored : {bounds.minimum, bounds.minimum + 1, bounds.maximum - 1, bounds.maximum,
+                                      bounds.minimum - 1, bounds.maximum + 1, LEAST, 2147483647}) {
+        const bool within = stored >= bounds.minimum && stored <= bounds.maximum;
+        setting() = stored;
+        confirm([&](const OpenField& field) {
+            EXPECT_EQ(field.box.text(), std::to_wstring(within ? stored : bounds.minimum));
+        });
+        EXPECT_EQ(setting(), within ? stored : bounds.minimum);
+        EXPECT_EQ(application.flags.dialogChanged, !within && GetParam().marksChanged) << stored;
+    }
     EXPECT_THAT(stage->messages(), testing::IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(All, StoredOutside,
-                         testing::Values(-2147483647 - 1, -100, -1, 65001, 100000, 2147483647));
+TEST_P(NumericFields, AnEmptiedBoxStaysEmptyAndStoresTheMinimum) {
+    confirm([&](const OpenField& field) {
+        empty(field.box, field.window);
+        EXPECT_EQ(field.box.text(), L"");
+    });
+    EXPECT_EQ(setting(), bounds.minimum);
+}
+
+TEST_P(NumericFields, ANumberAboveTheMaximumBecomesItAndOneBelowTheMinimumIsNotStored) {
+    confirm([&](const OpenField& field) {
+        selectAll(field.box);
+        user.paste(field.box, std::to_wstring(bounds.minimum - 1));
+        EXPECT_EQ(field.box.text(), std::to_wstring(bounds.minimum - 1));
+    });
+    EXPECT_EQ(setting(), GetParam().shown) << "the last number within the bounds";
+    EXPECT_FALSE(application.flags.dialogChanged);
+    confirm([&](const OpenField& field) {
+        replace(field.box, std::to_wstring(bounds.maximum + 1));
+        EXPECT_EQ(field.box.text(), std::to_wstring(bounds.maximum));
+    });
+    EXPECT_EQ(setting(), bounds.maximum);
+}
+
+TEST_P(NumericFields, TheArrowsChangeWhatOkStores) {
+    confirm([&](const OpenField& field) { user.step(field.upDown, true); });
+    EXPECT_EQ(setting(), GetParam().shown + 1);
+    EXPECT_EQ(application.flags.dialogChanged, GetParam().marksChanged);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, NumericFields,
+    testing::Values(Field{"Delay", openDelay, &vexa::Settings::AutoFindDelay, {0, 60}, 10, true},
+                    Field{"EntryCount", openCount, &vexa::Settings::MaxEntries, {10, 10000}, 20, true},
+                    Field{"MinRel", openRelevance, &vexa::Settings::MinRel, {0, 100}, 40, true},
+                    Field{"MaxSize", openSize, &vexa::Settings::AttachmentsMaxSize, {1, 65000}, 1024, false}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 }  // namespace
 }  // namespace tests

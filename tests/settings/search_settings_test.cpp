@@ -26,22 +26,6 @@ protected:
 
 // --- Loading ----------------------------------------------------------------------------------------------
 
-TEST_F(SearchSettings, CaptionsAreTheDialogsOwn) {
-    open([&](frmSettings& form) {
-        EXPECT_EQ(form.window().caption(), L"Settings");
-        EXPECT_EQ(form.chkAutoInfo.text(), L"Aut&omatic search");
-        EXPECT_EQ(unread(form).text(), L"Unrea&d");
-        EXPECT_EQ(all(form).text(), L"A&ll");
-        EXPECT_EQ(form.lblDelay.text(), L"Dela&y:");
-        EXPECT_EQ(form.lblSearchShortcut.text(), L"Short&cut:");
-        EXPECT_EQ(form.chkLoggingInformation.text(), L"&Provide logging information");
-        EXPECT_EQ(form.cmdSendLog.text(), L"&Send report...");
-        EXPECT_EQ(form.cmdOk.text(), L"OK");
-        EXPECT_EQ(form.cmdCancel.text(), L"Cancel");
-        user.click(form.cmdCancel);
-    });
-}
-
 TEST_F(SearchSettings, TheControlsShowTheRecord) {
     settings.MaxEntries = 55;
     settings.MinRel = 66;

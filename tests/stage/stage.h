@@ -59,7 +59,7 @@ public:
     [[nodiscard]] virtual std::unique_ptr<ui::Window> createPage(int templateIdentifier,
                                                                  const ui::Size& size) = 0;
     /// The resolution that the program sees from now on; the windows' own pixels stay as they are.
-    virtual void setTwipsPerPixel(double twips) = 0;
+    virtual void setTwipsPerPixel(double horizontal, double vertical) = 0;
     /// From now on this list has room for just so many items: adding more fails.
     virtual void setRoom(ui::ListBox& list, int items) = 0;
     /// The owner for a dialog that a test shows by itself.

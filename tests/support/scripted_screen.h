@@ -31,12 +31,15 @@ public:
     std::optional<ui::Colour> chooseColour(ui::Window& owner, ui::Colour initial,
                                            const std::wstring& title) override;
     [[nodiscard]] double twipsPerPixelX() const override {
-        return twipsPerPixel_.value_or(screen_.twipsPerPixelX());
+        return twipsPerPixelX_.value_or(screen_.twipsPerPixelX());
     }
     [[nodiscard]] double twipsPerPixelY() const override {
-        return twipsPerPixel_.value_or(screen_.twipsPerPixelY());
+        return twipsPerPixelY_.value_or(screen_.twipsPerPixelY());
     }
-    void setTwipsPerPixel(double twips) { twipsPerPixel_ = twips; }
+    void setTwipsPerPixel(double horizontal, double vertical) {
+        twipsPerPixelX_ = horizontal;
+        twipsPerPixelY_ = vertical;
+    }
     [[nodiscard]] int scrollThumbWidth() const override { return screen_.scrollThumbWidth(); }
     [[nodiscard]] std::vector<std::wstring> fonts() const override { return screen_.fonts(); }
 
@@ -44,7 +47,8 @@ private:
     CallLog& calls_;
     ui::Screen& screen_;
     std::function<bool()> closing_;
-    std::optional<double> twipsPerPixel_;
+    std::optional<double> twipsPerPixelX_;
+    std::optional<double> twipsPerPixelY_;
     std::deque<ui::MessageAnswer> messageAnswers_;
     std::deque<std::optional<ui::Colour>> colourAnswers_;
     std::vector<ui::Message> messages_;

@@ -1,5 +1,7 @@
 #include "windows/controls/combo_box.h"
 
+#include <utility>
+
 #include "windows/controls/strokes.h"
 
 namespace win {
@@ -10,7 +12,19 @@ constexpr int MOST_SHOWN_ITEMS = 12;
 }  // namespace
 
 void ComboBox::onCommand(int code) {
-    if (code == CBN_SELCHANGE) raise(onClick);
+    switch (code) {
+        case CBN_DROPDOWN: told_ = NO_ENTRY; break;
+        // The entry that is shown already can be chosen, too: then the selection does not change.
+        case CBN_SELENDOK:
+        case CBN_SELCHANGE: tellChoice(); break;
+        default: break;
+    }
+}
+
+/// The system tells of one choice once or twice.
+void ComboBox::tellChoice() {
+    const int chosen = selectedIndex();
+    if (std::exchange(told_, chosen) != chosen) raise(onClick);
 }
 
 void ComboBox::move(const ui::Rect& bounds) {
@@ -47,6 +61,7 @@ int ComboBox::selectedIndex() const { return static_cast<int>(send(CB_GETCURSEL)
 
 void ComboBox::select(int index) {
     const bool inRange = index >= 0 && index < count();
+    told_ = NO_ENTRY;
     send(CB_SETCURSEL, inRange ? static_cast<WPARAM>(index) : static_cast<WPARAM>(-1));
 }
 

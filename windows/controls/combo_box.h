@@ -20,6 +20,13 @@ public:
     [[nodiscard]] bool droppedDown() const override;
     [[nodiscard]] bool pointerInside() const override;
     void draw(const ui::Strokes& strokes) override;
+
+private:
+    static constexpr int NO_ENTRY = -1;
+    void tellChoice();
+
+    /// What `onClick` has told since the list opened or the program selected an entry.
+    int told_ = NO_ENTRY;
 };
 
 }  // namespace win

@@ -1,9 +1,10 @@
 #include "windows/controls/swatch.h"
 
+#include "ui/contrast.h"
+
 namespace win {
 namespace {
 
-constexpr COLORREF BLACK = RGB(0, 0, 0);
 constexpr COLORREF WHITE = RGB(255, 255, 255);
 
 /// Fills with a colour for the time of one call.
@@ -15,23 +16,6 @@ void fill(HDC canvas, const RECT& area, COLORREF colour) {
 void outline(HDC canvas, const RECT& area, COLORREF colour) {
     SetDCBrushColor(canvas, colour);
     FrameRect(canvas, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-}
-
-/// Halfway between two colours.
-COLORREF between(COLORREF one, COLORREF other) {
-    const auto middle = [](int a, int b) { return (a + b) / 2; };
-    return RGB(middle(GetRValue(one), GetRValue(other)), middle(GetGValue(one), GetGValue(other)),
-               middle(GetBValue(one), GetBValue(other)));
-}
-
-/// Black or white, whichever stands out more from `background`. The eye's sense of brightness goes about with
-/// the square of a colour's parts; the bound is where black and white contrast alike.
-COLORREF readableOn(COLORREF background) {
-    const auto square = [](int part) { return part * part; };
-    const int brightness = (2126 * square(GetRValue(background)) + 7152 * square(GetGValue(background)) +
-                            722 * square(GetBValue(background))) /
-                           (255 * 255);
-    return brightness >= 1800 ? BLACK : WHITE;
 }
 
 void drawCaption(const DRAWITEMSTRUCT& item, const std::wstring& caption, RECT area, COLORREF colour) {
@@ -79,23 +63,23 @@ bool Swatch::onDrawItem(const DRAWITEMSTRUCT& item) {
     const bool disabled = (item.itemState & ODS_DISABLED) != 0;
     const bool pressed = (item.itemState & ODS_SELECTED) != 0;
     const auto shown = static_cast<COLORREF>(colour_) & WHITE;
-    const COLORREF face = GetSysColor(COLOR_BTNFACE);
-    const COLORREF ground = disabled ? between(shown, face) : shown;
 
+    // The colour is the setting, disabled or not: only the frame and the caption tell.
     RECT area = item.rcItem;
     outline(item.hDC, area, GetSysColor(disabled ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT));
     InflateRect(&area, -1, -1);
     // A rim in the dialog's own colour keeps the edge visible around any colour; it goes when pressed.
     if (!pressed) {
-        outline(item.hDC, area, face);
+        outline(item.hDC, area, GetSysColor(COLOR_BTNFACE));
         InflateRect(&area, -1, -1);
     }
-    fill(item.hDC, area, ground);
-    drawCaption(item, caption_, area, disabled ? GetSysColor(COLOR_GRAYTEXT) : readableOn(ground));
+    fill(item.hDC, area, shown);
+    const ui::Colour caption = disabled ? ui::disabledCaptionOn(colour_) : ui::captionOn(colour_);
+    drawCaption(item, caption_, area, static_cast<COLORREF>(caption));
     if ((item.itemState & ODS_FOCUS) && !(item.itemState & ODS_NOFOCUSRECT)) {
         InflateRect(&area, -2, -2);
-        SetTextColor(item.hDC, readableOn(ground));
-        SetBkColor(item.hDC, ground);
+        SetTextColor(item.hDC, static_cast<COLORREF>(caption));
+        SetBkColor(item.hDC, shown);
         DrawFocusRect(item.hDC, &area);
     }
     return true;

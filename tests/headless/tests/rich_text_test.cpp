@@ -21,5 +21,16 @@ TEST_F(HeadlessEditor, BulletsGetTheirIndentBeforeTheyAreSwitchedOn) {
     });
 }
 
+TEST_F(HeadlessEditor, BulletsOnAMixedSelectionSetNoIndent) {
+    open([&](frmSendBugReport& form) {
+        const auto& editor = dynamic_cast<const headless::RichText&>(form.rtfBody);
+        user.type(form.rtfBody, L"ab\ncd");
+        user.clickButton(form.tbrProperties, button::bulletIndent);
+        form.rtfBody.select(0, 5);
+        user.clickButton(form.tbrProperties, button::bulletIndent);
+        EXPECT_THAT(editor.bulletFormats(), ElementsAre("indent", "on", "on"));
+    });
+}
+
 }  // namespace
 }  // namespace tests

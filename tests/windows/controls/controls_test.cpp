@@ -3,6 +3,7 @@
 
 #include "tests/stage/user.h"
 #include "tests/windows/controls/test_form.h"
+#include "ui/contrast.h"
 #include "windows/controls/swatch.h"
 
 namespace tests {
@@ -329,13 +330,31 @@ TEST_F(ControlsTest, ASwatchWritesItsCaptionInBlackOnBrightAndInWhiteOnDarkColou
     });
 }
 
-TEST_F(ControlsTest, ADisabledASelectedAndAFocusedSwatchLookDifferent) {
+TEST_F(ControlsTest, ADisabledSwatchKeepsItsColourAndTellsByFrameAndCaption) {
+    inDialog(IDD_testDialog, [&](TestForm& form) {
+        auto& swatch = dynamic_cast<win::Swatch&>(form.control<ui::Swatch>(IDC_testSwatch));
+        for (const ui::Colour colour : {0x00FFFF, 0x00FF00, 0xFFFF00, 0xFF0000, 0xFF00FF, 0x0000FF, 0xFFFFFF,
+                                        0x000000, 0x808080, 0x767676, 0x7F0000FF}) {
+            SCOPED_TRACE(colour);
+            swatch.setColour(colour);
+            const auto ground = static_cast<COLORREF>(colour & 0xFFFFFF);
+            const auto caption = static_cast<COLORREF>(ui::disabledCaptionOn(colour));
+            const Drawing drawing(swatch, ODS_DISABLED);
+            EXPECT_GT(drawing.count(ground), Drawing::WIDTH * Drawing::HEIGHT / 2);
+            EXPECT_GT(drawing.count(caption), 20) << "readable";
+            EXPECT_EQ(drawing.pixel(3, 3), ground);
+            EXPECT_EQ(drawing.pixel(0, 0), GetSysColor(COLOR_GRAYTEXT));
+            EXPECT_EQ(Drawing(swatch, 0).count(caption), 0) << "enabled it is another";
+        }
+    });
+}
+
+TEST_F(ControlsTest, ASelectedAndAFocusedSwatchLookDifferent) {
     inDialog(IDD_testDialog, [&](TestForm& form) {
         auto& swatch = dynamic_cast<win::Swatch&>(form.control<ui::Swatch>(IDC_testSwatch));
         swatch.setColour(0x00FF00);
         const COLORREF green = RGB(0, 255, 0);
         const int plain = Drawing(swatch, 0).count(green);
-        EXPECT_EQ(Drawing(swatch, ODS_DISABLED).count(green), 0);
         EXPECT_LT(Drawing(swatch, ODS_FOCUS).count(green), plain);
         EXPECT_EQ(Drawing(swatch, ODS_FOCUS | ODS_NOFOCUSRECT).count(green), plain);
         EXPECT_EQ(Drawing(swatch, 0).pixel(1, 1), GetSysColor(COLOR_BTNFACE));

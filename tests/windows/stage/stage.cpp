@@ -105,7 +105,9 @@ public:
 
     [[nodiscard]] std::unique_ptr<ui::Window> createPage(int templateIdentifier,
                                                          const ui::Size& size) override;
-    void setTwipsPerPixel(double twips) override { scripted_.setTwipsPerPixel(twips); }
+    void setTwipsPerPixel(double horizontal, double vertical) override {
+        scripted_.setTwipsPerPixel(horizontal, vertical);
+    }
     void setRoom(ui::ListBox& list, int items) override {
         SetWindowSubclass(windowOf(list), refuseItems, 1, static_cast<DWORD_PTR>(items));
     }

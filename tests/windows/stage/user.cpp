@@ -106,7 +106,8 @@ void WindowsUser::press(ui::Window& window, int key, int modifiers) {
     const HWND form = windowOf(window);
     if (!isReachable(form)) return;
     const HeldKeys held(modifiers);
-    if ((modifiers & ui::modifier::alt) && isLetterOrDigit(key)) return pressAccessKey(focusIn(form), key);
+    const bool altAlone = (modifiers & ui::modifier::alt) && !(modifiers & ui::modifier::control);
+    if (altAlone && isLetterOrDigit(key)) return pressAccessKey(focusIn(form), key);
     PostMessageW(focusIn(form), WM_KEYDOWN, static_cast<WPARAM>(key), ONE_PRESS);
     deliverMessages();
     // The release goes to whoever has the focus by then.

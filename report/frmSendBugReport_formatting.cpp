@@ -83,9 +83,10 @@ void frmSendBugReport::align(ui::Alignment alignment) {
 }
 
 void frmSendBugReport::toggleBullets() {
-    const bool on = rtfBody.bulleted() != true;
-    if (on) rtfBody.setBulletIndent(indentStep());
-    rtfBody.setBulleted(on);
+    const std::optional<bool> bulleted = rtfBody.bulleted();
+    // Of a mixed selection some paragraphs have their bullets and their indents already.
+    if (bulleted == false) rtfBody.setBulletIndent(indentStep());
+    rtfBody.setBulleted(bulleted != true);
     tbrProperties.setPressed(propertyButton::bulletIndent, rtfBody.bulleted() == true);
 }
 
