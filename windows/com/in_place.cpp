@@ -32,13 +32,13 @@ HRESULT tellActivated(const Ptr<IOleInPlaceSite>& site) {
     return newer->OnInPlaceActivateEx(&needsNoRedraw, 0);
 }
 
-enum class Ui { inactive, active, leaving };
-
 }  // namespace
 
 /// One stay in a container's window, from the question whether the control may come to the word that it has
 /// gone. What the container is told in it comes in pairs.
 struct InPlace::Stay {
+    enum class Ui { inactive, active, leaving };
+
     explicit Stay(Ptr<IOleInPlaceSite> container)
         : site(std::move(container)), focusSite(site.as<IOleControlSite>()) {}
 
@@ -83,7 +83,7 @@ bool InPlace::isShown() const {
     return isActive() && (GetWindowLongW(stay_->window->handle(), GWL_STYLE) & WS_VISIBLE) != 0;
 }
 
-bool InPlace::isUiActive() const { return isActive() && stay_->ui == Ui::active; }
+bool InPlace::isUiActive() const { return isActive() && stay_->ui == Stay::Ui::active; }
 
 // --- Activation -------------------------------------------------------------------------------------------
 
@@ -244,16 +244,16 @@ void InPlace::activateUi() {
     becomeUiActive(*stay);
     if (isUiActive() && page_.isOpen() && !IsChild(page_.window(), GetFocus()))
         focusOutermostStop(page_.window());
-    if (stay->ui == Ui::active) stay->tellFocus(true);
+    if (stay->ui == Stay::Ui::active) stay->tellFocus(true);
 }
 
 void InPlace::becomeUiActive(Stay& stay) {
-    if (stay.ui != Ui::inactive) return;
+    if (stay.ui != Stay::Ui::inactive) return;
     // Set first: the container may set the focus, which leads back here.
-    stay.ui = Ui::active;
+    stay.ui = Stay::Ui::active;
     const HRESULT answer = stay.site->OnUIActivate();
-    if (stay.ui == Ui::active && FAILED(answer) && answer != E_NOTIMPL) {
-        stay.ui = Ui::inactive;
+    if (stay.ui == Stay::Ui::active && FAILED(answer) && answer != E_NOTIMPL) {
+        stay.ui = Stay::Ui::inactive;
         throw Failure(answer);
     }
     offerActiveObject(stay, stay.frame.get());
@@ -262,9 +262,9 @@ void InPlace::becomeUiActive(Stay& stay) {
 
 /// A container that ends the activity inside the call must not keep what it was given.
 void InPlace::offerActiveObject(const Stay& stay, IOleInPlaceUIWindow* window) {
-    if (window == nullptr || stay.ui != Ui::active) return;
+    if (window == nullptr || stay.ui != Stay::Ui::active) return;
     window->SetActiveObject(this, CAPTION);
-    if (stay.ui != Ui::active) window->SetActiveObject(nullptr, nullptr);
+    if (stay.ui != Stay::Ui::active) window->SetActiveObject(nullptr, nullptr);
 }
 
 STDMETHODIMP InPlace::UIDeactivate() noexcept {
@@ -275,13 +275,13 @@ STDMETHODIMP InPlace::UIDeactivate() noexcept {
 void InPlace::deactivateUi() noexcept {
     const Ptr<IUnknown> self(&whole());
     const auto stay = stay_;
-    if (!stay || stay->ui != Ui::active) return;
+    if (!stay || stay->ui != Stay::Ui::active) return;
     // Until the last word is said the container cannot make the control active anew.
-    stay->ui = Ui::leaving;
+    stay->ui = Stay::Ui::leaving;
     if (stay->frame) stay->frame->SetActiveObject(nullptr, nullptr);
     if (stay->document) stay->document->SetActiveObject(nullptr, nullptr);
     stay->tellFocus(false);
-    stay->ui = Ui::inactive;
+    stay->ui = Stay::Ui::inactive;
     stay->site->OnUIDeactivate(FALSE);
 }
 
@@ -289,7 +289,7 @@ void InPlace::focusMoved(bool entered) {
     if (!isActive()) return;
     const auto stay = stay_;
     if (entered) becomeUiActive(*stay);
-    if (!entered || stay->ui == Ui::active) stay->tellFocus(entered);
+    if (!entered || stay->ui == Stay::Ui::active) stay->tellFocus(entered);
 }
 
 /// While the page's dialogs run; each disabling is taken back, also where the container takes the page away.

@@ -11,7 +11,7 @@
 namespace tests {
 namespace {
 
-std::wstring nextPath() {
+std::wstring nextFolder() {
     static int number = 0;
     wchar_t folder[MAX_PATH];
     GetTempPathW(MAX_PATH, folder);
@@ -44,7 +44,7 @@ HANDLE open(const std::wstring& path, DWORD access, DWORD creation) {
 
 }  // namespace
 
-ScratchFolder::ScratchFolder() : path_(nextPath()) { createFolders(path_); }
+ScratchFolder::ScratchFolder() : path_(nextFolder()) { createFolders(path_); }
 
 ScratchFolder::~ScratchFolder() { removeAll(path_); }
 

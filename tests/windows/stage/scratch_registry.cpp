@@ -9,7 +9,7 @@
 namespace tests {
 namespace {
 
-std::wstring nextPath() {
+std::wstring nextKey() {
     static int number = 0;
     return L"Software\\VexaPPE tests\\" + std::to_wstring(GetCurrentProcessId()) + L"-" +
            std::to_wstring(++number);
@@ -52,7 +52,7 @@ vexa::Value fromStored(const Stored& stored) {
 
 }  // namespace
 
-ScratchRegistry::ScratchRegistry() : path_(nextPath()) {
+ScratchRegistry::ScratchRegistry() : path_(nextKey()) {
     check(RegCreateKeyExW(HKEY_CURRENT_USER, path_.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &hive_,
                           nullptr));
     // A crashed run may have left its key, and its process number may come again.
