@@ -4,13 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "bench/add_ins.h"
 #include "bench/bare_calls.h"
+#include "bench/pages.h"
 #include "bench/ratio.h"
-#include "page/ctlPPE.h"
-#include "page/ctlPPE.ids.h"
-#include "windows/controls/screen.h"
-#include "windows/platform/machine.h"
 
 namespace {
 
@@ -18,59 +14,25 @@ constexpr const char* KEY = "Software\\Norvane\\Quillmark";
 constexpr const char* PROFILE = "Software\\Norvane\\Quillmark\\";
 constexpr WPARAM POLL_TIMER = 1;  // the first timer of a window
 
-class IdleLocator : public vexa::AddInLocator {
-public:
-    std::shared_ptr<vexa::AddIn> running() override { return addIn_; }
-
-private:
-    std::shared_ptr<vexa::AddIn> addIn_ = std::make_shared<bench::IdleAddIn>();
-};
-
-/// The real clock, but sleeping takes no time.
-class WakefulClock : public vexa::Clock {
-public:
-    vexa::LocalTime localTime() override { return real_.localTime(); }
-    void sleep(int) override {}
-
-private:
-    win::Clock real_;
-};
-
-class NoSite : public vexa::PageSite {
-public:
-    void onStatusChange() override {}
-    std::wstring displayName() override { return {}; }
-};
-
-/// A page on the real machine, in a window nobody sees.
+/// A page that has started and applied.
 class Fixture {
 public:
     Fixture() {
-        host_ =
-            CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 400, 420, nullptr, nullptr, nullptr, nullptr);
-        vexa::Platform platform = machine_.platform();
-        ports_ = std::make_unique<vexa::Platform>(
-            vexa::Platform{platform.registry, platform.ansi, platform.conversions, platform.files, clock_,
-                           locator_, platform.desktop, platform.timers});
-        application = std::make_unique<vexa::Application>(*ports_, screen_);
-        page = std::make_unique<vexa::ctlPPE>(*application, screen_.createPage(IDD_ctlPPE, host_), site_);
         page->UserControl_Initialize();
         page->PropertyPage_Apply();
     }
-    void tick() { SendMessageW(reinterpret_cast<HWND>(page->window().handle()), WM_TIMER, POLL_TIMER, 0); }
+    void tick() const {
+        SendMessageW(reinterpret_cast<HWND>(page->window().handle()), WM_TIMER, POLL_TIMER, 0);
+    }
 
 private:
-    IdleLocator locator_;
-    win::Machine machine_{locator_};
-    WakefulClock clock_;
-    win::Screen screen_{GetModuleHandleW(nullptr)};
-    NoSite site_;
-    HWND host_ = nullptr;
-    std::unique_ptr<vexa::Platform> ports_;
+    bench::WakefulClock clock_;
+    win::FileSystem files_;
+    bench::Pages pages_{std::make_shared<bench::IdleAddIn>(), clock_, files_};
 
 public:
-    std::unique_ptr<vexa::Application> application;
-    std::unique_ptr<vexa::ctlPPE> page;
+    vexa::Application& application = pages_.application;
+    const std::unique_ptr<vexa::ctlPPE> page = pages_.make();
 };
 
 const char* const READ_AT_START[] = {"CurrentProfile",
@@ -110,18 +72,16 @@ using bench::bareRead;
 using bench::bareWrite;
 using bench::bareWriteNumber;
 
-void bareRule(int knowledgebases) {
+/// One question to each folder, where there are knowledgebases.
+void bareRule(bool anyKnowledgebase) {
     for (const char* name : {"KBProcessState", "ProjectCount", "VexaBaseDir"})
         bareRead(HKEY_CURRENT_USER, PROFILE, name);
-    for (int index = 1; index <= knowledgebases; ++index) {
-        char name[32];
-        std::snprintf(name, sizeof name, "Project%d", index);
-        bareRead(HKEY_CURRENT_USER, PROFILE, name);
-        wchar_t path[MAX_PATH];
-        swprintf(path, MAX_PATH, L"C:\\kb\\Empty%d.dct", index);
-        GetFileAttributesW(path);
-        swprintf(path, MAX_PATH, L"C:\\kb\\Temp\\Empty%d.dct", index);
-        GetFileAttributesW(path);
+    if (!anyKnowledgebase) return;
+    for (const wchar_t* pattern : {L"C:\\kb\\*.dct", L"C:\\kb\\Temp\\*.dct"}) {
+        WIN32_FIND_DATAW found;
+        const HANDLE search =
+            FindFirstFileExW(pattern, FindExInfoBasic, &found, FindExSearchNameMatch, nullptr, 0);
+        if (search != INVALID_HANDLE_VALUE) FindClose(search);
     }
 }
 
@@ -143,18 +103,18 @@ void bareStart(Fixture& fixture) {
     KillTimer(page, 7);
     SetTimer(page, 7, 250, nullptr);
     for (const char* name : READ_AT_START) bareRead(HKEY_CURRENT_USER, PROFILE, name);
-    bareRule(0);
+    bareRule(false);
     EnableWindow(reinterpret_cast<HWND>(fixture.page->cmdWizard.handle()), TRUE);
     bareWriteNumber(HKEY_CURRENT_USER, PROFILE, "hWndProperties", 1);
-    bareRule(0);
+    bareRule(false);
     bareButtons(*fixture.page);
-    bareLog(*fixture.application);
-    bareLog(*fixture.application);
+    bareLog(fixture.application);
+    bareLog(fixture.application);
     KillTimer(page, 7);
 }
 
 void bareApply(Fixture& fixture) {
-    bareLog(*fixture.application);
+    bareLog(fixture.application);
     bareWrite(HKEY_CURRENT_USER, PROFILE, "VexaBaseDir", REG_SZ, "", 1);
     bareWrite(HKEY_CURRENT_USER, PROFILE, "DefaultProject", REG_SZ, "default", 8);
     for (int written = 2; written < 27; ++written)
@@ -185,20 +145,24 @@ int main() {
     met &= bench::measure(
         {"Apply", 1.15, [&] { fixture.page->PropertyPage_Apply(); }, [&] { bareApply(fixture); }, 31, 4});
     met &= bench::measure({"a log line", 1.2,
-                           [&] { fixture.application->WriteLogLine(L"ctlPPE, a line of the log."); },
-                           [&] { bareLog(*fixture.application); }, 31, 40});
+                           [&] { fixture.application.WriteLogLine(L"ctlPPE, a line of the log."); },
+                           [&] { bareLog(fixture.application); }, 31, 40});
     met &= bench::measure({"a poll tick with no knowledgebase", 1.3, [&] { fixture.tick(); },
                            [&] {
-                               bareRule(0);
+                               bareRule(false);
                                bareButtons(*fixture.page);
                            },
                            31, 40});
     addEmptyKnowledgebases(1000);
-    met &= bench::measure({"a poll tick with 1,000 empty knowledgebases", 1.15, [&] { fixture.tick(); },
+    CreateDirectoryW(L"C:\\kb", nullptr);
+    CreateDirectoryW(L"C:\\kb\\Temp", nullptr);
+    met &= bench::measure({"a poll tick with 1,000 empty knowledgebases", 1.3, [&] { fixture.tick(); },
                            [&] {
-                               bareRule(1000);
+                               bareRule(true);
                                bareButtons(*fixture.page);
                            },
-                           15, 1});
+                           31, 40});
+    RemoveDirectoryW(L"C:\\kb\\Temp");
+    RemoveDirectoryW(L"C:\\kb");
     return met ? 0 : 1;
 }

@@ -48,6 +48,8 @@ public:
     bool bBaseDirChanged = false;
     /// Empty until connected.
     std::shared_ptr<AddIn> addIn;
+    /// Pages between their start and their end; all of them use `addIn`.
+    int livePages = 0;
     std::wstring ProfileKey;
     DiagnosticLog log;
 

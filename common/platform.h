@@ -68,8 +68,10 @@ public:
     virtual ~FileSystem() = default;
     [[nodiscard]] virtual bool folderExists(const std::wstring& path) = 0;
     [[nodiscard]] virtual bool fileExists(const std::wstring& path) = 0;
-    /// Bytes. Throws Error where the file cannot be asked.
-    [[nodiscard]] virtual std::uint64_t fileSize(const std::wstring& path) = 0;
+    /// The names of the files in a folder that end in `extension` and hold at least one byte, in no
+    /// particular order; one question, however many there are. Throws Error where the folder cannot be read.
+    [[nodiscard]] virtual std::vector<std::wstring> filesWithContent(const std::wstring& folder,
+                                                                     const std::wstring& extension) = 0;
     /// One level; throws Error where that fails (a missing parent, an invalid name).
     virtual void createFolder(const std::wstring& path) = 0;
     virtual void deleteFile(const std::wstring& path) = 0;
@@ -98,6 +100,8 @@ class Clock {
 public:
     virtual ~Clock() = default;
     [[nodiscard]] virtual LocalTime localTime() = 0;
+    /// Time that passed since some moment in the past; never goes back.
+    [[nodiscard]] virtual std::int64_t milliseconds() = 0;
     virtual void sleep(int milliseconds) = 0;
 };
 
@@ -155,11 +159,15 @@ enum class PointerShape { standard = 0, hourglass = 11, arrowHourglass = 13 };
 class Desktop {
 public:
     virtual ~Desktop() = default;
-    /// Synchronous; the receiver's answer. Nothing happens where there is no such window.
-    virtual std::intptr_t sendMessage(std::intptr_t window, std::uint32_t message, std::uintptr_t wParam,
-                                      std::intptr_t lParam) = 0;
+    /// Synchronous; true once the receiver has handled the message. A receiver that lives is waited for,
+    /// however long it takes. False where there is no such window; throws Error where it hangs and was given
+    /// up.
+    virtual bool sendMessage(std::intptr_t window, std::uint32_t message, std::uintptr_t wParam,
+                             std::intptr_t lParam) = 0;
     virtual void setPointer(PointerShape shape) = 0;
-    /// Lets pending events of this thread run: timers, input, events of the add-in.
+    /// Lets the events of this thread run that wait when it begins: input, events of the add-in, and timers,
+    /// each at most once. What comes up meanwhile waits for the host's own loop, and so does the end of the
+    /// thread.
     virtual void doEvents() = 0;
 };
 

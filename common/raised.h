@@ -1,4 +1,4 @@
-// A flag that is set while something runs.
+// A flag that is set, or a number that is one higher, while something lasts.
 #pragma once
 
 namespace vexa {
@@ -14,6 +14,18 @@ public:
 private:
     bool& flag_;
     bool before_;
+};
+
+/// Counts itself while it lives.
+class Counted {
+public:
+    explicit Counted(int& count) : count_(count) { ++count_; }
+    ~Counted() { --count_; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+
+private:
+    int& count_;
 };
 
 }  // namespace vexa

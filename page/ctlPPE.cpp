@@ -21,9 +21,6 @@ namespace {
 constexpr int MOST_CONNECTION_ATTEMPTS = 100;
 constexpr int CONNECTION_PAUSE = 100;  // milliseconds
 constexpr int POLL_INTERVAL = 250;     // milliseconds
-// A wizard rule that reads more names than this takes so long that the polls after it leave it out.
-constexpr int NAMES_PER_POLL = 5000;
-
 /// Runs steps one by one and keeps the first error, so that it can be reported when all have run.
 class FirstError {
 public:
@@ -44,15 +41,6 @@ private:
 };
 
 }  // namespace
-
-template <class Body>
-void ctlPPE::runLogged(const wchar_t* procedure, Body body) noexcept {
-    try {
-        body();
-    } catch (...) {
-        logCurrentError(application_, name().c_str(), procedure);
-    }
-}
 
 ctlPPE::ctlPPE(Application& application, std::unique_ptr<ui::Window> pageWindow, PageSite& site)
     : Form(std::move(pageWindow)),
@@ -82,7 +70,8 @@ ctlPPE::ctlPPE(Application& application, std::unique_ptr<ui::Window> pageWindow,
           {window().control<ui::Line>(IDC_lneWizard), window().control<ui::Label>(IDC_lblWizard),
            window().control<ui::Label>(IDC_lblWizardInfo), window().control<ui::Picture>(IDC_picWizard),
            cmdWizard},
-      }} {
+      }},
+      wizardRule_(application.platform.clock) {
     connectHandlers();
     Form_Resize();
 }
@@ -109,9 +98,11 @@ void ctlPPE::UserControl_Initialize() noexcept {
         tmrChkSearching_->setInterval(0);
         tmrChkSearching_->setEnabled(false);
     });
-    attempt([&] { connectAddIn(); });
+    live_.emplace(application_.livePages);
+    bool connected = false;
+    attempt([&] { connected = connectAddIn(); });
     attempt([&] {
-        if (application_.addIn) {
+        if (connected) {
             tmrChkSearching_->setInterval(POLL_INTERVAL);
             tmrChkSearching_->setEnabled(true);
         } else {
@@ -121,11 +112,8 @@ void ctlPPE::UserControl_Initialize() noexcept {
     IsLoading_ = true;
     loadSettings();
     loggingAtLoad_ = application_.settings.LoggingInformation;
-    attempt([&] { enableWizardByRule(); });
-    attempt([&] {
-        application_.writeInteger(application_.ProfileKey, valueName::hWndProperties,
-                                  static_cast<std::int32_t>(cmdMsg.handle()));
-    });
+    attempt([&] { askWizardRule(); });
+    attempt([&] { publishMessageHandle(); });
     attempt([&] { setButtons(); });
     attempt([&] {
         application_.WriteLogLine(L"Trials to get OlAddIn: " + std::to_wstring(connectionAttempts_) + L".");
@@ -135,14 +123,18 @@ void ctlPPE::UserControl_Initialize() noexcept {
     IsLoading_ = false;
 }
 
-void ctlPPE::connectAddIn() {
+bool ctlPPE::connectAddIn() {
     connectionAttempts_ = 0;
-    application_.addIn.reset();
-    while (!application_.addIn && connectionAttempts_ < MOST_CONNECTION_ATTEMPTS) {
+    std::shared_ptr<AddIn> found;
+    // Another page that lives goes on with the add-in that it has, should this one find none.
+    if (application_.livePages == 1) application_.addIn.reset();
+    while (!found && connectionAttempts_ < MOST_CONNECTION_ATTEMPTS) {
         ++connectionAttempts_;
-        application_.addIn = application_.platform.addIns.running();
+        found = application_.platform.addIns.running();
         application_.platform.clock.sleep(CONNECTION_PAUSE);
     }
+    if (found) application_.addIn = found;
+    return found != nullptr;
 }
 
 void ctlPPE::reportMissingAddIn() {
@@ -156,9 +148,17 @@ void ctlPPE::loadSettings() {
     for (const Setting& setting : settingsCatalogue()) attempt([&] { application_.load(setting); });
 }
 
+void ctlPPE::publishMessageHandle() {
+    publishedBelow_ = application_.ProfileKey;
+    application_.writeInteger(publishedBelow_, valueName::hWndProperties,
+                              static_cast<std::int32_t>(cmdMsg.handle()));
+}
+
 void ctlPPE::UserControl_Terminate() noexcept {
+    live_.reset();
     attempt([&] { tmrChkSearching_->setEnabled(false); });
-    attempt([&] { application_.deleteValue(application_.ProfileKey, valueName::hWndProperties); });
+    // Another page may have set another profile since.
+    attempt([&] { application_.deleteValue(publishedBelow_, valueName::hWndProperties); });
     attempt([&] { trace(L", terminated."); });
 }
 
@@ -199,6 +199,10 @@ void ctlPPE::apply() {
     failure.rethrow();
 }
 
+void ctlPPE::m_KBForm_DefaultKBChanged() noexcept {
+    runLogged(L"m_KBForm_DefaultKBChanged", [&] { apply(); });
+}
+
 void ctlPPE::MarkChanged() {
     if (IsLoading_) return;
     Changed_ = true;
@@ -228,14 +232,14 @@ void ctlPPE::cmdKnowledgeBase_Click() {
             kbForm.Show();
         }
         markChangedByDialog();
-        enableWizardByRule();
+        askWizardRule();
         application_.DoEvents();
     });
 }
 
 void ctlPPE::connectKBForm(frmKBConfiguration& form) {
     form.KBClick = [this](bool& bProcessing, std::wstring& strName, std::int32_t& nAction) {
-        m_KBForm_KBClick(bProcessing, strName, nAction);
+        return m_KBForm_KBClick(bProcessing, strName, nAction);
     };
     form.DefaultKBChanged = [this] { m_KBForm_DefaultKBChanged(); };
     form.BaseFolderRequested = [this, &form] { showBaseFolder(form.window()); };
@@ -271,104 +275,63 @@ void ctlPPE::cmdWizard_GotFocus() {
 void ctlPPE::setButtons() {
     for (ui::Button* button : {&cmdKnowledgeBase, &cmdSettings, &cmdAttachments, &cmdDispMatches})
         button->setEnabled(true);
-    if (pollsWithoutRule_ > 0)
-        --pollsWithoutRule_;
+    if (wizardRule_.due())
+        askWizardRule();
     else
-        enableWizardByRule();
+        cmdWizard.setEnabled(wizardOffered_);
 }
 
-void ctlPPE::enableWizardByRule() {
-    const WizardAnswer answer = askWizardRule(application_);
-    cmdWizard.setEnabled(answer.allowed);
-    pollsWithoutRule_ = answer.knowledgebases / NAMES_PER_POLL;
+void ctlPPE::disableButtons() {
+    for (ui::Button* button : {&cmdKnowledgeBase, &cmdWizard, &cmdSettings, &cmdAttachments, &cmdDispMatches})
+        button->setEnabled(false);
 }
 
-void ctlPPE::tmrChkSearching_Timer() {
+void ctlPPE::askWizardRule() {
+    const Pace::Question question(wizardRule_);
+    offerWizard(wizardAllowed(application_));
+}
+
+void ctlPPE::offerWizard(bool offered) {
+    wizardOffered_ = offered;
+    cmdWizard.setEnabled(offered);
+}
+
+bool ctlPPE::addInSearches() {
     bool searching = false;
     // An add-in that has gone away does not search: the buttons come back.
     attempt([&] {
         const std::shared_ptr<AddIn> addIn = application_.addIn;
         searching = addIn && addIn->IsSearching();
     });
-    attempt([&] {
-        if (!searching) return setButtons();
-        pollsWithoutRule_ = 0;
-        for (ui::Button* button :
-             {&cmdKnowledgeBase, &cmdWizard, &cmdSettings, &cmdAttachments, &cmdDispMatches})
-            button->setEnabled(false);
-    });
+    return searching;
+}
+
+void ctlPPE::tmrChkSearching_Timer() {
+    // An add-in that handles messages while it is asked lets the next tick in.
+    if (polling_) return;
+    const Raised polling(polling_);
+    const bool searching = addInSearches();
+    attempt([&] { searching ? disableButtons() : setButtons(); });
 }
 
 void ctlPPE::cmdMsg_KeyDown(const ui::KeyEvent& event) {
     runLogged(L"cmdMsg_KeyDown", [&] {
-        if (event.key == wizardSwitch::on) cmdWizard.setEnabled(true);
-        if (event.key == wizardSwitch::off) cmdWizard.setEnabled(false);
+        if (event.key == wizardSwitch::on) offerWizard(true);
+        if (event.key == wizardSwitch::off) offerWizard(false);
         trace(L", cmdMsg_KeyDown.");
     });
 }
 
 void ctlPPE::cmdMsg_MouseMove(const ui::MouseEvent& event) {
     runLogged(L"cmdMsg_MouseMove", [&] {
-        if (event.x == wizardSwitch::on) cmdWizard.setEnabled(true);
-        if (event.x == wizardSwitch::off) cmdWizard.setEnabled(false);
+        if (event.x == wizardSwitch::on) offerWizard(true);
+        if (event.x == wizardSwitch::off) offerWizard(false);
         trace(L", cmdMsg_MouseMove.");
         // Moves that wait already are handled by the first one's pending events, not one inside the other.
         if (lettingEventsRun_) return;
         const Raised letting(lettingEventsRun_);
         application_.DoEvents();
     });
-}
-
-// --- Knowledgebase events ---------------------------------------------------------------------------------
-
-void ctlPPE::m_KBForm_KBClick(bool& bProcessing, std::wstring& strName, std::int32_t& nAction) {
-    forwardEvent(bProcessing, strName, nAction);
-}
-
-void ctlPPE::m_KBForm_DefaultKBChanged() noexcept {
-    runLogged(L"m_KBForm_DefaultKBChanged", [&] { apply(); });
-}
-
-void ctlPPE::forwardEvent(bool flag, const std::wstring& knowledgebase, std::int32_t action) {
-    attempt([&] { application_.SetPointerArrowHourglass(); });
-    runLogged(L"m_KBForm_KBClick", [&] {
-        application_.writeInteger(application_.ProfileKey, valueName::ProjectEvent, action);
-        application_.writeText(application_.ProfileKey, valueName::ProjectEventName, knowledgebase);
-        passOn(flag, knowledgebase, static_cast<KBEvent>(action));
-    });
-    attempt([&] { application_.SetPointerDefault(); });
-}
-
-void ctlPPE::passOn(bool flag, const std::wstring& knowledgebase, KBEvent event) {
-    Desktop& desktop = application_.platform.desktop;
-    if (event == KBEvent::edited) {
-        desktop.sendMessage(searchWindow(), searchMessage::editKnowledgebase, 0, flag ? 1 : 0);
-    } else if (event == KBEvent::wizard) {
-        std::int32_t zero = 0;
-        desktop.sendMessage(searchWindow(), searchMessage::startWizard, 0,
-                            reinterpret_cast<std::intptr_t>(&zero));
-    } else if (const std::shared_ptr<AddIn> addIn = application_.addIn) {
-        notifyAddIn(*addIn, knowledgebase, event);
-    }
-}
-
-void ctlPPE::notifyAddIn(AddIn& addIn, const std::wstring& knowledgebase, KBEvent event) {
-    switch (event) {
-        case KBEvent::added: return addIn.NotifyKbAdded(knowledgebase);
-        case KBEvent::removed: return addIn.NotifyKbRemoved(knowledgebase);
-        case KBEvent::renamed: {
-            const std::wstring oldName =
-                application_.readText(application_.ProfileKey, valueName::OldProjectname, L"");
-            return addIn.NotifyKbRenamed(oldName, knowledgebase);
-        }
-        case KBEvent::rebuild: return addIn.NotifyKbRebuild(knowledgebase);
-        case KBEvent::update: return addIn.NotifyKbUpdate(knowledgebase);
-        default: return;  // the event is recorded, nobody is told
-    }
-}
-
-std::intptr_t ctlPPE::searchWindow() {
-    return application_.readInteger(RootKey, valueName::hWndSearchCtl, 0);
 }
 
 // --- Layout -----------------------------------------------------------------------------------------------

@@ -3,8 +3,13 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
+#include "common/addin_contract.h"
 #include "common/application.h"
+#include "common/guarded.h"
+#include "common/raised.h"
+#include "page/pace.h"
 #include "page/page_site.h"
 #include "ui/form.h"
 
@@ -31,7 +36,8 @@ public:
     void MarkChanged();
 
     // Events of the knowledgebase dialog.
-    void m_KBForm_KBClick(bool& bProcessing, std::wstring& strName, std::int32_t& nAction);
+    /// Whether the add-in or its search window has the command now; false where nobody will carry it out.
+    bool m_KBForm_KBClick(bool& bProcessing, std::wstring& strName, std::int32_t& nAction);
     void m_KBForm_DefaultKBChanged() noexcept;
 
     ui::Button& cmdMsg;
@@ -55,13 +61,19 @@ private:
     };
 
     void connectHandlers();
-    void connectAddIn();
+    /// Whether this start has found the add-in.
+    bool connectAddIn();
     void reportMissingAddIn();
     void loadSettings();
     /// Runs every step and then throws the first error that any of them met.
     void apply();
+    void publishMessageHandle();
     void setButtons();
-    void enableWizardByRule();
+    void disableButtons();
+    void askWizardRule();
+    /// What the rule or the add-in says of the wizard holds until one of them says something else.
+    void offerWizard(bool offered);
+    [[nodiscard]] bool addInSearches();
     void layOut();
     void placeRow(Row& row, int top);
     /// The name in front of the page's log lines.
@@ -69,7 +81,13 @@ private:
     void trace(const std::wstring& text);
     /// Runs a handler's body; its error goes to the log.
     template <class Body>
-    void runLogged(const wchar_t* procedure, Body body) noexcept;
+    void runLogged(const wchar_t* procedure, Body body) noexcept {
+        try {
+            body();
+        } catch (...) {
+            logCurrentError(application_, name().c_str(), procedure);
+        }
+    }
 
     /// Shows a dialog made from the application, the page's window and `more`.
     template <class Dialog, class... More>
@@ -84,10 +102,10 @@ private:
     void cmdMsg_KeyDown(const ui::KeyEvent& event);
     void cmdMsg_MouseMove(const ui::MouseEvent& event);
     void tmrChkSearching_Timer();
-    void forwardEvent(bool flag, const std::wstring& knowledgebase, std::int32_t action);
-    void passOn(bool flag, const std::wstring& knowledgebase, KBEvent event);
-    void notifyAddIn(AddIn& addIn, const std::wstring& knowledgebase, KBEvent event);
-    [[nodiscard]] std::intptr_t searchWindow();
+    bool forwardEvent(bool flag, const std::wstring& knowledgebase, std::int32_t action);
+    bool passOn(bool flag, const std::wstring& knowledgebase, KBEvent event);
+    bool notifyAddIn(AddIn& addIn, const std::wstring& knowledgebase, KBEvent event);
+    bool tellSearchWindow(std::uint32_t message, std::intptr_t lParam);
 
     Application& application_;
     PageSite& site_;
@@ -97,7 +115,11 @@ private:
     bool IsLoading_ = false;
     bool loggingAtLoad_ = false;
     int connectionAttempts_ = 0;
-    int pollsWithoutRule_ = 0;
+    std::optional<Counted> live_;
+    std::wstring publishedBelow_;  ///< the key that holds this page's hWndProperties
+    Pace wizardRule_;
+    bool wizardOffered_ = false;
+    bool polling_ = false;
     bool lettingEventsRun_ = false;
 };
 

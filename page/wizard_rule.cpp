@@ -1,12 +1,14 @@
 #include "page/wizard_rule.h"
 
-#include <optional>
+#include <set>
 
 #include "common/guarded.h"
 #include "common/knowledgebase_names.h"
 
 namespace vexa {
 namespace {
+
+constexpr const wchar_t* EXTENSION = L".dct";
 
 /// An add-in that cannot be asked processes nothing.
 bool isProcessing(const Application& application) {
@@ -18,32 +20,38 @@ bool isProcessing(const Application& application) {
     return processing;
 }
 
-bool hasContent(FileSystem& files, const std::wstring& path) {
-    return files.fileExists(path) && files.fileSize(path) > 0;
+/// The files with content in the base folder and its subfolder, in lower case. Each folder is asked once and
+/// not each file, which on a slow share takes as many times as long; where the base folder cannot be read
+/// there is no subfolder either.
+std::set<std::wstring> filesWithContent(Application& application, const std::wstring& folder) {
+    std::set<std::wstring> found;
+    attempt([&] {
+        for (const std::wstring& asked : {folder, folder + L"\\Temp"})
+            for (const std::wstring& name : application.platform.files.filesWithContent(asked, EXTENSION))
+                found.insert(application.platform.conversions.lower(name));
+    });
+    return found;
+}
+
+bool anyHasContent(Application& application) {
+    const std::int32_t count = knowledgebaseCount(application);
+    const std::wstring folder = application.readText(application.ProfileKey, valueName::VexaBaseDir, L"");
+    if (count == 0) return false;
+    const std::set<std::wstring> files = filesWithContent(application, folder);
+    for (std::int32_t index = 1; index <= count && !files.empty(); ++index) {
+        const std::wstring name = knowledgebaseName(application, index, L"default");
+        if (files.contains(application.platform.conversions.lower(name) + EXTENSION)) return true;
+    }
+    return false;
 }
 
 }  // namespace
 
-WizardAnswer askWizardRule(Application& application) {
-    constexpr WizardAnswer no{};
-    if (isProcessing(application)) return no;
-    const std::wstring& key = application.ProfileKey;
-    if (application.readInteger(key, valueName::KBProcessState, processState::ended) != processState::ended)
-        return no;
-
-    const std::int32_t count = knowledgebaseCount(application);
-    const std::wstring folder = application.readText(key, valueName::VexaBaseDir, L"");
-    FileSystem& files = application.platform.files;
-    std::optional<std::wstring> before;
-    for (std::int32_t index = 1; index <= count; ++index) {
-        std::wstring name = knowledgebaseName(application, index, L"default");
-        // A count far too high makes names that all fall back to the same default.
-        if (name == before) continue;
-        if (hasContent(files, folder + L"\\" + name + L".dct")) return no;
-        if (hasContent(files, folder + L"\\Temp\\" + name + L".dct")) return no;
-        before = std::move(name);
-    }
-    return {true, count};
+bool wizardAllowed(Application& application) {
+    if (isProcessing(application)) return false;
+    const std::int32_t state =
+        application.readInteger(application.ProfileKey, valueName::KBProcessState, processState::ended);
+    return state == processState::ended && !anyHasContent(application);
 }
 
 }  // namespace vexa

@@ -292,8 +292,7 @@ TEST_F(RegistryStore, ADeleteOfWhichOneCallFailsDoesNotHappenButForTheClose) {
     }
 }
 
-// --- Code pages with more than one byte to a character
-// ------------------------------------------------------
+// --- Code pages with more than one byte to a character -----------------------------------------------------
 
 /// Every character takes two bytes.
 class DoubleByteCodec : public vexa::AnsiCodec {
@@ -312,12 +311,16 @@ public:
     [[nodiscard]] std::wstring fromAnsi(const std::string&) override { throw std::bad_alloc(); }
 };
 
-/// Notes what is set.
+/// Notes what is set, and for what keys are opened.
 class NotingRegistry : public vexa::RegistryApi {
 public:
-    Status openKey(Key, const std::string&, std::uint32_t, Key& key) override { return ++opened, key = 1, 0; }
-    Status createKey(Key, const std::string&, std::uint32_t, Key& key) override {
+    Status openKey(Key hive, const std::string&, std::uint32_t access, Key& key) override {
+        hives.push_back(hive);
+        accesses.push_back(access);
         return ++opened, key = 1, 0;
+    }
+    Status createKey(Key hive, const std::string& path, std::uint32_t access, Key& key) override {
+        return openKey(hive, path, access, key);
     }
     Status queryValue(Key, const std::string&, std::uint32_t&, std::uint8_t*, std::uint32_t&) override {
         return 2;
@@ -331,8 +334,21 @@ public:
     Status closeKey(Key) override { return --opened, 0; }
 
     int opened = 0;
+    std::vector<Key> hives;
+    std::vector<std::uint32_t> accesses;
     std::vector<Bytes> set;
 };
+
+TEST_F(RegistryStore, KeysAreOpenedForNoMoreThanIsDone) {
+    NotingRegistry api;
+    vexa::modRegistry store(api, application.platform.ansi, application.platform.conversions);
+    static_cast<void>(store.RegistryRead(HIVE, KEY, L"Name", 5));
+    store.RegistryWrite(HIVE, KEY, L"Name", ValueType::integer, 5);
+    store.RegistryDelete(HIVE, KEY, L"Name");
+    EXPECT_THAT(api.accesses, ElementsAre(0x20019U, 0x2001FU, 0x20006U));
+    EXPECT_THAT(api.hives, testing::Each(0x80000001U));
+    EXPECT_EQ(api.opened, 0);
+}
 
 TEST_F(RegistryStore, TheLengthOfATextCountsCharactersEvenWhereTheyTakeMoreBytes) {
     NotingRegistry api;

@@ -1,9 +1,11 @@
-// The message loop of a thread on which time passes only when a test lets it.
+// The message loop of a thread on which time passes when a test lets it, and while a call goes on that takes
+// time.
 #pragma once
 
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <vector>
 
 namespace headless {
 
@@ -18,10 +20,14 @@ public:
     void stopTimer(Timer timer);
     [[nodiscard]] std::size_t timers() const { return timers_.size(); }
 
-    /// Lets time pass; each timer ticks when it is due.
+    /// Lets time pass; each timer ticks when it is due, or late where another one's handler took its time.
     void pass(int milliseconds);
-    /// Ticks what is due now.
+    /// The time that a call takes: no timer ticks before its handler is back in the loop.
+    void spend(int milliseconds) { now_ += milliseconds; }
+    /// Ticks what is due when it begins, each timer once.
     void runPending();
+    /// Milliseconds since the loop began.
+    [[nodiscard]] std::int64_t now() const { return now_; }
 
 private:
     struct Running {
@@ -29,8 +35,9 @@ private:
         std::int64_t due;
         std::function<void()> tick;
     };
-    /// Ticks the timer that is due first, up to `end`; false where none is.
-    bool tickNext(std::int64_t end);
+    void tick(Running& timer);
+    /// The timers that are due by `end`, first the one that is due first.
+    [[nodiscard]] std::vector<Timer> dueBy(std::int64_t end) const;
 
     std::int64_t now_ = 0;
     Timer nextTimer_ = 0x7000;

@@ -9,21 +9,24 @@
 
 namespace headless {
 
-/// A clock that stands still.
-class StillClock : public vexa::Clock {
+/// The date stands still; milliseconds are those of the loop.
+class LoopClock : public vexa::Clock {
 public:
+    explicit LoopClock(EventLoop& loop) : loop_(loop) {}
     [[nodiscard]] vexa::LocalTime localTime() override { return time; }
+    [[nodiscard]] std::int64_t milliseconds() override { return loop_.now(); }
     void sleep(int) override {}
     vexa::LocalTime time{2026, 2, 3, 9, 5, 7, 4};
+
+private:
+    EventLoop& loop_;
 };
 
 /// Nobody else is there: messages reach no window.
 class LonelyDesktop : public vexa::Desktop {
 public:
     explicit LonelyDesktop(EventLoop& loop) : loop_(loop) {}
-    std::intptr_t sendMessage(std::intptr_t, std::uint32_t, std::uintptr_t, std::intptr_t) override {
-        return 0;
-    }
+    bool sendMessage(std::intptr_t, std::uint32_t, std::uintptr_t, std::intptr_t) override { return false; }
     void setPointer(vexa::PointerShape shape) override { pointer = shape; }
     void doEvents() override { loop_.runPending(); }
     vexa::PointerShape pointer = vexa::PointerShape::standard;
@@ -56,7 +59,7 @@ public:
     LocaleConversions conversions;
     MemoryRegistry registry{ansi};
     MemoryFiles files;
-    StillClock clock;
+    LoopClock clock{loop};
     LonelyDesktop desktop{loop};
     LoopTimers timers{loop};
 };

@@ -64,9 +64,15 @@ bool MemoryFiles::fileExists(const std::wstring& path) {
     return entry != nullptr && !entry->folder;
 }
 
-std::uint64_t MemoryFiles::fileSize(const std::wstring& path) {
-    if (!fileExists(path)) throw vexa::Error(L"File not found");
-    return find(path)->content.size();
+std::vector<std::wstring> MemoryFiles::filesWithContent(const std::wstring& folder,
+                                                        const std::wstring& extension) {
+    if (!isFolder(folder)) throw vexa::Error(L"Path not found");
+    std::vector<std::wstring> names;
+    for (const auto& [normalPath, entry] : entries_)
+        if (parentOf(normalPath) == normal(folder) && normalPath.ends_with(extension) &&
+            !entry.content.empty())
+            names.push_back(nameOf(entry.path));
+    return names;
 }
 
 void MemoryFiles::createFolder(const std::wstring& path) {

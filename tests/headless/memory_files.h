@@ -17,7 +17,8 @@ public:
 
     [[nodiscard]] bool folderExists(const std::wstring& path) override;
     [[nodiscard]] bool fileExists(const std::wstring& path) override;
-    [[nodiscard]] std::uint64_t fileSize(const std::wstring& path) override;
+    [[nodiscard]] std::vector<std::wstring> filesWithContent(const std::wstring& folder,
+                                                             const std::wstring& extension) override;
     void createFolder(const std::wstring& path) override;
     void deleteFile(const std::wstring& path) override;
     [[nodiscard]] std::unique_ptr<vexa::AppendFile> openForAppending(const std::wstring& path) override;

@@ -38,6 +38,7 @@ const DialogTemplate& ownerTemplate() {
 class HeadlessStage : public tests::Stage {
 public:
     HeadlessStage() {
+        calls_.spend = [this](int milliseconds) { machine_.loop.spend(milliseconds); };
         screen_.whenShown = [this](ui::Form& form) { play(form); };
         owner_.show(owner_.innerSize());
     }

@@ -49,6 +49,57 @@ TEST_F(PageApply, LogsTheNumberOfKnowledgebasesFirst) {
     EXPECT_EQ(log().back(), "ctlPPE, PropertyPage_Apply: 3 projects.");
 }
 
+TEST_F(PageApply, WritesItsLineBeforeItsValues) {
+    page->PropertyPage_Apply();
+    const auto first = [&](const std::string& prefix) {
+        return std::ranges::find_if(calls.lines(),
+                                    [&](const std::string& line) { return line.starts_with(prefix); });
+    };
+    ASSERT_NE(first("files write"), calls.lines().end());
+    EXPECT_LT(first("files write"), first("registry set"));
+}
+
+TEST_F(PageApply, IsCleanBeforeTheAddInHearsOfLogging) {
+    page->MarkChanged();
+    application.settings.LoggingInformation = false;
+    application.flags = {true, true, true};
+    bool dirtyWhenTold = true;
+    vexa::ChangeFlags flagsWhenTold{true, true, true};
+    bool dirtyBefore = false;
+    calls.during("addin SetFindShortcut", [&] { dirtyBefore = page->PropertyPage_Dirty(); });
+    calls.during("addin SetLogging", [&] {
+        dirtyWhenTold = page->PropertyPage_Dirty();
+        flagsWhenTold = application.flags;
+    });
+    page->PropertyPage_Apply();
+    EXPECT_TRUE(dirtyBefore);
+    EXPECT_FALSE(dirtyWhenTold);
+    EXPECT_EQ(flagsWhenTold, vexa::ChangeFlags());
+}
+
+TEST_F(PageApply, WithoutAnAddInKeepsTheNewLoggingState) {
+    const auto addIn = application.addIn;
+    application.addIn.reset();
+    application.settings.LoggingInformation = false;
+    page->PropertyPage_Apply();
+    application.addIn = addIn;
+    page->PropertyPage_Apply();
+    EXPECT_THAT(calls.linesWith("addin"), IsEmpty()) << "there is nothing new to tell";
+    application.settings.LoggingInformation = true;
+    page->PropertyPage_Apply();
+    EXPECT_THAT(calls.linesWith("addin"), ElementsAre("addin SetLogging(1)"));
+}
+
+TEST_F(PageApply, OneFlagTellsTheAddInOneThing) {
+    application.flags.defaultKnowledgebaseChanged = true;
+    page->PropertyPage_Apply();
+    EXPECT_THAT(calls.linesWith("addin"), ElementsAre("addin SetDefaultKnowledgebase(default)"));
+    calls.clear();
+    application.flags.shortcutChanged = true;
+    page->PropertyPage_Apply();
+    EXPECT_THAT(calls.linesWith("addin"), ElementsAre("addin SetFindShortcut(0)"));
+}
+
 TEST_F(PageApply, WithChangedColoursOnlyCallsNoOperationOfTheAddIn) {
     application.settings.Penalty2 = 0x123456;
     application.flags.dialogChanged = true;

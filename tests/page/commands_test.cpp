@@ -102,12 +102,45 @@ TEST_F(PageCommands, ARenameWithoutAnOldNameTellsTheEmptyName) {
     EXPECT_THAT(calls.linesWith("addin"), ElementsAre("addin NotifyKbRenamed(, Mail)"));
 }
 
-TEST_F(PageCommands, ADeadSearchWindowDoesNoHarm) {
-    calls.failCallsWith("message");
+TEST_F(PageCommands, ADeadSearchWindowDoesNoHarmAndLeavesNoLine) {
+    stage->setValue(ROOT, L"hWndSearchCtl", 4713);
+    const std::size_t lines = log().size();
     raise(2);
     raise(6);
-    EXPECT_THAT(calls.linesWith("message"), SizeIs(2));
+    EXPECT_THAT(calls.linesWith("message 4713"), SizeIs(2));
     EXPECT_EQ(calls.linesWith("pointer").back(), "pointer 0");
+    EXPECT_EQ(log().size(), lines);
+}
+
+/// The number at the end of the line.
+std::intptr_t lParamOf(const std::string& line) { return std::stoll(line.substr(line.rfind(' ') + 1)); }
+
+TEST_F(PageCommands, TheWizardsMessagePointsToAZeroThatStaysWithRoomBehindIt) {
+    const auto zero = [&] {
+        raise(6);
+        return reinterpret_cast<std::int32_t*>(lParamOf(calls.linesWith("message 4711 1127 0 ").back()));
+    };
+    std::int32_t* const first = zero();
+    for (int behind = 0; behind < 16; ++behind) EXPECT_EQ(first[behind], 0) << behind;
+    // A receiver may leave something there.
+    first[0] = first[1] = 7;
+    calls.clear();
+    EXPECT_EQ(zero()[0], 0);
+    EXPECT_EQ(zero()[1], 0);
+}
+
+TEST_F(PageCommands, AnEventIsWrittenPassedOnAndThenThePointerComesBack) {
+    for (const auto& [code, call] :
+         {std::pair{4, "addin NotifyKbRebuild(Mail)"}, std::pair{2, "message 4711 1139 0 0"}}) {
+        calls.clear();
+        raise(code);
+        std::vector<std::string> steps;
+        for (const std::string& line : calls.lines())
+            if (!line.starts_with("registry") || line.starts_with("registry set")) steps.push_back(line);
+        const std::string key = "registry set Software\\Norvane\\Quillmark\\ProjectEvent";
+        EXPECT_THAT(steps, ElementsAre("pointer 13", key + " = " + std::to_string(code), key + "Name = Mail",
+                                       call, "pointer 0"));
+    }
 }
 
 // --- Wizard -----------------------------------------------------------------------------------------------
@@ -125,6 +158,34 @@ TEST_F(PageCommands, WithoutKnowledgebasesTheWizardButtonNamesDefault) {
     stage->setValue(PROFILE, L"Projectname", L"Archive");
     user.click(page->cmdWizard);
     EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"default");
+}
+
+TEST_F(PageCommands, AMissingNameOfTheCurrentKnowledgebaseIsDefault) {
+    stage->setValue(PROFILE, L"ProjectCount", 1);
+    user.click(page->cmdWizard);
+    EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"default");
+}
+
+TEST_F(PageCommands, ANegativeCountStillNamesTheCurrentKnowledgebase) {
+    stage->setValue(PROFILE, L"ProjectCount", -1);
+    stage->setValue(PROFILE, L"Projectname", L"Archive");
+    user.click(page->cmdWizard);
+    EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"Archive");
+}
+
+TEST_F(PageCommands, LinesAfterTheStartCarryTheContainersNameButThatOfTheFocus) {
+    site.displayNameAnswer = L"Quillmark1";
+    page->cmdWizard.setFocus();
+    EXPECT_EQ(log().back(), "ctlPPEcmdWizard got focus.");
+    user.sendKey(page->cmdMsg, 65);
+    EXPECT_EQ(log().back(), "Quillmark1, cmdMsg_KeyDown.");
+    user.moveMouse(page->cmdMsg, 1, 0);
+    EXPECT_EQ(log().back(), "Quillmark1, cmdMsg_MouseMove.");
+    page->PropertyPage_Apply();
+    EXPECT_EQ(log().back(), "Quillmark1, PropertyPage_Apply: 0 projects.");
+    calls.failCallsWith("addin Notify");
+    raise(4);
+    EXPECT_EQ(log().back(), "Quillmark1, Error m_KBForm_KBClick: The add-in failed");
 }
 
 TEST_F(PageCommands, TheWizardButtonLogsItsFocusUnderTheTypesName) {
@@ -183,6 +244,44 @@ INSTANTIATE_TEST_SUITE_P(
                        stage.writeFile(stage.folder() + L"kb\\Temp\\Mail.dct", "x");
                    },
                    false},
+        WizardCase{"OneByteBlocksInTheSecondKnowledgebase",
+                   [](Stage& stage) {
+                       addKnowledgebase(stage);
+                       stage.setValue(PROFILE, L"ProjectCount", 2);
+                       stage.setValue(PROFILE, L"Project2", L"Post");
+                       stage.writeFile(stage.folder() + L"kb\\Post.dct", "x");
+                   },
+                   false},
+        WizardCase{"AKnowledgebaseBehindTheCountDoesNotBlock",
+                   [](Stage& stage) {
+                       addKnowledgebase(stage);
+                       stage.setValue(PROFILE, L"Project2", L"Post");
+                       stage.writeFile(stage.folder() + L"kb\\Post.dct", "x");
+                   },
+                   true},
+        WizardCase{"OtherFilesDoNotBlock",
+                   [](Stage& stage) {
+                       addKnowledgebase(stage);
+                       stage.writeFile(stage.folder() + L"kb\\Mail.dctx", "x");
+                       stage.writeFile(stage.folder() + L"kb\\Mail2.dct", "x");
+                       stage.writeFile(stage.folder() + L"Mail.dct", "x");
+                   },
+                   true},
+        WizardCase{"AFolderWithTheFilesNameDoesNotBlock",
+                   [](Stage& stage) {
+                       addKnowledgebase(stage);
+                       stage.createFolder(stage.folder() + L"kb\\Mail.dct");
+                   },
+                   true},
+        WizardCase{"MissingTempDoesNotMatter",
+                   [](Stage& stage) {
+                       stage.setValue(PROFILE, L"ProjectCount", 1);
+                       stage.setValue(PROFILE, L"Project1", L"Mail");
+                       stage.setValue(PROFILE, L"VexaBaseDir", stage.folder() + L"bare");
+                       stage.createFolder(stage.folder() + L"bare");
+                       stage.writeFile(stage.folder() + L"bare\\MAIL.DCT", "x");
+                   },
+                   false},
         WizardCase{"MissingNameReadsAsDefault",
                    [](Stage& stage) {
                        addKnowledgebase(stage);
@@ -204,26 +303,51 @@ TEST_F(PageCommands, ABrokenCountOfTwoThousandMillionIsHeldAtAHundredThousand) {
     EXPECT_EQ(vexa::knowledgebaseCount(application), 100'000);
 }
 
-// The rule reads every name, and a poll comes each quarter of a second: a long list must not take all of the
-// host's time.
-TEST_F(PageCommands, ALongListWithoutContentIsNotReadAtEveryPoll) {
-    stage->setValue(PROFILE, L"ProjectCount", 10'000);
-    const auto polls = [&] { return calls.linesWith("addin IsSearching").size(); };
-    const auto rules = [&] { return calls.linesWith("addin IsProcessing").size(); };
-    const auto waitForPolls = [&](std::size_t count) {
-        calls.clear();
-        for (int turns = 0; turns < 100 && polls() < count; ++turns) user.wait(250);
+// The rule follows the profile that is set, and what the add-in does meanwhile.
+TEST_F(PageCommands, TheRuleReadsBelowTheSetProfile) {
+    const std::wstring work = std::wstring(PROFILE) + L"Work";
+    const auto refuse = [&](const wchar_t* name, const vexa::Value& value, const vexa::Value& harmless) {
+        stage->setValue(work, name, value);
+        user.wait(260);
+        EXPECT_FALSE(page->cmdWizard.enabled()) << narrow(name);
+        stage->setValue(work, name, harmless);
+        user.wait(260);
+        EXPECT_TRUE(page->cmdWizard.enabled()) << narrow(name);
     };
-    waitForPolls(7);
-    EXPECT_GE(rules(), 2U);
-    EXPECT_LE(rules(), polls() / 3 + 1) << "each rule that read 10,000 names spares two polls";
-    EXPECT_LE(calls.linesWith("files").size(), 2 * rules()) << "missing names are one name";
-    stage->addIn().searching = true;
-    waitForPolls(1);
-    stage->addIn().searching = false;
-    waitForPolls(1);
-    EXPECT_GE(rules(), 1U) << "the wizard comes back with the other buttons";
-    EXPECT_EQ(buttonStates(), allOn);
+    application.ProfileKey = work;
+    stage->setValue(PROFILE, L"KBProcessState", 2);
+    stage->createFolder(stage->folder() + L"kb");
+    stage->writeFile(stage->folder() + L"kb\\Mail.dct", "x");
+    stage->setValue(work, L"VexaBaseDir", stage->folder() + L"kb");
+    stage->setValue(work, L"ProjectCount", 1);
+    stage->setValue(work, L"Project1", L"Post");
+    refuse(L"KBProcessState", 2, 3);
+    refuse(L"Project1", L"Mail", L"Post");
+    stage->setValue(work, L"Project1", L"mAIL");
+    refuse(L"ProjectCount", 1, 0);
+    stage->setValue(work, L"ProjectCount", 1);
+    stage->setValue(work, L"VexaBaseDir", stage->folder() + L"none");
+    refuse(L"VexaBaseDir", stage->folder() + L"kb", stage->folder() + L"none");
+}
+
+TEST_F(PageCommands, AFileThatAppearsDisablesTheWizardAtTheNextPoll) {
+    addKnowledgebase(*stage);
+    user.wait(260);
+    EXPECT_TRUE(page->cmdWizard.enabled());
+    stage->writeFile(stage->folder() + L"kb\\Temp\\Mail.dct", "x");
+    user.wait(260);
+    EXPECT_FALSE(page->cmdWizard.enabled());
+    EXPECT_TRUE(page->cmdSettings.enabled());
+}
+
+TEST_F(PageCommands, AnAddInThatProcessesDisablesTheWizardAtTheNextPoll) {
+    stage->addIn().processing = true;
+    user.wait(260);
+    EXPECT_FALSE(page->cmdWizard.enabled());
+    EXPECT_TRUE(page->cmdKnowledgeBase.enabled());
+    stage->addIn().processing = false;
+    user.wait(260);
+    EXPECT_TRUE(page->cmdWizard.enabled());
 }
 
 // --- The message button -----------------------------------------------------------------------------------
@@ -305,6 +429,19 @@ TEST_F(PageCommands, TheKnowledgebaseButtonLogsShowsAndAsksTheWizardRuleAfterwar
     EXPECT_THAT(logWhenShown, Contains("ctlPPE, showing kb configuration dialog."));
     EXPECT_FALSE(page->cmdWizard.enabled());
     EXPECT_EQ(calls.lines().back(), "doevents");
+}
+
+TEST_F(PageCommands, WhenTheKnowledgebaseDialogHasClosedTheHostIsToldThenTheRuleAskedThenEventsRun) {
+    stage->whenShown<vexa::frmKBConfiguration>([&](vexa::frmKBConfiguration& form) {
+        application.flags.dialogChanged = true;
+        form.window().close();
+        calls.clear();
+    });
+    user.click(page->cmdKnowledgeBase);
+    std::vector<std::string> steps;
+    for (const std::string& line : calls.lines())
+        if (!line.starts_with("registry") && !line.starts_with("files")) steps.push_back(line);
+    EXPECT_THAT(steps, ElementsAre("site OnStatusChange", "addin IsProcessing()", "doevents"));
 }
 
 /// A dialog's button, and the line that the log gets where the dialog cannot be made.

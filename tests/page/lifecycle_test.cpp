@@ -93,10 +93,94 @@ TEST_F(PageLifeCycle, TheHandleOfTheMessageButtonIsPublishedAndWithdrawn) {
     EXPECT_EQ(log().back(), "ctlPPE, terminated.");
 }
 
-TEST_F(PageLifeCycle, TheContainersDisplayNameStandsInFrontOfTheLogLines) {
-    site.displayNameAnswer = L"Quillmark1";
+TEST_F(PageLifeCycle, TheMessageHandleGoesBeforeTheLastLine) {
     start();
-    EXPECT_EQ(log().back(), "Quillmark1, initialized.");
+    calls.clear();
+    end();
+    const std::string withdrawn = "registry delete Software\\Norvane\\Quillmark\\hWndProperties";
+    const auto& lines = calls.lines();
+    const auto deleted = std::ranges::find(lines, withdrawn);
+    const auto written =
+        std::ranges::find_if(lines, [](const std::string& l) { return l.starts_with("files write"); });
+    ASSERT_NE(deleted, lines.end());
+    ASSERT_NE(written, lines.end());
+    EXPECT_LT(deleted, written);
+}
+
+TEST_F(PageLifeCycle, TheMessageHandleIsPublishedAndWithdrawnBelowTheSetProfile) {
+    const std::wstring work = std::wstring(PROFILE) + L"Work";
+    stage->setValue(PROFILE, L"CurrentProfile", L"Work");
+    stage->setValue(PROFILE, L"hWndProperties", 1);
+    start();
+    EXPECT_EQ(integer(work, L"hWndProperties"), static_cast<std::int32_t>(page->cmdMsg.handle()));
+    end();
+    EXPECT_FALSE(stage->value(work, L"hWndProperties"));
+    EXPECT_EQ(integer(PROFILE, L"hWndProperties"), 1) << "somebody else's";
+}
+
+TEST_F(PageLifeCycle, APageWithdrawsItsHandleFromWhereItPublishedItWhateverTheProfileIsNow) {
+    const std::wstring home = std::wstring(PROFILE) + L"Home";
+    const std::wstring work = std::wstring(PROFILE) + L"Work";
+    stage->setValue(PROFILE, L"CurrentProfile", L"Home");
+    start();
+    stage->setValue(PROFILE, L"CurrentProfile", L"Work");
+    FakePageSite otherSite{calls};
+    vexa::ctlPPE other(application, stage->createPage(IDD_ctlPPE, {400, 420}), otherSite);
+    other.UserControl_Initialize();
+    end();
+    EXPECT_FALSE(stage->value(home, L"hWndProperties"));
+    EXPECT_EQ(integer(work, L"hWndProperties"), static_cast<std::int32_t>(other.cmdMsg.handle()));
+    other.UserControl_Terminate();
+    EXPECT_FALSE(stage->value(work, L"hWndProperties"));
+}
+
+TEST_F(PageLifeCycle, ASecondStartWithAnotherProfileReadsAndWritesThatOne) {
+    stage->setValue(PROFILE, L"CurrentProfile", L"Home");
+    stage->setValue(std::wstring(PROFILE) + L"Home", L"MaxEntries", 31);
+    stage->setValue(std::wstring(PROFILE) + L"Work", L"MaxEntries", 32);
+    stage->setValue(std::wstring(PROFILE) + L"Work", L"LogPath", stage->folder() + L"worklog\\");
+    start();
+    EXPECT_EQ(application.settings.MaxEntries, 31);
+    end();
+    stage->setValue(PROFILE, L"CurrentProfile", L"Work");
+    start();
+    EXPECT_EQ(application.ProfileKey, std::wstring(PROFILE) + L"Work");
+    EXPECT_EQ(application.settings.MaxEntries, 32);
+    EXPECT_EQ(application.log.LogPath, stage->folder() + L"worklog\\");
+    application.settings.MaxEntries = 33;
+    page->PropertyPage_Apply();
+    EXPECT_EQ(integer(std::wstring(PROFILE) + L"Work", L"MaxEntries"), 33);
+    EXPECT_EQ(integer(std::wstring(PROFILE) + L"Home", L"MaxEntries"), 31);
+}
+
+TEST_F(PageLifeCycle, AStartWithoutAnAddInLeavesNone) {
+    start();
+    end();
+    stage->setAddInRunning(false);
+    start();
+    EXPECT_EQ(application.addIn, nullptr) << "the one of before may be gone";
+    stage->setAddInRunning(true);
+    end();
+    start();
+    EXPECT_NE(application.addIn, nullptr);
+}
+
+TEST_F(PageLifeCycle, AStartWithoutAnAddInLeavesAloneTheOneThatAnotherPageUses) {
+    start();
+    stage->setAddInRunning(false);
+    FakePageSite otherSite{calls};
+    vexa::ctlPPE other(application, stage->createPage(IDD_ctlPPE, {400, 420}), otherSite);
+    other.UserControl_Initialize();
+    EXPECT_NE(application.addIn, nullptr);
+    EXPECT_THAT(stage->messages(), SizeIs(1)) << "the second page has found none and says so";
+    calls.clear();
+    user.wait(1000);
+    EXPECT_GE(calls.linesWith("addin IsSearching").size(), 1U) << "the first page polls";
+    EXPECT_LE(calls.linesWith("addin IsSearching").size(), 5U) << "the second does not";
+    end();
+    other.UserControl_Initialize();
+    EXPECT_EQ(application.addIn, nullptr) << "now it is the only page";
+    other.UserControl_Terminate();
 }
 
 TEST_F(PageLifeCycle, AContainerThatFailsToTellItsNameDoesNotStopTheStart) {
@@ -285,6 +369,81 @@ TEST_F(PageLifeCycle, EveryRowKeepsItsDistanceFromTheEdgesAtAnyWidth) {
         }
     }
 }
+
+/// A page of some size and resolution, and where its rows stand then.
+struct Layout {
+    const char* name;
+    double twips;  ///< per pixel
+    ui::Size page;
+    int rowHeight;
+    // Those of the first row.
+    ui::Rect line, caption, description, picture, button;
+};
+
+class PageLayout : public PageTest, public testing::WithParamInterface<Layout> {
+protected:
+    void expectAt(const ui::Control& control, ui::Rect wanted, int row) {
+        wanted.top += row * GetParam().rowHeight;
+        EXPECT_EQ(control.bounds(), wanted) << "row " << row;
+    }
+};
+
+TEST_P(PageLayout, PutsEachRowWhereItBelongs) {
+    const Layout& layout = GetParam();
+    stage->setTwipsPerPixel(layout.twips);
+    create();
+    user.resize(page->window(), layout.page);
+    ui::Window& window = page->window();
+    int row = 0;
+    for (const int first :
+         {IDC_lneKnowledgeBase, IDC_lneSettings, IDC_lneAttachments, IDC_lneDispMatches, IDC_lneWizard}) {
+        expectAt(window.control<ui::Line>(first), layout.line, row);
+        expectAt(window.control<ui::Label>(first + 1), layout.caption, row);
+        expectAt(window.control<ui::Label>(first + 2), layout.description, row);
+        expectAt(window.control<ui::Picture>(first + 3), layout.picture, row);
+        expectAt(window.control<ui::Button>(first + 4), layout.button, row);
+        ++row;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, PageLayout,
+                         testing::Values(Layout{"AtRest",
+                                                15,
+                                                {400, 420},
+                                                84,
+                                                {8, 2, 384, 2},
+                                                {8, 4, 384, 14},
+                                                {8, 19, 384, 14},
+                                                {8, 35, 32, 32},
+                                                {48, 38, 120, 25}},
+                                         Layout{"LowRowsOverflow",
+                                                15,
+                                                {300, 200},
+                                                69,
+                                                {8, 2, 284, 2},
+                                                {8, 4, 284, 14},
+                                                {8, 19, 284, 14},
+                                                {8, 35, 32, 32},
+                                                {48, 38, 120, 25}},
+                                         Layout{"HighRowsEnd",
+                                                15,
+                                                {300, 900},
+                                                89,
+                                                {8, 2, 284, 2},
+                                                {8, 4, 284, 14},
+                                                {8, 19, 284, 14},
+                                                {8, 35, 32, 32},
+                                                {48, 38, 120, 25}},
+                                         Layout{"FinerScreen",
+                                                12,
+                                                {400, 420},
+                                                86,
+                                                {10, 3, 380, 3},
+                                                {10, 5, 380, 18},
+                                                {10, 24, 380, 18},
+                                                {10, 44, 40, 40},
+                                                {60, 48, 150, 31}}),
+                         [](const auto& one) { return std::string(one.param.name); });
 
 // The page of a classic property sheet has 218 dialog units, some 354 pixels at 96 DPI.
 TEST_F(PageLifeCycle, AllRowsFitThePageOfAClassicPropertySheet) {

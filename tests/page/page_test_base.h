@@ -4,6 +4,7 @@
 #include "page/ctlPPE.h"
 #include "page/ctlPPE.ids.h"
 #include "tests/stage/form_test.h"
+#include "tests/support/recording_ports.h"
 #include "tests/support/text.h"
 
 namespace tests {

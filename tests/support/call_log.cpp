@@ -14,6 +14,7 @@ bool CallLog::enter(const std::string& line) {
         planned_.erase(due);
         action();
     }
+    takeTime(line);
     return std::ranges::count(failingCalls_, index) > 0 ||
            std::ranges::any_of(failingPrefixes_,
                                [&](const std::string& prefix) { return line.starts_with(prefix); });
@@ -36,7 +37,18 @@ void CallLog::during(const std::string& prefix, std::function<void()> action) {
     planned_.push_back({prefix, std::move(action)});
 }
 
+void CallLog::takes(const std::string& prefix, int milliseconds) {
+    slow_.insert(slow_.begin(), {prefix, milliseconds});
+}
+
+void CallLog::takeTime(const std::string& line) {
+    const auto slow =
+        std::ranges::find_if(slow_, [&](const Slow& one) { return line.starts_with(one.prefix); });
+    if (slow != slow_.end() && slow->milliseconds > 0) spend(slow->milliseconds);
+}
+
 void CallLog::forgetFaults() {
+    slow_.clear();
     failingCalls_.clear();
     failingPrefixes_.clear();
     planned_.clear();

@@ -32,7 +32,14 @@ public:
     void failCallsWith(const std::string& prefix);
     /// Runs once, inside the next call whose line begins with `prefix`, before it takes effect.
     void during(const std::string& prefix, std::function<void()> action);
-    /// No call fails and nothing more happens during one.
+    /// Every call whose line begins with `prefix` takes so long, from now on; 0 is no time at all. Of several
+    /// prefixes the one that was given last counts.
+    void takes(const std::string& prefix, int milliseconds);
+    /// Some call takes time.
+    [[nodiscard]] bool timePasses() const { return !slow_.empty(); }
+    /// How time passes on this back end.
+    std::function<void(int milliseconds)> spend;
+    /// No call fails and nothing more happens during one; none takes time.
     void forgetFaults();
 
 private:
@@ -44,7 +51,14 @@ private:
     std::size_t calls_ = 0;
     std::vector<std::size_t> failingCalls_;
     std::vector<std::string> failingPrefixes_;
+    struct Slow {
+        std::string prefix;
+        int milliseconds;
+    };
+    void takeTime(const std::string& line);
+
     std::vector<Planned> planned_;
+    std::vector<Slow> slow_;  ///< the last one first
 };
 
 }  // namespace tests

@@ -123,9 +123,10 @@ bool RecordingFiles::fileExists(const std::wstring& path) {
     return !fails("fileExists", path) && files_.fileExists(path);
 }
 
-std::uint64_t RecordingFiles::fileSize(const std::wstring& path) {
-    call("fileSize", path);
-    return files_.fileSize(path);
+std::vector<std::wstring> RecordingFiles::filesWithContent(const std::wstring& folder,
+                                                           const std::wstring& extension) {
+    call("filesWithContent", folder);
+    return files_.filesWithContent(folder, extension);
 }
 
 void RecordingFiles::createFolder(const std::wstring& path) {
@@ -163,11 +164,12 @@ std::shared_ptr<vexa::AddIn> RecordingLocator::running() {
     return calls_.enter("locate addin") ? nullptr : locator_.running();
 }
 
-std::intptr_t RecordingDesktop::sendMessage(std::intptr_t window, std::uint32_t message,
-                                            std::uintptr_t wParam, std::intptr_t lParam) {
-    const bool fails = calls_.enter("message " + std::to_string(window) + " " + std::to_string(message) +
-                                    " " + std::to_string(wParam) + " " + std::to_string(lParam));
-    return fails ? 0 : desktop_.sendMessage(window, message, wParam, lParam);
+bool RecordingDesktop::sendMessage(std::intptr_t window, std::uint32_t message, std::uintptr_t wParam,
+                                   std::intptr_t lParam) {
+    if (calls_.enter("message " + std::to_string(window) + " " + std::to_string(message) + " " +
+                     std::to_string(wParam) + " " + std::to_string(lParam)))
+        throw vexa::Error(L"The window does not respond");
+    return window == LISTENING_WINDOW || desktop_.sendMessage(window, message, wParam, lParam);
 }
 
 void RecordingDesktop::setPointer(vexa::PointerShape shape) {

@@ -46,7 +46,8 @@ public:
 
     [[nodiscard]] bool folderExists(const std::wstring& path) override;
     [[nodiscard]] bool fileExists(const std::wstring& path) override;
-    [[nodiscard]] std::uint64_t fileSize(const std::wstring& path) override;
+    [[nodiscard]] std::vector<std::wstring> filesWithContent(const std::wstring& folder,
+                                                             const std::wstring& extension) override;
     void createFolder(const std::wstring& path) override;
     void deleteFile(const std::wstring& path) override;
     [[nodiscard]] std::vector<std::wstring> drives() override;
@@ -69,6 +70,7 @@ class RecordingClock : public vexa::Clock {
 public:
     RecordingClock(CallLog& calls, vexa::Clock& clock) : calls_(calls), clock_(clock) {}
     [[nodiscard]] vexa::LocalTime localTime() override { return clock_.localTime(); }
+    [[nodiscard]] std::int64_t milliseconds() override { return clock_.milliseconds(); }
     void sleep(int milliseconds) override;
 
 private:
@@ -87,12 +89,15 @@ private:
     vexa::AddInLocator& locator_;
 };
 
-/// A message that shall fail is answered by 0 and reaches nobody; the other calls do nothing.
+/// The handle of a window that takes every message, on every back end.
+inline constexpr std::intptr_t LISTENING_WINDOW = 4711;
+
+/// A message that shall fail finds a receiver that hangs; the other calls do nothing.
 class RecordingDesktop : public vexa::Desktop {
 public:
     RecordingDesktop(CallLog& calls, vexa::Desktop& desktop) : calls_(calls), desktop_(desktop) {}
-    std::intptr_t sendMessage(std::intptr_t window, std::uint32_t message, std::uintptr_t wParam,
-                              std::intptr_t lParam) override;
+    bool sendMessage(std::intptr_t window, std::uint32_t message, std::uintptr_t wParam,
+                     std::intptr_t lParam) override;
     void setPointer(vexa::PointerShape shape) override;
     void doEvents() override;
 

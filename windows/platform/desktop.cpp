@@ -4,7 +4,9 @@
 
 #include <map>
 
-#include "windows/platform/messages.h"
+#include "common/error.h"
+#include "windows/platform/pending_events.h"
+#include "windows/platform/sent_message.h"
 
 namespace win {
 namespace {
@@ -20,24 +22,29 @@ LPCWSTR cursorOf(vexa::PointerShape shape) {
     return IDC_ARROW;
 }
 
-/// The system tells a callback only the timer's number.
+/// The system's timers by number, with what their ticks call.
 std::map<UINT_PTR, vexa::SystemTimers::Callback>& runningTimers() {
     static std::map<UINT_PTR, vexa::SystemTimers::Callback> timers;
     return timers;
 }
 
+/// What the ticks of killed timers call that were on their way already.
+vexa::SystemTimers::Callback lastCallback = nullptr;
+
 void CALLBACK tick(HWND, UINT, UINT_PTR identifier, DWORD) noexcept {
     const auto timer = runningTimers().find(identifier);
-    if (timer != runningTimers().end()) timer->second();
+    const auto callback = timer == runningTimers().end() ? lastCallback : timer->second;
+    if (callback != nullptr) callback();
 }
 
 }  // namespace
 
-std::intptr_t Desktop::sendMessage(std::intptr_t window, std::uint32_t message, std::uintptr_t wParam,
-                                   std::intptr_t lParam) {
-    const auto receiver = reinterpret_cast<HWND>(window);
-    // Also keeps numbers that mean "all windows" from reaching anybody.
-    return IsWindow(receiver) ? SendMessageA(receiver, message, wParam, lParam) : 0;
+bool Desktop::sendMessage(std::intptr_t window, std::uint32_t message, std::uintptr_t wParam,
+                          std::intptr_t lParam) {
+    // Numbers that mean "all windows" are no windows.
+    const Sent result = sendAndWait(reinterpret_cast<HWND>(window), message, wParam, lParam);
+    if (result == Sent::hung) throw vexa::Error(L"The window does not respond");
+    return result == Sent::handled;
 }
 
 void Desktop::setPointer(vexa::PointerShape shape) {
@@ -51,26 +58,17 @@ bool keepPointer() noexcept {
     return true;
 }
 
-void Desktop::doEvents() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {
-            // The host's own loop must see it.
-            PostQuitMessage(static_cast<int>(message.wParam));
-            return;
-        }
-        dispatchToDialogs(message);
-    }
-}
+void Desktop::doEvents() { PendingEvents().run(); }
 
 SystemTimers::~SystemTimers() {
     for (const auto& [identifier, callback] : runningTimers()) KillTimer(nullptr, identifier);
     runningTimers().clear();
+    lastCallback = nullptr;
 }
 
 std::uintptr_t SystemTimers::setTimer(std::uint32_t milliseconds, Callback callback) {
     const UINT_PTR identifier = SetTimer(nullptr, 0, milliseconds, tick);
-    if (identifier != 0) runningTimers()[identifier] = callback;
+    if (identifier != 0) runningTimers()[identifier] = lastCallback = callback;
     return identifier;
 }
 

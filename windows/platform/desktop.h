@@ -7,8 +7,8 @@ namespace win {
 
 class Desktop : public vexa::Desktop {
 public:
-    std::intptr_t sendMessage(std::intptr_t window, std::uint32_t message, std::uintptr_t wParam,
-                              std::intptr_t lParam) override;
+    bool sendMessage(std::intptr_t window, std::uint32_t message, std::uintptr_t wParam,
+                     std::intptr_t lParam) override;
     void setPointer(vexa::PointerShape shape) override;
     void doEvents() override;
 };
@@ -20,7 +20,7 @@ bool keepPointer() noexcept;
 class SystemTimers : public vexa::SystemTimers {
 public:
     ~SystemTimers() override;
-    /// `callback` must let nothing out.
+    /// `callback` must let nothing out. A tick that was on its way when its timer was killed still comes.
     std::uintptr_t setTimer(std::uint32_t milliseconds, Callback callback) override;
     void killTimer(std::uintptr_t identifier) override;
 };

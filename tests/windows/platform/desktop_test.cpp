@@ -1,10 +1,18 @@
 // Messages to other windows, pending events, and timers without a window.
 #include "windows/platform/desktop.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <windows.h>
 
+#include <commctrl.h>
+
+#include <atomic>
+#include <functional>
+#include <map>
+
+#include "common/error.h"
 #include "tests/windows/controls/test_form.h"
 
 namespace tests {
@@ -15,20 +23,130 @@ protected:
     win::Desktop desktop;
 };
 
-TEST_F(DesktopTest, AMessageIsAnsweredByItsReceiver) {
-    const auto box = page->control<ui::TextBox>(IDC_testPageText).handle();
-    EXPECT_EQ(desktop.sendMessage(box, WM_SETTEXT, 0, reinterpret_cast<std::intptr_t>("text")), 1);
-    EXPECT_EQ(desktop.sendMessage(box, WM_GETTEXTLENGTH, 0, 0), 4);
+TEST_F(DesktopTest, AMessageReachesItsReceiverBeforeTheCallReturns) {
+    auto& box = page->control<ui::TextBox>(IDC_testPageText);
+    EXPECT_TRUE(desktop.sendMessage(box.handle(), WM_SETTEXT, 0, reinterpret_cast<std::intptr_t>("text")));
+    EXPECT_EQ(box.text(), L"text");
 }
 
 TEST_F(DesktopTest, AMessageToADeadWindowOrToAllDoesNothing) {
     const std::intptr_t dead = page->handle();
     page.reset();
-    int heard = 0;
     for (const std::intptr_t window : {dead, std::intptr_t{0}, std::intptr_t{-1}, std::intptr_t{0xFFFF}})
-        heard += static_cast<int>(desktop.sendMessage(window, WM_USER + 115, 0, 0));
-    EXPECT_EQ(heard, 0);
+        EXPECT_FALSE(desktop.sendMessage(window, WM_USER + 115, 0, 0)) << window;
 }
+
+// --- Receivers on a thread of their own --------------------------------------------------------------------
+
+constexpr UINT WORK = WM_USER + 115;
+constexpr WPARAM LIVELY = 1;
+
+/// A window whose thread works for `lParam` milliseconds on each message WORK. Meanwhile it handles nothing,
+/// but where `wParam` is LIVELY messages all the time.
+class BusyWindow {
+public:
+    BusyWindow() {
+        ready_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+        thread_ = CreateThread(nullptr, 0, run, this, 0, nullptr);
+        WaitForSingleObject(ready_, INFINITE);
+    }
+    BusyWindow(const BusyWindow&) = delete;
+    BusyWindow& operator=(const BusyWindow&) = delete;
+    ~BusyWindow() {
+        SetEvent(awake_);
+        PostMessageW(window_, WM_CLOSE, 0, 0);
+        WaitForSingleObject(thread_, INFINITE);
+        CloseHandle(thread_);
+        CloseHandle(ready_);
+        CloseHandle(awake_);
+    }
+
+    [[nodiscard]] std::intptr_t handle() const { return reinterpret_cast<std::intptr_t>(window_); }
+    std::atomic<int> handled = 0;
+    /// Gets a text before the answer.
+    std::atomic<HWND> tell = nullptr;
+
+private:
+    static DWORD CALLBACK run(void* self) noexcept {
+        auto& busy = *static_cast<BusyWindow*>(self);
+        busy.window_ =
+            CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+        SetWindowSubclass(busy.window_, procedure, 1, reinterpret_cast<DWORD_PTR>(self));
+        SetEvent(busy.ready_);
+        MSG message;
+        while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+        return 0;
+    }
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                      DWORD_PTR self) noexcept {
+        auto& busy = *reinterpret_cast<BusyWindow*>(self);
+        if (message == WORK) {
+            const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(lParam);
+            do {
+                WaitForSingleObject(busy.awake_, static_cast<DWORD>(wParam == LIVELY ? 20 : lParam));
+                if (wParam == LIVELY) deliverMessages();
+            } while (wParam == LIVELY && GetTickCount64() < end);
+            if (busy.tell != nullptr)
+                SendMessageW(busy.tell, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"told"));
+            ++busy.handled;
+        }
+        if (message == WM_DESTROY) PostQuitMessage(0);
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+
+    HANDLE ready_ = nullptr;
+    HANDLE awake_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    HANDLE thread_ = nullptr;
+    HWND window_ = nullptr;
+};
+
+constexpr int FOR_GOOD = 60'000;
+
+TEST_F(DesktopTest, AReceiverThatWorksIsWaitedFor) {
+    BusyWindow busy;
+    EXPECT_TRUE(desktop.sendMessage(busy.handle(), WORK, 0, 1500));
+    EXPECT_EQ(busy.handled, 1);
+    EXPECT_TRUE(desktop.sendMessage(busy.handle(), WORK, LIVELY, 6500))
+        << "longer than hanging takes to be known";
+    EXPECT_EQ(busy.handled, 2);
+}
+
+// As a search window that tells its page something before it answers.
+TEST_F(DesktopTest, WhatTheReceiverSendsBackMeanwhileIsHandled) {
+    BusyWindow busy;
+    auto& box = page->control<ui::TextBox>(IDC_testPageText);
+    busy.tell = windowOf(box);
+    EXPECT_TRUE(desktop.sendMessage(busy.handle(), WORK, 0, 0));
+    EXPECT_EQ(box.text(), L"told");
+}
+
+TEST_F(DesktopTest, AReceiverThatGoesAwayInsteadOfAnsweringIsNoWindow) {
+    BusyWindow busy;
+    desktop.sendMessage(busy.handle(), WM_CLOSE, 0, 0);
+    EXPECT_FALSE(desktop.sendMessage(busy.handle(), WORK, 0, 0));
+}
+
+TEST_F(DesktopTest, AReceiverThatHangsIsGivenUpAndTheNextTimeAtOnce) {
+    BusyWindow busy;
+    EXPECT_THROW(desktop.sendMessage(busy.handle(), WORK, 0, FOR_GOOD), vexa::Error);
+    EXPECT_EQ(busy.handled, 0);
+    const ULONGLONG begin = GetTickCount64();
+    EXPECT_THROW(desktop.sendMessage(busy.handle(), WORK, 0, 0), vexa::Error);
+    EXPECT_LT(GetTickCount64() - begin, 3000U) << "it is known to hang";
+}
+
+TEST_F(DesktopTest, AReceiverOfThisThreadIsWaitedForHoweverLong) {
+    auto& button = page->control<ui::Button>(IDC_testPageButton);
+    bool done = false;
+    button.onClick = [&] {
+        Sleep(5500);
+        done = true;
+    };
+    EXPECT_TRUE(desktop.sendMessage(button.handle(), BM_CLICK, 0, 0));
+    EXPECT_TRUE(done);
+}
+
+// --- The pointer ------------------------------------------------------------------------------------------
 
 TEST_F(DesktopTest, ThePointerTakesItsShapes) {
     for (const auto& [shape, cursor] : {std::pair{vexa::PointerShape::hourglass, IDC_WAIT},
@@ -103,8 +221,130 @@ TEST_F(DesktopTest, TheEndOfTheThreadIsLeftToTheHost) {
     EXPECT_EQ(message.wParam, 3U);
 }
 
+/// A window whose messages a test handles.
+class Listener {
+public:
+    Listener() { SetWindowSubclass(window, procedure, 1, reinterpret_cast<DWORD_PTR>(this)); }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+    ~Listener() { DestroyWindow(window); }
+
+    const HWND window = CreateWindowExW(0, L"Static", L"", WS_POPUP | WS_VISIBLE, 0, 0, 40, 40, nullptr,
+                                        nullptr, nullptr, nullptr);
+    std::map<UINT, std::function<void(WPARAM)>> on;
+
+private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                      DWORD_PTR self) noexcept {
+        const auto& on = reinterpret_cast<Listener*>(self)->on;
+        if (const auto handler = on.find(message); handler != on.end()) return handler->second(wParam), 0;
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+};
+
+constexpr UINT NEWS = WM_APP + 1;
+
+TEST_F(DesktopTest, WhatWaitsRunsAndWhatItsHandlersPostWaits) {
+    Listener listener;
+    std::vector<WPARAM> heard;
+    listener.on[NEWS] = [&](WPARAM number) {
+        heard.push_back(number);
+        PostMessageW(listener.window, NEWS, number + 10, 0);
+    };
+    for (const WPARAM number : {1, 2, 3}) PostMessageW(listener.window, NEWS, number, 0);
+    desktop.doEvents();
+    EXPECT_THAT(heard, testing::ElementsAre(1, 2, 3));
+    desktop.doEvents();
+    EXPECT_THAT(heard, testing::ElementsAre(1, 2, 3, 11, 12, 13));
+}
+
+TEST_F(DesktopTest, ACallInsideACallRunsWhatWaitsThenAndBothEnd) {
+    Listener listener;
+    std::vector<WPARAM> heard;
+    listener.on[NEWS] = [&](WPARAM number) {
+        heard.push_back(number);
+        PostMessageW(listener.window, NEWS, number + 10, 0);
+        if (number == 1) desktop.doEvents();
+    };
+    for (const WPARAM number : {1, 2}) PostMessageW(listener.window, NEWS, number, 0);
+    desktop.doEvents();
+    EXPECT_THAT(heard, testing::ElementsAre(1, 2, 11));
+}
+
+// As a modal loop of the host does inside a handler.
+TEST_F(DesktopTest, ACallEndsWhereAnotherLoopTookEverythingOut) {
+    Listener listener;
+    int heard = 0;
+    listener.on[NEWS] = [&](WPARAM) {
+        if (++heard == 1) {
+            MSG message;
+            while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+        }
+        Sleep(20);
+        PostMessageW(listener.window, NEWS, 0, 0);
+    };
+    PostMessageW(listener.window, NEWS, 0, 0);
+    desktop.doEvents();
+    EXPECT_LE(heard, 3);
+}
+
+TEST_F(DesktopTest, ATimerThatIsAlwaysDueTicksOnceAndTheOthersTickToo) {
+    Listener listener;
+    std::map<WPARAM, int> ticksOf;
+    listener.on[WM_TIMER] = [&](WPARAM timer) {
+        ++ticksOf[timer];
+        Sleep(timer == 1 ? 60 : 0);
+    };
+    SetTimer(listener.window, 1, 20, nullptr);
+    SetTimer(listener.window, 2, 20, nullptr);
+    Sleep(60);
+    desktop.doEvents();
+    EXPECT_EQ(ticksOf[1], 1);
+    EXPECT_EQ(ticksOf[2], 1);
+    desktop.doEvents();
+    EXPECT_EQ(ticksOf[1], 2);
+}
+
+TEST_F(DesktopTest, TimersThatMakeTimersEnd) {
+    Listener listener;
+    UINT_PTR last = 1;
+    listener.on[WM_TIMER] = [&](WPARAM timer) {
+        KillTimer(listener.window, timer);
+        SetTimer(listener.window, ++last, 10, nullptr);
+    };
+    SetTimer(listener.window, last, 10, nullptr);
+    Sleep(30);
+    desktop.doEvents();
+    EXPECT_GE(last, 2U);
+}
+
+TEST_F(DesktopTest, AWindowThatIsNeverPaintedDoesNotHoldTheCall) {
+    Listener listener;
+    int paintings = 0;
+    deliverMessages();
+    listener.on[WM_PAINT] = [&](WPARAM) { ++paintings; };
+    InvalidateRect(listener.window, nullptr, TRUE);
+    desktop.doEvents();
+    EXPECT_EQ(paintings, 1);
+    listener.on.clear();
+}
+
 int ticks = 0;
 int otherTicks = 0;
+
+TEST_F(DesktopTest, ATickThatWasOnItsWayWhenItsTimerWasKilledStillComes) {
+    win::SystemTimers timers;
+    ticks = 0;
+    const auto timer = timers.setTimer(10, [] { ++ticks; });
+    Sleep(30);
+    MSG taken{};
+    ASSERT_TRUE(PeekMessageW(&taken, nullptr, WM_TIMER, WM_TIMER, PM_REMOVE));
+    timers.killTimer(timer);
+    DispatchMessageW(&taken);
+    EXPECT_EQ(ticks, 1);
+    user.wait(50);
+    EXPECT_EQ(ticks, 1);
+}
 
 TEST_F(DesktopTest, TimersTickUntilTheyAreKilled) {
     win::SystemTimers timers;

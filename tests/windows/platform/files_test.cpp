@@ -33,7 +33,107 @@ TEST_F(FilesTest, FoldersAndFilesAreToldApart) {
     EXPECT_FALSE(files.fileExists(path(L"none")));
     EXPECT_FALSE(files.folderExists(path(L"none")));
     EXPECT_FALSE(files.folderExists(L""));
-    EXPECT_EQ(files.fileSize(path(L"file.txt")), 5U);
+}
+
+TEST_F(FilesTest, FilesWithContentAreThoseOfTheExtensionInTheFolderItself) {
+    EXPECT_THAT(files.filesWithContent(folder.path(), L".dct"), UnorderedElementsAre());
+    for (const wchar_t* name : {L"one.dct", L"TWO.DCT", L"\u00DC\u0416.dct", L"other.txt"})
+        ScratchFolder::write(path(name), "1");
+    ScratchFolder::write(path(L"empty.dct"), "");
+    files.createFolder(path(L"folder.dct"));
+    files.createFolder(path(L"sub"));
+    ScratchFolder::write(path(L"sub\\below.dct"), "1");
+    EXPECT_THAT(files.filesWithContent(folder.path(), L".dct"),
+                UnorderedElementsAre(L"one.dct", L"TWO.DCT", L"\u00DC\u0416.dct"));
+    EXPECT_THAT(files.filesWithContent(folder.path() + L"\\", L".txt"), UnorderedElementsAre(L"other.txt"));
+}
+
+// --- The system's own error boxes
+// ---------------------------------------------------------------------------
+
+std::vector<DWORD> modesInCalls;
+
+/// What the program asks the system while these stand in the way.
+DWORD WINAPI noteAttributes(LPCWSTR) {
+    modesInCalls.push_back(GetThreadErrorMode());
+    return INVALID_FILE_ATTRIBUTES;
+}
+HANDLE WINAPI noteSearch(LPCWSTR, FINDEX_INFO_LEVELS, LPVOID, FINDEX_SEARCH_OPS, LPVOID, DWORD) {
+    modesInCalls.push_back(GetThreadErrorMode());
+    SetLastError(ERROR_NOT_READY);
+    return INVALID_HANDLE_VALUE;
+}
+HANDLE WINAPI noteOpening(LPCWSTR, DWORD, DWORD, LPSECURITY_ATTRIBUTES, DWORD, DWORD, HANDLE) {
+    modesInCalls.push_back(GetThreadErrorMode());
+    SetLastError(ERROR_NOT_READY);
+    return INVALID_HANDLE_VALUE;
+}
+BOOL WINAPI noteFolder(LPCWSTR, LPSECURITY_ATTRIBUTES) {
+    modesInCalls.push_back(GetThreadErrorMode());
+    SetLastError(ERROR_NOT_READY);
+    return FALSE;
+}
+BOOL WINAPI noteDeletion(LPCWSTR) {
+    modesInCalls.push_back(GetThreadErrorMode());
+    SetLastError(ERROR_NOT_READY);
+    return FALSE;
+}
+
+}  // namespace
+}  // namespace tests
+
+// Through which this program calls the system.
+extern "C" {
+extern decltype(&GetFileAttributesW) __imp_GetFileAttributesW;
+extern decltype(&FindFirstFileExW) __imp_FindFirstFileExW;
+extern decltype(&CreateFileW) __imp_CreateFileW;
+extern decltype(&CreateDirectoryW) __imp_CreateDirectoryW;
+extern decltype(&DeleteFileW) __imp_DeleteFileW;
+}
+
+namespace tests {
+namespace {
+
+/// Another function in place of one of the system's, while it lives.
+template <class Function>
+class Replaced {
+public:
+    Replaced(Function& entry, Function function) : entry_(entry), before_(entry) { put(function); }
+    ~Replaced() { put(before_); }
+    Replaced(const Replaced&) = delete;
+    Replaced& operator=(const Replaced&) = delete;
+
+private:
+    void put(Function function) {
+        DWORD protection = 0;
+        VirtualProtect(&entry_, sizeof entry_, PAGE_READWRITE, &protection);
+        entry_ = function;
+        VirtualProtect(&entry_, sizeof entry_, protection, &protection);
+    }
+    Function& entry_;
+    Function before_;
+};
+
+TEST_F(FilesTest, QuestionsAreAskedWithoutTheSystemsOwnErrorBoxesAndLeaveTheThreadsChoice) {
+    const Replaced attributes(__imp_GetFileAttributesW, &noteAttributes);
+    const Replaced search(__imp_FindFirstFileExW, &noteSearch);
+    const Replaced opening(__imp_CreateFileW, &noteOpening);
+    const Replaced creation(__imp_CreateDirectoryW, &noteFolder);
+    const Replaced deletion(__imp_DeleteFileW, &noteDeletion);
+    DWORD before = 0;
+    SetThreadErrorMode(SEM_NOOPENFILEERRORBOX, &before);
+    modesInCalls.clear();
+    static_cast<void>(files.fileExists(L"A:\\x"));
+    static_cast<void>(files.folderExists(L"A:\\x"));
+    EXPECT_THROW(static_cast<void>(files.subfolders(L"A:\\")), vexa::Error);
+    EXPECT_THROW(static_cast<void>(files.filesWithContent(L"A:\\", L".dct")), vexa::Error);
+    EXPECT_THROW(static_cast<void>(files.openForAppending(L"A:\\x")), vexa::Error);
+    EXPECT_THROW(files.createFolder(L"A:\\x"), vexa::Error);
+    EXPECT_THROW(files.deleteFile(L"A:\\x"), vexa::Error);
+    EXPECT_EQ(GetThreadErrorMode(), static_cast<DWORD>(SEM_NOOPENFILEERRORBOX));
+    SetThreadErrorMode(before, nullptr);
+    EXPECT_THAT(modesInCalls, testing::ElementsAreArray(
+                                  std::vector<DWORD>(7, SEM_NOOPENFILEERRORBOX | SEM_FAILCRITICALERRORS)));
 }
 
 TEST_F(FilesTest, WhatCannotBeDoneIsAnErrorWithADescription) {
@@ -45,7 +145,7 @@ TEST_F(FilesTest, WhatCannotBeDoneIsAnErrorWithADescription) {
             EXPECT_FALSE(error.description().empty());
         }
     };
-    expectError([&] { static_cast<void>(files.fileSize(path(L"none"))); });
+    expectError([&] { static_cast<void>(files.filesWithContent(path(L"none"), L".dct")); });
     expectError([&] { files.createFolder(path(L"missing\\sub")); });
     expectError([&] { files.deleteFile(path(L"none")); });
     expectError([&] { static_cast<void>(files.openForAppending(path(L"missing\\file"))); });
@@ -99,8 +199,11 @@ TEST(Clock, TellsTheLocalTimeAndSleeps) {
     SYSTEMTIME before{};
     GetLocalTime(&before);
     const ULONGLONG start = GetTickCount64();
+    const std::int64_t began = clock.milliseconds();
     clock.sleep(60);
     EXPECT_GE(GetTickCount64() - start, 40U);
+    EXPECT_GE(clock.milliseconds() - began, 40);
+    EXPECT_LT(clock.milliseconds() - began, 10'000);
     clock.sleep(-1);
     EXPECT_GE(clock.localTime().year, before.wYear);
 }

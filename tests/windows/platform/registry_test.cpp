@@ -141,5 +141,43 @@ TEST_F(RegistryTest, DeletingWhatIsMissingDoesNothing) {
     EXPECT_EQ(hive.get(KEY, L"Other"), Value(1));
 }
 
+// --- Code pages ------------------------------------------------------------------------------------------
+
+/// The code page of Japanese systems, where many characters take two bytes.
+class JapaneseCodec : public vexa::AnsiCodec {
+public:
+    [[nodiscard]] std::string toAnsi(const std::wstring& text) override {
+        std::string bytes(2 * text.size(), '\0');
+        const int length =
+            WideCharToMultiByte(CODE_PAGE, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
+                                static_cast<int>(bytes.size()), nullptr, nullptr);
+        bytes.resize(static_cast<std::size_t>(length));
+        return bytes;
+    }
+    [[nodiscard]] std::wstring fromAnsi(const std::string& bytes) override {
+        return {bytes.begin(), bytes.end()};
+    }
+
+private:
+    static constexpr UINT CODE_PAGE = 932;
+};
+
+TEST_F(RegistryTest, TheLengthOfAWrittenTextIsACountOfCharactersInACodePageOfManyBytes) {
+    JapaneseCodec japanese;
+    vexa::modRegistry japaneseStore(registry, japanese, conversions);
+    const std::wstring japan = L"\u65E5\u672C";  // 93 FA 96 7B there
+    japaneseStore.RegistryWrite(HKEY_CURRENT_USER_HIVE, KEY, L"Value", ValueType::text, japan);
+    DWORD type = 0;
+    char stored[16] = {};
+    DWORD size = sizeof stored;
+    ASSERT_EQ(RegGetValueA(HKEY_CURRENT_USER, "Software\\Norvane\\Quillmark", "Value",
+                           RRF_RT_ANY | RRF_NOEXPAND, &type, stored, &size),
+              ERROR_SUCCESS);
+    EXPECT_EQ(type, static_cast<DWORD>(REG_SZ));
+    // Two characters and the NUL are counted, so three of the four bytes are kept.
+    EXPECT_EQ(std::string(stored).substr(0, 3), "\x93\xFA\x96");
+    EXPECT_EQ(std::string(stored).size(), 3U);
+}
+
 }  // namespace
 }  // namespace tests

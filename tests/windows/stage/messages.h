@@ -1,6 +1,7 @@
 // The message loop of a test: what is pending runs when the test says so, and timers tick while it waits.
 #pragma once
 
+#include "tests/support/call_log.h"
 #include "windows/platform/desktop.h"
 
 namespace tests {
@@ -11,10 +12,18 @@ void deliverMessages();
 /// Dispatches everything that comes up for so many milliseconds.
 void deliverFor(int milliseconds);
 
-/// Pending events without the ticks of timers: time passes in `User::wait` alone.
+/// Pending events without the ticks of timers, as time passes in `User::wait` alone; with them where calls
+/// take time.
 class StageDesktop : public win::Desktop {
 public:
-    void doEvents() override { deliverMessages(); }
+    explicit StageDesktop(const CallLog& calls) : calls_(calls) {}
+    void doEvents() override {
+        if (calls_.timePasses()) return win::Desktop::doEvents();
+        deliverMessages();
+    }
+
+private:
+    const CallLog& calls_;
 };
 
 }  // namespace tests

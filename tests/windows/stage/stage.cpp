@@ -40,8 +40,12 @@ private:
 class StageClock : public vexa::Clock {
 public:
     [[nodiscard]] vexa::LocalTime localTime() override { return time; }
+    [[nodiscard]] std::int64_t milliseconds() override { return real_.milliseconds(); }
     void sleep(int) override {}
     vexa::LocalTime time{2026, 2, 3, 9, 5, 7, 4};
+
+private:
+    win::Clock real_;
 };
 
 /// Stands before a list that has room for `items` alone.
@@ -56,6 +60,7 @@ LRESULT CALLBACK refuseItems(HWND list, UINT message, WPARAM wParam, LPARAM lPar
 class WindowsStage : public Stage {
 public:
     WindowsStage() {
+        calls_.spend = [](int milliseconds) { Sleep(static_cast<DWORD>(milliseconds)); };
         screen_.onModal = [this](ui::Form& form) { play(form); };
         vexa::modTimer::clear();
     }
@@ -138,7 +143,7 @@ private:
     win::Conversions conversions_;
     InstalledElsewhere files_{folder_.path()};
     StageClock clock_;
-    StageDesktop desktop_;
+    StageDesktop desktop_{calls_};
     win::SystemTimers timers_;
     std::shared_ptr<FakeAddIn> addIn_ = std::make_shared<FakeAddIn>(calls_);
     StageLocator locator_{addIn_};
