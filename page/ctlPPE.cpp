@@ -235,7 +235,7 @@ void ctlPPE::cmdKnowledgeBase_Click() {
 
 void ctlPPE::connectKBForm(frmKBConfiguration& form) {
     form.KBClick = [this](bool& bProcessing, std::wstring& strName, std::int32_t& nAction) {
-        m_KBForm_KBClick(bProcessing, strName, nAction);
+        return m_KBForm_KBClick(bProcessing, strName, nAction);
     };
     form.DefaultKBChanged = [this] { m_KBForm_DefaultKBChanged(); };
     form.BaseFolderRequested = [this, &form] { showBaseFolder(form.window()); };
@@ -321,35 +321,42 @@ void ctlPPE::cmdMsg_MouseMove(const ui::MouseEvent& event) {
 
 // --- Knowledgebase events ---------------------------------------------------------------------------------
 
-void ctlPPE::m_KBForm_KBClick(bool& bProcessing, std::wstring& strName, std::int32_t& nAction) {
-    forwardEvent(bProcessing, strName, nAction);
+bool ctlPPE::m_KBForm_KBClick(bool& bProcessing, std::wstring& strName, std::int32_t& nAction) {
+    return forwardEvent(bProcessing, strName, nAction);
 }
 
 void ctlPPE::m_KBForm_DefaultKBChanged() noexcept {
     runLogged(L"m_KBForm_DefaultKBChanged", [&] { apply(); });
 }
 
-void ctlPPE::forwardEvent(bool flag, const std::wstring& knowledgebase, std::int32_t action) {
+bool ctlPPE::forwardEvent(bool flag, const std::wstring& knowledgebase, std::int32_t action) {
+    bool reached = false;
     attempt([&] { application_.SetPointerArrowHourglass(); });
     runLogged(L"m_KBForm_KBClick", [&] {
         application_.writeInteger(application_.ProfileKey, valueName::ProjectEvent, action);
         application_.writeText(application_.ProfileKey, valueName::ProjectEventName, knowledgebase);
-        passOn(flag, knowledgebase, static_cast<KBEvent>(action));
+        reached = passOn(flag, knowledgebase, static_cast<KBEvent>(action));
     });
     attempt([&] { application_.SetPointerDefault(); });
+    return reached;
 }
 
-void ctlPPE::passOn(bool flag, const std::wstring& knowledgebase, KBEvent event) {
+bool ctlPPE::passOn(bool flag, const std::wstring& knowledgebase, KBEvent event) {
     Desktop& desktop = application_.platform.desktop;
     if (event == KBEvent::edited) {
-        desktop.sendMessage(searchWindow(), searchMessage::editKnowledgebase, 0, flag ? 1 : 0);
-    } else if (event == KBEvent::wizard) {
+        const std::intptr_t window = searchWindow();
+        desktop.sendMessage(window, searchMessage::editKnowledgebase, 0, flag ? 1 : 0);
+        return window != 0;
+    }
+    if (event == KBEvent::wizard) {
         std::int32_t zero = 0;
         desktop.sendMessage(searchWindow(), searchMessage::startWizard, 0,
                             reinterpret_cast<std::intptr_t>(&zero));
     } else if (const std::shared_ptr<AddIn> addIn = application_.addIn) {
         notifyAddIn(*addIn, knowledgebase, event);
+        return true;
     }
+    return false;
 }
 
 void ctlPPE::notifyAddIn(AddIn& addIn, const std::wstring& knowledgebase, KBEvent event) {

@@ -31,7 +31,8 @@ public:
     void MarkChanged();
 
     // Events of the knowledgebase dialog.
-    void m_KBForm_KBClick(bool& bProcessing, std::wstring& strName, std::int32_t& nAction);
+    /// False where the command has not reached the add-in, and will never end.
+    bool m_KBForm_KBClick(bool& bProcessing, std::wstring& strName, std::int32_t& nAction);
     void m_KBForm_DefaultKBChanged() noexcept;
 
     ui::Button& cmdMsg;
@@ -84,8 +85,8 @@ private:
     void cmdMsg_KeyDown(const ui::KeyEvent& event);
     void cmdMsg_MouseMove(const ui::MouseEvent& event);
     void tmrChkSearching_Timer();
-    void forwardEvent(bool flag, const std::wstring& knowledgebase, std::int32_t action);
-    void passOn(bool flag, const std::wstring& knowledgebase, KBEvent event);
+    bool forwardEvent(bool flag, const std::wstring& knowledgebase, std::int32_t action);
+    bool passOn(bool flag, const std::wstring& knowledgebase, KBEvent event);
     void notifyAddIn(AddIn& addIn, const std::wstring& knowledgebase, KBEvent event);
     [[nodiscard]] std::intptr_t searchWindow();
 
