@@ -1,11 +1,15 @@
-// Loading, closing and the list.
 #include "kb/frmKBConfiguration.h"
 
 #include "common/guarded.h"
 #include "common/knowledgebase_names.h"
+#include "common/raised.h"
+#include "kb/form_name.h"
 #include "kb/frmKBConfiguration.ids.h"
-#include "kb/frmKBConfiguration_names.h"
+#include "kb/messages.h"
 #include "ui/dialog_ids.h"
+
+// Where a call lets events run, a comment says what they may have done by the time it returns: an end of
+// processing unlocks the dialog and may have read the list anew, and the host may have closed the dialog.
 
 namespace vexa {
 
@@ -24,37 +28,48 @@ frmKBConfiguration::frmKBConfiguration(Application& application, ui::Window& own
       lblDebugInfo(window().control<ui::Label>(IDC_lblDebugInfo)),
       application_(application),
       mvarTeskAddIn(application.addIn),
-      tmrLock_(window().createTimer()),
-      rowSorter_(sftKBConfiguration),
-      rowCommands_{cmdAdd, cmdEdit, cmdRebuild, cmdRemove, cmdRename, cmdUpdate} {
-    sftKBConfiguration.setColumns(
-        {{L"Knowledgebase", 34}, {L"Last Update", 31}, {L"Size", 14, true}, {L"Documents", 21, true}});
+      list_(application, sftKBConfiguration),
+      commands_(application, list_, {cmdAdd, cmdEdit, cmdRename, cmdRemove, cmdRebuild, cmdUpdate}),
+      autoUpdate_(application, window(), list_,
+                  [this] {
+                      if (DefaultKBChanged) DefaultKBChanged();
+                  }),
+      naming_(application, window(), sftKBConfiguration, list_),
+      lock_(application, window(), sftKBConfiguration, commands_) {
     connectHandlers();
     connectAddIn();
 }
 
 void frmKBConfiguration::connectHandlers() {
-    sftKBConfiguration.onHeaderClick = [this](int clicked) { attempt([&] { HeaderClick(clicked); }); };
-    sftKBConfiguration.onRowClick = [this](int) { attempt([&] { ItemClick(); }); };
+    sftKBConfiguration.onHeaderClick = [this](int column) { begin([&] { list_.sortBy(column); }); };
+    sftKBConfiguration.onRowClick = [this](int) { CaretChange(); };
     sftKBConfiguration.onCaretChange = [this] { CaretChange(); };
-    sftKBConfiguration.onDoubleClick = [this](int row) { DoubleClick(row); };
-    sftKBConfiguration.onBeginEdit = [this](int row) { BeginEdit(row); };
+    sftKBConfiguration.onDoubleClick = [this](int row) {
+        commandOn(row, [this](int meant) { editKnowledgebase(meant); });
+    };
+    sftKBConfiguration.onBeginEdit = [this](int row) {
+        commandOn(row, [this](int meant) { BeginEdit(meant); });
+    };
     sftKBConfiguration.onEndEdit = [this](const ui::GridEdit& edit) { EndEdit(edit); };
     cmdAdd.onClick = [this] { command([&] { addKnowledgebase(); }); };
-    cmdEdit.onClick = [this] { command([&] { editCurrentRow(); }); };
+    cmdEdit.onClick = [this] { command([&] { editKnowledgebase(sftKBConfiguration.currentRow()); }); };
     cmdRename.onClick = [this] { command([&] { renameKnowledgebase(); }); };
     cmdRemove.onClick = [this] { command([&] { removeKnowledgebase(); }); };
-    cmdRebuild.onClick = [this] { command([&] { rebuildKnowledgebase(); }); };
-    cmdUpdate.onClick = [this] { command([&] { updateKnowledgebase(); }); };
-    cmdBaseFolder.onClick = [this] { requestBaseFolder(); };
+    cmdRebuild.onClick = [this] { command([&] { runOnCurrent(KBEvent::rebuild, true); }); };
+    cmdUpdate.onClick = [this] { command([&] { runOnCurrent(KBEvent::update, false); }); };
+    cmdBaseFolder.onClick = [this] {
+        begin([&] {
+            if (BaseFolderRequested) BaseFolderRequested();
+        });
+    };
     cmdCancel.onClick = [this] {
-        if (nameIsFinished()) Unload();
+        if (naming_.finishEdit()) Unload();
     };
     for (ui::Button* button :
          {&cmdAdd, &cmdApply, &cmdBaseFolder, &cmdCancel, &cmdEdit, &cmdRebuild, &cmdRename, &cmdUpdate})
         button->onMouseDown = [this](ui::MouseEvent& event) { guardMouse(event); };
     cmdRemove.onMouseMove = [this](ui::MouseEvent& event) { guardMouse(event); };
-    tmrLock_->onTimer = [this] { tmrLock_Timer(); };
+    lock_.onTick() = [this] { tmrLock_Timer(); };
 }
 
 void frmKBConfiguration::connectAddIn() {
@@ -73,48 +88,38 @@ void frmKBConfiguration::trace(const std::wstring& text) { application_.WriteLog
 void frmKBConfiguration::Form_Load() {
     guarded(application_, FORM_NAME, L"Form_Load", [&] {
         trace(L", Loading...");
-        nNextOrder = {};
         application_.writeInteger(RootKey, valueName::hWndKBEdit,
                                   static_cast<std::int32_t>(window().handle()));
-        for (int header = 0; header < column::count; ++header)
-            sftKBConfiguration.setSortArrow(header, ui::SortArrow::none);
+        list_.hideSortArrows();
         trace(L", updating ListView...");
-        UpdateListView(true);
-        if (closed_) return;  // the host has closed the page while events ran
+        UpdateListView(true);  // lets events run: the dialog may have closed
+        if (!window().isOpen()) return;
         trace(L", ...update finished.");
-        restoreSort();
-        selectCurrentKnowledgebase();
+        list_.restoreSort();
+        const std::wstring name =
+            application_.readText(application_.ProfileKey, valueName::Projectname, L"default");
+        const int row = list_.findIgnoringCase(name);
+        if (row != -1) {
+            trace(L", Item " + std::to_wstring(row) + L": " + name);
+            sftKBConfiguration.setCurrentRow(row);
+        }
         lockWhileProcessing();
         trace(L", ...load finished.");
     });
 }
 
-void frmKBConfiguration::selectCurrentKnowledgebase() {
-    const std::wstring name =
-        application_.readText(application_.ProfileKey, valueName::Projectname, L"default");
-    const int row = findRowIgnoringCase(name);
-    if (row == -1) return;
-    trace(L", Item " + std::to_wstring(row) + L": " + name);
-    sftKBConfiguration.setCurrentRow(row);
-}
-
 void frmKBConfiguration::Form_QueryUnload() {
     guarded(application_, FORM_NAME, L"Form_QueryUnload", [&] {
-        if (bNewProject) removeNewRow();
+        naming_.undo();
         trace(L", form unload.");
         // A dialog that is closed while it loads has nothing to say of the list or the sort.
-        if (filled_) application_.settings.ProjectCount = sftKBConfiguration.rowCount();
-        if (!sortRestored_) return;
-        const std::wstring& key = application_.ProfileKey;
-        application_.writeInteger(key, valueName::KBConfigSortOrder, nSortOrder);
-        application_.writeInteger(key, valueName::KBConfigColumn, nSortColumn);
-        application_.writeInteger(key, valueName::KBConfigSortType, nSortType);
+        if (list_.isComplete()) application_.settings.ProjectCount = list_.rowCount();
+        list_.storeSort();
     });
-    closed_ = true;
-    attempt([&] { tmrLock_->setEnabled(false); });
+    attempt([&] { lock_.stopTimer(); });
 }
 
-// --- Filling ----------------------------------------------------------------------------------------------
+// --- The list ---------------------------------------------------------------------------------------------
 
 void frmKBConfiguration::UpdateListView(bool bFromLoad) {
     guarded(application_, FORM_NAME, L"UpdateListView", [&] {
@@ -122,159 +127,246 @@ void frmKBConfiguration::UpdateListView(bool bFromLoad) {
         const std::wstring name = application_.readText(application_.ProfileKey, valueOfName, L"");
         trace(std::wstring(L", Lookup: ") + valueOfName);
         application_.WriteLogLine(L"Projectname: " + name);
-        const Raised busy(busy_);  // no command begins in a list that is being filled
-        const std::int32_t count = clearForFill();
-        if (closed_) return;
+        const Raised running(running_);
+        naming_.forget();
+        const std::int32_t count = list_.beginFill();  // lets events run: the dialog may have closed
+        if (!window().isOpen()) return;
         application_.WriteLogLine(L"UpdateListView, ProjectCount: " + std::to_wstring(count));
-        {
-            const ui::Grid::BulkUpdate bulk(sftKBConfiguration);
-            fillList(count);
-            if (!bFromLoad) {
-                std::int32_t& nextOrder = nNextOrder[static_cast<std::size_t>(nSortColumn)];
-                nextOrder = nSortOrder;  // dates take their direction from it
-                sortList();
-                nextOrder = nSortOrder == DESCENDING ? ASCENDING : DESCENDING;
-            }
-        }
-        filled_ = true;
-        selectEach(name);
-        lblDebugInfo.setText(std::to_wstring(sftKBConfiguration.rowCount()));
-        showButtonsForList();
+        list_.fill(count, !bFromLoad);
+        if (list_.selectLast(name)) CaretChange();
+        lblDebugInfo.setText(std::to_wstring(list_.rowCount()));
+        commands_.followList();
     });
 }
 
-std::int32_t frmKBConfiguration::clearForFill() {
-    const unsigned fill = ++fills_;
-    std::int32_t count = knowledgebaseCount(application_);
-    filled_ = false;
-    endEditForRefill();
-    sftKBConfiguration.clear();
-    application_.DoEvents();
-    if (fill != fills_ && !closed_) {
-        // An event has filled the list meanwhile; this fill starts from what is true now.
-        count = knowledgebaseCount(application_);
-        sftKBConfiguration.clear();
-    }
-    return count;
-}
-
-void frmKBConfiguration::fillList(std::int32_t count) {
-    for (std::int32_t index = 1; index <= count; ++index)
-        sftKBConfiguration.addRow(rowOf(knowledgebaseName(application_, index, L"")));
-}
-
-ui::GridRow frmKBConfiguration::rowOf(const std::wstring& name) {
-    KnowledgebaseRecord record = readKnowledgebase(application_, name);
-    try {
-        return knowledgebaseRow(record, application_.platform.conversions);
-    } catch (const Error&) {
-        // One broken date must not hide the knowledgebases after it.
-        logCurrentError(application_, FORM_NAME, L"UpdateListView");
-        record.KBLastUpdate = NEVER_UPDATED;
-        return knowledgebaseRow(record, application_.platform.conversions);
-    }
-}
-
-void frmKBConfiguration::selectEach(const std::wstring& name) {
-    // Each would take the selection from the one before: showing the last one is enough, and a broken count
-    // with thousands of nameless rows does not hang the host.
-    for (int row = sftKBConfiguration.rowCount() - 1; row >= 0; --row) {
-        if (sftKBConfiguration.cellText(row, column::name) != name) continue;
-        sftKBConfiguration.setCurrentRow(row);
-        return ItemClick();
-    }
-}
-
-int frmKBConfiguration::findRow(const std::wstring& name) const {
-    for (int row = 0; row < sftKBConfiguration.rowCount(); ++row)
-        if (sftKBConfiguration.cellText(row, column::name) == name) return row;
-    return -1;
-}
-
-int frmKBConfiguration::findRowIgnoringCase(const std::wstring& name) const {
-    Conversions& conversions = application_.platform.conversions;
-    const std::wstring wanted = conversions.lower(name);
-    for (int row = 0; row < sftKBConfiguration.rowCount(); ++row)
-        if (conversions.lower(sftKBConfiguration.cellText(row, column::name)) == wanted) return row;
-    return -1;
-}
-
-// --- Sorting ----------------------------------------------------------------------------------------------
-
-void frmKBConfiguration::sortList() {
-    rowSorter_.sort(nSortColumn, nSortType, nNextOrder[column::lastUpdate]);
-}
-
-void frmKBConfiguration::restoreSort() {
-    const std::wstring& key = application_.ProfileKey;
-    const std::int32_t order = application_.readInteger(key, valueName::KBConfigSortOrder, -1);
-    const std::int32_t sorted = application_.readInteger(key, valueName::KBConfigColumn, -1);
-    const std::int32_t code = application_.readInteger(key, valueName::KBConfigSortType, -1);
-    nNextOrder = {};
-    const bool saved = sorted >= 0 && sorted < column::count;
-    nSortColumn = saved ? sorted : column::name;
-    nSortOrder = saved && order == ASCENDING ? ASCENDING : DESCENDING;
-    nSortType = saved ? code : sortCode::textAscending;
-    if (!sortCodeFits(nSortColumn, nSortType)) nSortType = sortCodeOf(nSortColumn, nSortOrder);
-    sortRestored_ = true;
-    showSortArrow();
-    nNextOrder[static_cast<std::size_t>(nSortColumn)] = nSortOrder;  // dates take their direction from it
-    sortList();
-}
-
-void frmKBConfiguration::showSortArrow() {
-    sftKBConfiguration.setSortArrow(nSortColumn,
-                                    nSortOrder == ASCENDING ? ui::SortArrow::up : ui::SortArrow::down);
-}
-
-void frmKBConfiguration::HeaderClick(int clicked) {
-    if (!nameIsFinished() || bLocked || busy_) return;
-    if (clicked != nSortColumn) sftKBConfiguration.setSortArrow(nSortColumn, ui::SortArrow::none);
-    std::int32_t& nextOrder = nNextOrder.at(static_cast<std::size_t>(clicked));
-    nSortColumn = clicked;
-    nSortOrder = nextOrder;
-    nSortType = sortCodeOf(clicked, nSortOrder);
-    sortList();  // the current knowledgebase stays the current one
-    showSortArrow();
-    nextOrder = nSortOrder == DESCENDING ? ASCENDING : DESCENDING;
-}
-
-// --- Current row and buttons ------------------------------------------------------------------------------
-
 void frmKBConfiguration::CaretChange() {
-    if (bLocked) return;
-    guarded(application_, FORM_NAME, L"CaretChange", [&] { applyDocumentsRule(); });
+    if (lock_.locked()) return;
+    guarded(application_, FORM_NAME, L"CaretChange", [&] { commands_.applyDocumentsRule(); });
 }
 
-void frmKBConfiguration::ItemClick() {
-    if (bLocked) return;
-    applyDocumentsRule();
+// --- What the user does -----------------------------------------------------------------------------------
+
+void frmKBConfiguration::begin(const std::function<void()>& body) noexcept {
+    if (!naming_.finishEdit() || lock_.locked() || running_) return;
+    const Raised running(running_);
+    attempt(body);
 }
 
-void frmKBConfiguration::applyDocumentsRule() {
+void frmKBConfiguration::command(const std::function<void()>& body) noexcept {
+    begin([&] {
+        if (addInIsFree()) body();
+    });
+}
+
+void frmKBConfiguration::commandOn(int row, const std::function<void(int row)>& body) noexcept {
+    attempt([&] {
+        const std::wstring name = list_.nameOf(row);
+        // Asking the add-in may let events run that move the rows: the name says which one was meant.
+        command([&] {
+            const int meant = list_.stillAt(row, name);
+            if (meant != -1) body(meant);
+        });
+    });
+}
+
+bool frmKBConfiguration::addInIsFree() {
+    if (!mvarTeskAddIn) return false;
+    const bool isBusy = mvarTeskAddIn->IsAutoUpdateRunning();  // may let events run: see below
+    if (!isBusy) return !lock_.locked() && window().isOpen();
+    application_.screen.showMessage(&window(), message::autoUpdateRuns());
+    return false;
+}
+
+void frmKBConfiguration::BeginEdit(int row) {
+    if (!sftKBConfiguration.row(row).enabled) return;
+    sftKBConfiguration.setCurrentRow(row);
+    renameKnowledgebase();
+}
+
+void frmKBConfiguration::guardMouse(ui::MouseEvent& event) noexcept {
+    if (!lock_.locked()) return;
+    event.button = 0;
+    event.modifiers = 0;
+    attempt([&] {
+        cmdApply.setFocus();
+        application_.DoEvents();
+    });
+}
+
+// --- The commands -----------------------------------------------------------------------------------------
+
+void frmKBConfiguration::addKnowledgebase() {
+    commands_.setAll(false);
+    attempt([&] { naming_.beginAdding(); });
+    if (!naming_.isActive()) commands_.restore();
+}
+
+void frmKBConfiguration::renameKnowledgebase() {
     const int row = sftKBConfiguration.currentRow();
-    const bool filled = row != -1 && documentCount(application_, nameOf(row)) != 0;
-    cmdRebuild.setEnabled(filled);
-    cmdUpdate.setEnabled(filled);
+    if (row != -1) naming_.beginRenaming(row);
 }
 
-void frmKBConfiguration::showButtonsForList() {
-    if (sftKBConfiguration.rowCount() > 0) {
-        cmdEdit.setEnabled(true);
-        applyDocumentsRule();
+void frmKBConfiguration::editKnowledgebase(int row) {
+    if (row == -1) return;
+    sftKBConfiguration.setCurrentRow(row);
+    process(KBEvent::edited, list_.nameOf(row), false);
+}
+
+void frmKBConfiguration::runOnCurrent(KBEvent event, bool letEventsRun) {
+    if (const auto name = list_.currentName()) process(event, *name, letEventsRun);
+}
+
+void frmKBConfiguration::removeKnowledgebase() {
+    const auto name = list_.currentName();
+    const int rows = list_.rowCount();
+    if (!name) return;
+    const bool isAutoUpdate = autoUpdate_.isFor(*name);
+    // While the question is shown the list may be read anew; where the dialog closes, the answer is No.
+    if (application_.screen.showMessage(&window(), message::removeKnowledgebase(*name, isAutoUpdate)) !=
+        ui::MessageAnswer::yes)
+        return;
+    trace(L", removing '" + *name + L"'");
+    if (process(KBEvent::removed, *name, true) && isAutoUpdate) autoUpdate_.chooseNext(rows);
+}
+
+bool frmKBConfiguration::process(KBEvent event, const std::wstring& name, bool letEventsRun) {
+    const std::wstring removing = event == KBEvent::removed ? name : std::wstring();
+    // Lets events run: the command may even have ended, the dialog closed.
+    return lock_.run(letEventsRun, removing, [&] { return raiseKBClick(name, event); });
+}
+
+bool frmKBConfiguration::raiseKBClick(std::wstring name, KBEvent event) {
+    bool bProcessing = false;  // no automatic update runs, or no command would have come this far
+    auto nAction = static_cast<std::int32_t>(event);
+    return KBClick && KBClick(bProcessing, name, nAction);
+}
+
+// --- Names ------------------------------------------------------------------------------------------------
+
+void frmKBConfiguration::EndEdit(const ui::GridEdit& edit) {
+    if (!naming_.isActive() || !window().isOpen()) return;
+    const Raised running(running_);
+    if (edit.cancelled) return attempt([&] { undoNaming(); });
+    if (guarded(application_, FORM_NAME, L"PostEdit", [&] { PostEdit(edit); })) return;
+    attempt([&] { application_.SetPointerDefault(); });
+    attempt([&] { undoNaming(); });
+}
+
+void frmKBConfiguration::undoNaming() {
+    naming_.undo();
+    if (!lock_.locked()) commands_.restore();
+}
+
+void frmKBConfiguration::PostEdit(const ui::GridEdit& edit) {
+    const Naming::State named = naming_.end(edit);
+    if (const auto* renamed = std::get_if<Naming::Renaming>(&named)) finishRename(*renamed);
+    if (const auto* added = std::get_if<Naming::Adding>(&named)) finishNewProject(*added);
+}
+
+void frmKBConfiguration::finishRename(const Naming::Renaming& renamed) {
+    application_.writeText(application_.ProfileKey, valueName::OldProjectname, renamed.oldName);
+    // Lets events run: the list may have been read anew, the dialog closed.
+    if (raiseKBClick(renamed.name, KBEvent::renamed))
+        autoUpdate_.rename(renamed.oldName, renamed.name);
+    else
+        readListAfterRefusal(renamed.oldName);
+    if (!lock_.locked()) commands_.followList();  // the documents are found below the new name by now
+    application_.SetPointerDefault();
+}
+
+void frmKBConfiguration::finishNewProject(const Naming::Adding& added) {
+    application_.WriteLogLine(L"New project: " + added.name);
+    // Lets events run: the list may have been read anew, the dialog closed.
+    const bool accepted = raiseKBClick(added.name, KBEvent::added);
+    application_.SetPointerDefault();
+    if (accepted) {
+        autoUpdate_.offer(added.name);  // the same
+        if (window().isOpen() && !lock_.locked() && addInIsFree()) editKnowledgebase(list_.find(added.name));
+    } else {
+        readListAfterRefusal(added.nameBefore);
+    }
+    if (!lock_.locked()) commands_.restore();
+}
+
+void frmKBConfiguration::readListAfterRefusal(const std::wstring& current) {
+    if (!window().isOpen()) return;
+    UpdateListView(false);  // lets events run: the dialog may have closed
+    if (window().isOpen()) list_.selectLast(current);
+}
+
+// --- Processing -------------------------------------------------------------------------------------------
+
+void frmKBConfiguration::lockWhileProcessing() {
+    const bool processing = mvarTeskAddIn && mvarTeskAddIn->IsProcessing();  // may let events run
+    if (!window().isOpen()) return;
+    if (processing) {
+        trace(L", locking form...");
+        lock_.LockForm(true, false);
+        trace(L", ...locking finished.");
         return;
     }
-    for (ui::Button* button : {&cmdEdit, &cmdRebuild, &cmdRemove, &cmdRename, &cmdUpdate})
-        button->setEnabled(false);
+    // An end that nobody has seen yet: the first tick consumes it.
+    if (lock_.storedState() == processState::ended) lock_.startTimer();
 }
 
-void frmKBConfiguration::restoreButtons() {
-    setRowCommands(true);
-    showButtonsForList();
+void frmKBConfiguration::mvarTeskAddIn_ProcessFinished(const std::wstring& strProject, bool bKeepList) {
+    if (!window().isOpen()) return;
+    guarded(application_, FORM_NAME, L"mvarTeskAddIn_ProcessFinished", [&] {
+        commands_.setAll(true);
+        trace(L", Status end, " + strProject + (bKeepList ? L", True" : L", False"));
+        lock_.clearState();
+        application_.settings.ProjectCount = knowledgebaseCount(application_);
+        lock_.endRemoval(strProject);
+        if (!bKeepList) UpdateListView(false);
+    });
+    lock_.unlock();
 }
 
-void frmKBConfiguration::setRowCommands(bool enabled) {
-    for (ui::Button& button : rowCommands_) button.setEnabled(enabled);
+void frmKBConfiguration::tmrLock_Timer() {
+    if (naming_.isActive()) return;  // the end has to wait: it would take the editor away
+    bool ended = false;
+    guarded(application_, FORM_NAME, L"tmrLock_Timer", [&] {
+        const std::int32_t state = lock_.storedState();
+        commands_.setAll(state != processState::autoUpdate && state != processState::command);
+        ended = state == processState::ended;
+        if (ended) endByTick();
+    });
+    if (ended) lock_.unlock();
+}
+
+void frmKBConfiguration::endByTick() {
+    lblDebugInfo.setText(L"Status end.");
+    application_.WriteLogLine(L"Status end.");
+    lock_.clearState();
+    application_.settings.ProjectCount = knowledgebaseCount(application_);
+    lock_.forgetRemoval();
+    RefreshEditedKB();
+    cmdAdd.setEnabled(true);
+}
+
+void frmKBConfiguration::RefreshEditedKB() {
+    const std::wstring& key = application_.ProfileKey;
+    const std::wstring name = application_.readText(key, valueName::ProjectEventName, L"");
+    if (application_.readInteger(key, valueName::EditNoChange, 0) != 0) {
+        UpdateListView(false);
+    } else {
+        const int row = list_.findIgnoringCase(name);
+        // A knowledgebase that came or went needs the whole list.
+        if (row == -1 || knowledgebaseCount(application_) != list_.rowCount())
+            UpdateListView(false);
+        else
+            list_.readAgain(row);
+        selectIgnoringCase(name);
+    }
+    sftKBConfiguration.setAllRowsEnabled(true);
+    sftKBConfiguration.refresh();
+}
+
+void frmKBConfiguration::selectIgnoringCase(const std::wstring& name) {
+    const int row = list_.findIgnoringCase(name);
+    if (row == -1) return;
+    sftKBConfiguration.setCurrentRow(row);
+    commands_.followList();
 }
 
 }  // namespace vexa

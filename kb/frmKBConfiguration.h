@@ -2,7 +2,6 @@
 // out; meanwhile the dialog is locked.
 #pragma once
 
-#include <array>
 #include <functional>
 #include <memory>
 #include <string>
@@ -10,8 +9,11 @@
 
 #include "common/addin_contract.h"
 #include "common/application.h"
-#include "kb/knowledgebase_record.h"
-#include "kb/row_order.h"
+#include "kb/auto_update.h"
+#include "kb/knowledgebase_list.h"
+#include "kb/naming.h"
+#include "kb/process_lock.h"
+#include "kb/row_commands.h"
 #include "ui/form.h"
 
 namespace vexa {
@@ -21,8 +23,8 @@ public:
     frmKBConfiguration(Application& application, ui::Window& owner);
 
     // Events.
-    /// A command for the add-in.
-    std::function<void(bool& bProcessing, std::wstring& strName, std::int32_t& nAction)> KBClick;
+    /// A command for the add-in. False where it has not reached the add-in, and will never end.
+    std::function<bool(bool& bProcessing, std::wstring& strName, std::int32_t& nAction)> KBClick;
     /// The auto-update knowledgebase in the settings record is another one now.
     std::function<void()> DefaultKBChanged;
     /// The user asks for the base folder of the knowledgebases.
@@ -40,9 +42,9 @@ public:
     ui::Button& cmdCancel;
     ui::Label& lblDebugInfo;
 
-    [[nodiscard]] bool locked() const { return bLocked; }
+    [[nodiscard]] bool locked() const { return lock_.locked(); }
     /// What the next click on each column header sorts by: 1 ascending, 0 descending.
-    [[nodiscard]] const std::array<std::int32_t, column::count>& nextOrders() const { return nNextOrder; }
+    [[nodiscard]] const std::vector<std::int32_t>& nextOrders() const { return list_.nextOrders(); }
 
 protected:
     void Form_Load() override;
@@ -53,130 +55,60 @@ private:
     void connectAddIn();
     void trace(const std::wstring& text);
 
-    // The list (frmKBConfiguration.cpp).
-    void UpdateListView(bool bFromLoad);
-    /// Empties the list and returns the number of knowledgebases to fill it with.
-    [[nodiscard]] std::int32_t clearForFill();
-    void fillList(std::int32_t count);
-    [[nodiscard]] ui::GridRow rowOf(const std::wstring& name);
-    void sortList();
-    void restoreSort();
-    void showSortArrow();
-    void HeaderClick(int column);
-    void CaretChange();
-    void ItemClick();
-    void applyDocumentsRule();
-    void showButtonsForList();
-    /// All commands as the list allows them, after something that had disabled them.
-    void restoreButtons();
-    void selectCurrentKnowledgebase();
-    void selectEach(const std::wstring& name);
-    /// The first row with exactly this name; -1 where there is none.
-    [[nodiscard]] int findRow(const std::wstring& name) const;
-    [[nodiscard]] int findRowIgnoringCase(const std::wstring& name) const;
-    [[nodiscard]] std::wstring nameOf(int row) const {
-        return sftKBConfiguration.cellText(row, column::name);
-    }
-    void setRowCommands(bool enabled);
-
-    // The commands (frmKBConfiguration_commands.cpp).
-    /// Runs a command's body where nothing else is running; its errors leave the dialog as it is.
+    // What the user does.
+    /// Runs what the user asks for, unless a name is refused, the dialog is locked or something else is
+    /// running.
+    void begin(const std::function<void()>& body) noexcept;
+    /// Runs a command's body where the add-in is free.
     void command(const std::function<void()>& body) noexcept;
+    /// The same for the knowledgebase of a row, which may have moved when the body runs.
+    void commandOn(int row, const std::function<void(int row)>& body) noexcept;
     [[nodiscard]] bool addInIsFree();
-    void raiseKBClick(std::wstring name, KBEvent event);
-    void raiseDefaultKBChanged();
+    void CaretChange();
+    void BeginEdit(int row);
+    void EndEdit(const ui::GridEdit& edit);
+    void guardMouse(ui::MouseEvent& event) noexcept;
+
+    // The commands.
     void addKnowledgebase();
-    [[nodiscard]] std::wstring GetNewKBName();
-    void editCurrentRow();
     void editKnowledgebase(int row);
     void renameKnowledgebase();
     void removeKnowledgebase();
-    [[nodiscard]] bool confirmRemoval(const std::wstring& name);
-    void chooseNextDefault(int rowsBefore);
-    void rebuildKnowledgebase();
-    void updateKnowledgebase();
-    /// `row` where it still has this name, else the first one that has it; -1 where none has.
-    [[nodiscard]] int rowStillNamed(int row, const std::wstring& name) const;
-    void DoubleClick(int row);
-    void BeginEdit(int row);
-    void requestBaseFolder();
-    void guardMouse(ui::MouseEvent& event) noexcept;
+    void runOnCurrent(KBEvent event, bool letEventsRun);
+    /// Locks the dialog and hands the command over; false where it has not reached the add-in.
+    bool process(KBEvent event, const std::wstring& name, bool letEventsRun);
+    [[nodiscard]] bool raiseKBClick(std::wstring name, KBEvent event);
 
-    // Naming in the list (frmKBConfiguration_naming.cpp).
-    /// Accepts a name that is still being edited; false where it was refused and is being edited again.
-    [[nodiscard]] bool nameIsFinished() noexcept;
-    void EndEdit(const ui::GridEdit& edit);
+    // What follows an accepted name.
     void PostEdit(const ui::GridEdit& edit);
-    void undoEdit();
-    /// The list is about to be read anew: what is being edited in it, or waits for another name, is
-    /// forgotten.
-    void endEditForRefill();
-    /// Takes away a row that the add-in has not been told of.
-    void removeNewRow();
-    [[nodiscard]] bool nameIsAllowed(int row, const std::wstring& name);
-    void refuse(int row, const std::wstring& why);
-    [[nodiscard]] bool KBNameExists(const std::wstring& name, int exceptRow);
-    [[nodiscard]] bool CheckCharacter(const std::wstring& name);
-    void finishRename(const std::wstring& name);
-    void finishNewProject(const std::wstring& name);
-    void offerAutoUpdate(const std::wstring& name);
-    [[nodiscard]] int placeNamedRow(const std::wstring& name, const wchar_t* what);
+    void finishRename(const Naming::Renaming& renamed);
+    void finishNewProject(const Naming::Adding& added);
+    /// The add-in has not taken a name: the list shows those that it has.
+    void readListAfterRefusal(const std::wstring& current);
+    void undoNaming();
 
-    // Locking (frmKBConfiguration_lock.cpp).
+    // The list.
+    void UpdateListView(bool bFromLoad);
+    void selectIgnoringCase(const std::wstring& name);
+
+    // Processing.
     void lockWhileProcessing();
-    void LockForm(bool bAutoUpdate, bool bNoWrite);
-    void showLocked(bool bAutoUpdate, bool bNoWrite);
-    void setLocked();
-    void startLockTimer();
-    void stopLockTimer();
-    /// Locks the dialog for a command; where events that arrive meanwhile unlock it, locks it again.
-    void lockForCommand(bool letEventsRun);
     void mvarTeskAddIn_ProcessFinished(const std::wstring& strProject, bool bKeepList);
-    void endRemoval(const std::wstring& project);
     void tmrLock_Timer();
-    void endProcessing();
-    /// Unlocks the dialog, whatever of an end of processing has failed.
-    void unlock() noexcept;
+    void endByTick();
     void RefreshEditedKB();
-    [[nodiscard]] bool refreshRow(const std::wstring& name);
-    void selectEdited(const std::wstring& name);
 
     Application& application_;
     /// The add-in that this dialog works with, whatever pages come and go meanwhile; null where none ran.
     std::shared_ptr<AddIn> mvarTeskAddIn;
-    std::unique_ptr<ui::Timer> tmrLock_;
-    RowSorter rowSorter_;
-    std::array<std::reference_wrapper<ui::Button>, 6> rowCommands_;
+    KnowledgebaseList list_;
+    RowCommands commands_;
+    AutoUpdate autoUpdate_;
+    Naming naming_;
+    ProcessLock lock_;
+    /// Something is running that may let events run: nothing else begins.
+    bool running_ = false;
     std::unique_ptr<EventConnection> connection_;
-
-    bool bLocked = false;
-    /// A row is in the list that the add-in has not been told of.
-    bool bNewProject = false;
-    bool bRenaming = false;
-    bool bRemoving = false;
-    bool bEditCancelled = false;
-    int nEditIndex = -1;
-    std::wstring strOldName;
-    std::wstring strNewName;
-    std::wstring strRemovedName;
-    /// The knowledgebase that was current when a new row was added.
-    std::wstring strNameBeforeAdd_;
-
-    int nSortColumn = column::name;
-    std::int32_t nSortOrder = 0;
-    std::int32_t nSortType = 0;
-    std::array<std::int32_t, column::count> nNextOrder{};
-
-    /// A command is being started: until it has locked the dialog, no other one begins.
-    bool busy_ = false;
-    bool closed_ = false;
-    /// The list shows all knowledgebases; false from the clearing to the end of a fill.
-    bool filled_ = false;
-    /// The saved sort has been taken over.
-    bool sortRestored_ = false;
-    /// Counts fills and ends of processing, so that a step that let events run knows of those in it.
-    unsigned fills_ = 0;
-    unsigned ends_ = 0;
 };
 
 }  // namespace vexa

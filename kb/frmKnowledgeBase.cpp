@@ -3,6 +3,7 @@
 #include "common/guarded.h"
 #include "kb/frmKnowledgeBase.ids.h"
 #include "kb/frmNewFolder.h"
+#include "kb/messages.h"
 #include "ui/dialog_ids.h"
 
 namespace vexa {
@@ -27,7 +28,7 @@ frmKnowledgeBase::frmKnowledgeBase(Application& application, ui::Window& owner)
     cmdNewDirectory.onClick = [this] { attempt([&] { cmdNewDirectory_Click(); }); };
     cmdOk.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { Unload(); };
-    folders_.onFailure = [this] { reportFailure(L"The folder cannot be opened."); };
+    folders_.onFailure = [this] { report(message::folderNotOpened(currentErrorDescription())); };
 }
 
 void frmKnowledgeBase::Form_Load() {
@@ -61,9 +62,7 @@ void frmKnowledgeBase::drvVexaBaseDir_Change() {
     try {
         folders_.setPath(drive + L"\\");
     } catch (const Error&) {
-        application_.screen.showMessage(&window(),
-                                        {L"Drive '" + drive + L"' is not available.", L"Orbisearch",
-                                         ui::MessageIcon::information, ui::MessageButtons::ok});
+        application_.screen.showMessage(&window(), message::driveNotAvailable(drive));
         selectDrive(driveOf(folders_.path()));
     }
 }
@@ -81,16 +80,12 @@ void frmKnowledgeBase::createFolder(const std::wstring& name) {
         application_.platform.files.createFolder(path);
         folders_.setPath(path);
     } catch (const Error&) {
-        reportFailure(L"The folder '" + name + L"' cannot be created.");
+        report(message::folderNotCreated(name, currentErrorDescription()));
     }
 }
 
-void frmKnowledgeBase::reportFailure(const std::wstring& what) {
-    const std::wstring why = currentErrorDescription();
-    attempt([&] {
-        application_.screen.showMessage(&window(), {what + L"\r\n" + why, L"Quillmark",
-                                                    ui::MessageIcon::exclamation, ui::MessageButtons::ok});
-    });
+void frmKnowledgeBase::report(const ui::Message& failure) {
+    attempt([&] { application_.screen.showMessage(&window(), failure); });
 }
 
 void frmKnowledgeBase::cmdOK_Click() {

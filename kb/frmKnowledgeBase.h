@@ -33,7 +33,7 @@ private:
     void cmdNewDirectory_Click();
     void createFolder(const std::wstring& name);
     void cmdOK_Click();
-    void reportFailure(const std::wstring& what);
+    void report(const ui::Message& failure);
 
     Application& application_;
     FolderList folders_;

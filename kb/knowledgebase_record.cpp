@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "kb/date_serial.h"
-#include "kb/kb_icons.ids.h"
 
 namespace vexa {
 namespace {
@@ -16,12 +15,6 @@ std::int32_t inUnits(std::int32_t bytes, std::int32_t unit) {
     const std::int32_t twiceRest = bytes % unit * 2;
     const bool up = twiceRest > unit || (twiceRest == unit && whole % 2 == 1);
     return whole + (up ? 1 : 0);
-}
-
-/// The stored date as a serial: a decimal text as a rule, else whatever the locale takes for a date.
-double lastUpdate(const std::wstring& text, Conversions& conversions) {
-    if (const auto serial = numberFromText(text)) return *serial;
-    return conversions.toDate(text);
 }
 
 }  // namespace
@@ -57,21 +50,9 @@ std::wstring documentsText(std::int32_t documents) {
     return std::wstring(WIDTH - std::min(WIDTH, digits.size()), L' ') + digits;
 }
 
-ui::GridCell nameCell(const std::wstring& name, Conversions& conversions) {
-    return {name, 0, conversions.lower(name)};
-}
-
-ui::GridRow knowledgebaseRow(const KnowledgebaseRecord& record, Conversions& conversions) {
-    ui::GridCell date{UNKNOWN, static_cast<double>(dateFromText(L"0")), {}};
-    ui::GridCell size{UNKNOWN, static_cast<double>(record.KBSize == -1 ? 0 : record.KBSize), {}};
-    if (record.KBLastUpdate != NEVER_UPDATED) {
-        const double serial = lastUpdate(record.KBLastUpdate, conversions);
-        date.text = dateText(serial);
-        date.number = static_cast<double>(dateFromText(date.text));
-        if (serial != -1) size.text = sizeText(record.KBSize);
-    }
-    return {{nameCell(record.name, conversions), date, size, {documentsText(record.KBDocuments), 0, {}}},
-            IDI_kb};
+double lastUpdate(const KnowledgebaseRecord& record, Conversions& conversions) {
+    if (const auto serial = numberFromText(record.KBLastUpdate)) return *serial;
+    return conversions.toDate(record.KBLastUpdate);
 }
 
 }  // namespace vexa

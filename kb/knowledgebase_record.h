@@ -1,22 +1,14 @@
-// A knowledgebase as the add-in records it below the profile key, and as the list shows it. The dialogs only
-// read these records.
+// A knowledgebase as the add-in records it below the profile key. The dialogs only read these records.
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 #include "common/application.h"
-#include "ui/grid.h"
 
 namespace vexa {
 
-/// The columns of the list.
-namespace column {
-constexpr int name = 0;
-constexpr int lastUpdate = 1;
-constexpr int size = 2;
-constexpr int documents = 3;
-constexpr int count = 4;
-}  // namespace column
-
-/// What a cell shows where nothing is known.
+/// What is shown where nothing is known.
 inline constexpr const wchar_t* UNKNOWN = L"-";
 /// `KBLastUpdate` of a knowledgebase that was never updated.
 inline constexpr const wchar_t* NEVER_UPDATED = L"-1";
@@ -42,11 +34,8 @@ struct KnowledgebaseRecord {
 /// Right-aligned to 8 characters; "-" where it is unknown.
 [[nodiscard]] std::wstring documentsText(std::int32_t documents);
 
-/// A name's cell: sorted without regard to case.
-[[nodiscard]] ui::GridCell nameCell(const std::wstring& name, Conversions& conversions);
-
-/// The texts of the row and what they are sorted by: the date in seconds, the size in bytes. Throws Error
-/// where `KBLastUpdate` is no date.
-[[nodiscard]] ui::GridRow knowledgebaseRow(const KnowledgebaseRecord& record, Conversions& conversions);
+/// The last update as a date serial: a decimal text as a rule, else whatever the locale takes for a date.
+/// Throws Error where it is neither.
+[[nodiscard]] double lastUpdate(const KnowledgebaseRecord& record, Conversions& conversions);
 
 }  // namespace vexa

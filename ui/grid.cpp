@@ -1,6 +1,7 @@
 #include "ui/grid.h"
 
 #include <algorithm>
+#include <numeric>
 #include <stdexcept>
 #include <utility>
 
@@ -29,7 +30,7 @@ std::size_t Grid::checked(int row) const {
     return static_cast<std::size_t>(row);
 }
 
-const GridRow& Grid::row(int row) const { return rows_[order_[checked(row)]]; }
+const GridRow& Grid::row(int row) const { return rows_[checked(row)]; }
 
 const GridCell& Grid::cellOf(const GridRow& row, int column) {
     static const GridCell none;
@@ -38,22 +39,15 @@ const GridCell& Grid::cellOf(const GridRow& row, int column) {
 }
 
 int Grid::addRow(GridRow row) {
-    ++revision_;
     rows_.push_back(std::move(row));
-    order_.push_back(rows_.size() - 1);
     rowsChanged();
     return rowCount() - 1;
 }
 
 void Grid::removeRow(int row) {
-    const auto place = order_.begin() + static_cast<std::ptrdiff_t>(checked(row));
+    const auto place = static_cast<std::ptrdiff_t>(checked(row));
     if (edited_ == row) dropEdit();
-    ++revision_;
-    const std::size_t removed = *place;
-    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(removed));
-    order_.erase(place);
-    for (std::size_t& later : order_)
-        if (later > removed) --later;
+    rows_.erase(rows_.begin() + place);
     if (edited_ > row) --edited_;
     if (current_ > row)
         --current_;
@@ -64,16 +58,13 @@ void Grid::removeRow(int row) {
 
 void Grid::clear() {
     dropEdit();
-    ++revision_;
     rows_.clear();
-    order_.clear();
     current_ = -1;
     rowsChanged();
 }
 
 void Grid::setCell(int row, int column, GridCell cell) {
-    std::vector<GridCell>& cells = rows_[order_[checked(row)]].cells;
-    ++revision_;
+    std::vector<GridCell>& cells = rows_[checked(row)].cells;
     const auto index = static_cast<std::size_t>(column);
     if (cells.size() <= index) cells.resize(index + 1);
     cells[index] = std::move(cell);
@@ -85,8 +76,21 @@ void Grid::setAllRowsEnabled(bool enabled) {
     rowsChanged();
 }
 
-void Grid::orderChanged(std::size_t current) {
-    if (current_ != -1) current_ = static_cast<int>(std::ranges::find(order_, current) - order_.begin());
+void Grid::sort(int column,
+                const std::function<bool(const GridCell& first, const GridCell& second)>& before) {
+    dropEdit();
+    std::vector<std::size_t> order(rows_.size());
+    std::iota(order.begin(), order.end(), 0U);
+    std::ranges::stable_sort(order, [&](std::size_t first, std::size_t second) {
+        return before(cellOf(rows_[first], column), cellOf(rows_[second], column));
+    });
+    std::vector<GridRow> sorted;
+    sorted.reserve(rows_.size());
+    for (const std::size_t row : order) sorted.push_back(std::move(rows_[row]));
+    rows_ = std::move(sorted);
+    if (current_ != -1)
+        current_ =
+            static_cast<int>(std::ranges::find(order, static_cast<std::size_t>(current_)) - order.begin());
     rowsChanged();
 }
 

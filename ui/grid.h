@@ -2,9 +2,7 @@
 // reports what the user does with them.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -23,9 +21,8 @@ struct GridColumn {
 
 struct GridCell {
     std::wstring text;
-    // What sorting goes by, made once, where it is not the text itself.
-    double number = 0;
-    std::wstring key{};
+    double number = 0;   ///< what the cell stands for, where its column is sorted by numbers
+    std::wstring key{};  ///< what its column is sorted by in place of the text; empty is the text
 };
 
 struct GridRow {
@@ -52,7 +49,7 @@ public:
     [[nodiscard]] SortArrow sortArrow(int column) const;
     void setSortArrow(int column, SortArrow arrow);
 
-    [[nodiscard]] int rowCount() const { return static_cast<int>(order_.size()); }
+    [[nodiscard]] int rowCount() const { return static_cast<int>(rows_.size()); }
     [[nodiscard]] const GridRow& row(int row) const;
     [[nodiscard]] const std::wstring& cellText(int row, int column) const { return cell(row, column).text; }
     /// An empty cell where the row has none there.
@@ -65,23 +62,10 @@ public:
     void clear();
     void setCell(int row, int column, GridCell cell);
     void setAllRowsEnabled(bool enabled);
-    /// Shows `visit` the cells of a column, in the order in which `sort` numbers its keys.
-    template <class Visit>
-    void visitColumn(int column, Visit visit) const {
-        for (const GridRow& row : rows_) visit(cellOf(row, column));
-    }
-    /// Counts the changes of rows and cells: while it stays, keys that were made of them hold.
-    [[nodiscard]] std::uint64_t revision() const { return revision_; }
-    /// Sorts the rows: `before(keys[first], keys[second])` compares the keys of two of them. Rows that are
-    /// equal keep their order, the current row stays current, an open edit ends without notice.
-    template <class Keys, class Before>
-    void sort(const Keys& keys, Before before) {
-        dropEdit();
-        const std::size_t current = current_ == -1 ? rows_.size() : order_[checked(current_)];
-        std::ranges::stable_sort(
-            order_, [&](std::size_t first, std::size_t second) { return before(keys[first], keys[second]); });
-        orderChanged(current);
-    }
+    /// Sorts the rows by a column: `before(first, second)` tells whether the first of two of its cells comes
+    /// before the second. Rows that are equal keep their order, the current row stays current, an open edit
+    /// ends without notice.
+    void sort(int column, const std::function<bool(const GridCell& first, const GridCell& second)>& before);
 
     /// The selected row; -1 where there is none.
     [[nodiscard]] int currentRow() const { return current_; }
@@ -157,17 +141,12 @@ protected:
 private:
     friend class BulkUpdate;
     void rowsChanged();
-    /// `current` is the place of the current row in `rows_`.
-    void orderChanged(std::size_t current);
     [[nodiscard]] std::size_t checked(int row) const;
     [[nodiscard]] static const GridCell& cellOf(const GridRow& row, int column);
 
     std::vector<GridColumn> columns_;
     std::vector<SortArrow> arrows_;
-    // The rows stay where they were added; sorting moves their numbers alone.
     std::vector<GridRow> rows_;
-    std::vector<std::size_t> order_;  ///< by the row's number: its place in `rows_`
-    std::uint64_t revision_ = 1;
     int current_ = -1;
     int edited_ = -1;
     int bulkUpdates_ = 0;

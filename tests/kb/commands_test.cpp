@@ -22,6 +22,11 @@ ui::Message question(const std::wstring& text) {
     return {text, L"Quillmark", ui::MessageIcon::question, ui::MessageButtons::yesNo};
 }
 
+/// A question that Enter answers by No.
+ui::Message removalQuestion(const std::wstring& text) {
+    return {text, L"Quillmark", ui::MessageIcon::question, ui::MessageButtons::yesNo, MessageAnswer::no};
+}
+
 class KBCommands : public KBTest {
 protected:
     void SetUp() override {
@@ -119,37 +124,6 @@ INSTANTIATE_TEST_SUITE_P(Commands, KBEachCommand, testing::ValuesIn(COMMANDS),
 
 // --- Edit, Rebuild, Update --------------------------------------------------------------------------------
 
-TEST_F(KBCommands, EditLocksTheDialogAndTellsTheSearchWindow) {
-    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
-        choose(form, L"News");
-        user.click(form.cmdEdit);
-        expectLocked(form);
-    });
-    EXPECT_THAT(sent(), ElementsAre("message 4711 1139 0 0"));
-    EXPECT_EQ(stored(L"ProjectEvent"), 2);
-    EXPECT_EQ(storedText(L"ProjectEventName"), L"News");
-}
-
-TEST_F(KBCommands, RebuildLocksTheDialogAndTellsTheAddIn) {
-    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
-        choose(form, L"News");
-        user.click(form.cmdRebuild);
-        expectLocked(form);
-    });
-    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRebuild(News)"));
-    EXPECT_EQ(stored(L"ProjectEvent"), 4);
-}
-
-TEST_F(KBCommands, UpdateLocksTheDialogAndTellsTheAddIn) {
-    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
-        choose(form, L"News");
-        user.click(form.cmdUpdate);
-        expectLocked(form);
-    });
-    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbUpdate(News)"));
-    EXPECT_EQ(stored(L"ProjectEvent"), 5);
-}
-
 TEST_F(KBCommands, NothingHappensWithoutACurrentRow) {
     openWith({L"Mail"}, [&](frmKBConfiguration& form) {
         for (const Command& command : COMMANDS) {
@@ -172,106 +146,92 @@ TEST_F(KBCommands, ADoubleClickOnARowEditsIt) {
     EXPECT_EQ(storedText(L"ProjectEventName"), L"News");
 }
 
-TEST_F(KBCommands, ADoubleClickOnTheLockedListDoesNothing) {
-    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
-        calls.clear();
-        user.doubleClickRow(form.sftKBConfiguration, 1);
-    });
-    EXPECT_THAT(sent(), IsEmpty());
-}
-
 // --- Remove -----------------------------------------------------------------------------------------------
 
-TEST_F(KBCommands, RemoveAsksAndDoesNothingOnNo) {
-    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        stage->answerMessages({MessageAnswer::no});
+struct Removal {
+    const char* name;
+    Names rows;               ///< the first one is to be removed
+    std::wstring autoUpdate;  ///< before
+    bool asksForAutoUpdate;   ///< the question says that it is the auto-update knowledgebase
+    MessageAnswer answer;
+    int chosen;            ///< the row that is picked in the chooser; -1 where none is shown
+    std::wstring nowAuto;  ///< the auto-update knowledgebase afterwards
+    std::vector<std::string> sent;
+};
+
+const Removal REMOVALS[] = {
+    {"No", {L"Mail", L"News"}, L"Other", false, MessageAnswer::no, -1, L"Other", {}},
+    {"Yes",
+     {L"Mail", L"News"},
+     L"Other",
+     false,
+     MessageAnswer::yes,
+     -1,
+     L"Other",
+     {"addin NotifyKbRemoved(Mail)"}},
+    {"AutoUpdateNo", {L"Mail"}, L"Mail", true, MessageAnswer::no, -1, L"Mail", {}},
+    {"OtherCase",
+     {L"Mail"},
+     L"mail",
+     false,
+     MessageAnswer::yes,
+     -1,
+     L"mail",
+     {"addin NotifyKbRemoved(Mail)"}},
+    {"LastOne",
+     {L"Mail"},
+     L"Mail",
+     true,
+     MessageAnswer::yes,
+     -1,
+     L"",
+     {"addin NotifyKbRemoved(Mail)", "addin SetDefaultKnowledgebase()"}},
+    {"OthersLeft",
+     {L"Mail", L"News"},
+     L"Mail",
+     true,
+     MessageAnswer::yes,
+     2,
+     L"News",
+     {"addin NotifyKbRemoved(Mail)", "addin SetDefaultKnowledgebase(News)"}},
+    {"NoName", {L""}, L"", false, MessageAnswer::yes, -1, L"", {"addin NotifyKbRemoved()"}},
+};
+
+class KBRemovals : public KBCommands, public testing::WithParamInterface<Removal> {};
+
+TEST_P(KBRemovals, AskAndTellTheAddInOnYes) {
+    const Removal& removal = GetParam();
+    const std::wstring& name = removal.rows.front();
+    application.settings.DefaultProject = removal.autoUpdate;
+    openWith(removal.rows, [&](frmKBConfiguration& form) {
+        choose(form, name);
+        stage->answerMessages({removal.answer});
+        if (removal.chosen != -1)
+            stage->whenShown<frmSelectDefaultKB>([&](frmSelectDefaultKB& chooser) {
+                EXPECT_EQ(application.settings.DefaultProject, L"");
+                user.clickRow(chooser.sftKnowledgebases, removal.chosen);
+                user.click(chooser.cmdOK);
+            });
         user.click(form.cmdRemove);
-        EXPECT_FALSE(form.locked());
+        EXPECT_EQ(names(form), removal.rows) << "the add-in removes it, not the dialog";
+        EXPECT_EQ(form.locked(), removal.answer == MessageAnswer::yes);
     });
-    EXPECT_THAT(stage->messages(),
-                ElementsAre(question(L"Are you sure you want to remove the knowledgebase 'Mail'?")));
-    EXPECT_THAT(sent(), IsEmpty());
+    std::wstring question = L"Are you sure you want to remove the knowledgebase '" + name + L"'?";
+    if (removal.asksForAutoUpdate)
+        question = L"You specified '" + name + L"' as the auto-update knowledgebase.\r\r" + question;
+    EXPECT_THAT(stage->messages(), ElementsAre(removalQuestion(question)));
+    EXPECT_EQ(sent(), removal.sent);
+    EXPECT_EQ(application.settings.DefaultProject, removal.nowAuto);
+    // The page applies another auto-update knowledgebase at once.
+    const bool changed = removal.nowAuto != removal.autoUpdate;
+    EXPECT_EQ(storedText(L"DefaultProject"), changed ? removal.nowAuto : L"(missing)");
+    EXPECT_EQ(application.settings.ProjectCount, static_cast<int>(removal.rows.size()));
+    const std::string line = "frmKBConfiguration, removing '" + toUtf8(name) + "'";
+    EXPECT_EQ(std::ranges::count(log(), line), removal.answer == MessageAnswer::yes ? 1 : 0);
 }
 
-TEST_F(KBCommands, RemoveLocksTheDialogAndTellsTheAddInOnYes) {
-    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        stage->answerMessages({MessageAnswer::yes});
-        user.click(form.cmdRemove);
-        expectLocked(form);
-        EXPECT_EQ(names(form), (Names{L"Mail", L"News"})) << "the add-in removes it, not the dialog";
-    });
-    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRemoved(Mail)"));
-    EXPECT_EQ(stored(L"ProjectEvent"), 1);
-    EXPECT_THAT(log(), Contains("frmKBConfiguration, removing 'Mail'"));
-}
-
-TEST_F(KBCommands, RemovingTheAutoUpdateKnowledgebaseSaysSoBeforeItAsks) {
-    application.settings.DefaultProject = L"Mail";
-    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdRemove);
-    });
-    EXPECT_THAT(stage->messages(),
-                ElementsAre(question(L"You specified 'Mail' as the auto-update knowledgebase.\r\r"
-                                     L"Are you sure you want to remove the knowledgebase 'Mail'?")));
-    EXPECT_EQ(application.settings.DefaultProject, L"Mail");
-}
-
-TEST_F(KBCommands, TheAutoUpdateKnowledgebaseIsComparedExactly) {
-    application.settings.DefaultProject = L"mail";
-    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        stage->answerMessages({MessageAnswer::yes});
-        user.click(form.cmdRemove);
-    });
-    EXPECT_EQ(application.settings.DefaultProject, L"mail");
-    EXPECT_THAT(stage->messages(),
-                ElementsAre(question(L"Are you sure you want to remove the knowledgebase 'Mail'?")));
-}
-
-TEST_F(KBCommands, RemovingTheLastAutoUpdateKnowledgebaseClearsItWithoutTheChooser) {
-    application.settings.DefaultProject = L"Mail";
-    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        stage->answerMessages({MessageAnswer::yes});
-        user.click(form.cmdRemove);
-        EXPECT_EQ(application.settings.DefaultProject, L"");
-    });
-    EXPECT_EQ(storedText(L"DefaultProject"), L"") << "the page has applied it";
-    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRemoved(Mail)", "addin SetDefaultKnowledgebase()"));
-}
-
-TEST_F(KBCommands, RemovingTheAutoUpdateKnowledgebaseWithOthersLeftOpensTheChooser) {
-    application.settings.DefaultProject = L"Mail";
-    openWith({L"Mail", L"News"}, [&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        stage->answerMessages({MessageAnswer::yes});
-        stage->whenShown<frmSelectDefaultKB>([&](frmSelectDefaultKB& chooser) {
-            EXPECT_EQ(application.settings.DefaultProject, L"");
-            user.clickRow(chooser.sftKnowledgebases, 2);
-            user.click(chooser.cmdOK);
-        });
-        user.click(form.cmdRemove);
-        EXPECT_EQ(application.settings.DefaultProject, L"News");
-        EXPECT_EQ(application.settings.ProjectCount, 2);
-    });
-    EXPECT_EQ(storedText(L"DefaultProject"), L"News");
-    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRemoved(Mail)", "addin SetDefaultKnowledgebase(News)"));
-}
-
-TEST_F(KBCommands, RemovingARowWithoutANameAsksNothingOfTheAutoUpdate) {
-    application.settings.DefaultProject = L"";
-    openWith({L""}, [&](frmKBConfiguration& form) {
-        user.clickRow(form.sftKBConfiguration, 0);
-        user.click(form.cmdRemove);
-    });
-    EXPECT_THAT(stage->messages(),
-                ElementsAre(question(L"Are you sure you want to remove the knowledgebase ''?")));
-}
+INSTANTIATE_TEST_SUITE_P(Table, KBRemovals, testing::ValuesIn(REMOVALS),
+                         [](const auto& test) { return std::string(test.param.name); });
 
 // --- Add --------------------------------------------------------------------------------------------------
 
@@ -404,23 +364,22 @@ TEST_F(KBCommands, TheFirstKnowledgebaseIsOfferedForAutoUpdate) {
     EXPECT_THAT(log(), Contains("frmKBConfiguration, auto-update kb: 'default'; items: 1"));
 }
 
-TEST_F(KBCommands, OnNoNothingIsConfiguredForAutoUpdate) {
-    open([&](frmKBConfiguration& form) {
-        stage->answerMessages({MessageAnswer::no});
-        user.click(form.cmdAdd);
-        enter(form, L"Archive");
-    });
-    EXPECT_EQ(application.settings.DefaultProject, L"default") << "what the record starts with";
-    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbAdded(Archive)", "message 4711 1139 0 0"));
-}
-
-TEST_F(KBCommands, WithAStoredAutoUpdateKnowledgebaseTheFirstOneIsNotOffered) {
-    stage->setValue(KEY, L"DefaultProject", L"Elsewhere");
-    open([&](frmKBConfiguration& form) {
-        user.click(form.cmdAdd);
-        enter(form, L"Archive");
-    });
-    EXPECT_THAT(stage->messages(), IsEmpty());
+TEST_F(KBCommands, NothingIsConfiguredForAutoUpdateOnNoOrWhereOneIsStoredOrThereAreOthers) {
+    for (const auto& [stored, rows, asked] :
+         {std::tuple{L"", 0, true}, std::tuple{L"Elsewhere", 0, false}, std::tuple{L"", 1, false}}) {
+        stage->setValue(KEY, L"DefaultProject", std::wstring(stored));
+        const std::size_t before = stage->messages().size();
+        openWith(Names(static_cast<std::size_t>(rows), L"Mail"), [&](frmKBConfiguration& form) {
+            calls.clear();
+            stage->answerMessages({MessageAnswer::no});
+            user.click(form.cmdAdd);
+            enter(form, L"Archive");
+        });
+        EXPECT_EQ(stage->messages().size() - before, asked ? 1u : 0u);
+        EXPECT_EQ(application.settings.DefaultProject, L"default") << "what the record starts with";
+        EXPECT_THAT(sent(), ElementsAre("addin NotifyKbAdded(Archive)", "message 4711 1139 0 0"));
+        stage->answerMessages({});
+    }
 }
 
 TEST_F(KBCommands, AnAutoUpdateThatStartsWhileANameIsEnteredStopsTheChoiceOfFoldersOnly) {
@@ -521,30 +480,13 @@ TEST_F(KBCommands, ASlowSecondClickRenamesTheCurrentRow) {
     EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRenamed(News, Archive)"));
 }
 
-TEST_F(KBCommands, ASlowSecondClickOnAGreyedRowDoesNothing) {
+TEST_F(KBCommands, F2AndASlowSecondClickOnAGreyedRowDoNothing) {
     openWith({L"Mail"}, [&](frmKBConfiguration& form) {
         user.clickRowAndRest(form.sftKBConfiguration, 0);
         form.sftKBConfiguration.setAllRowsEnabled(false);
+        user.press(form.window(), key::f2);
+        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
         user.clickRowAndRest(form.sftKBConfiguration, 0);
-        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
-    });
-}
-
-TEST_F(KBCommands, F2OnAGreyedRowDoesNothing) {
-    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        form.sftKBConfiguration.setAllRowsEnabled(false);
-        user.press(form.window(), key::f2);
-        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
-    });
-}
-
-TEST_F(KBCommands, F2WhileLockedDoesNothing) {
-    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
-        form.sftKBConfiguration.setFocus();
-        user.press(form.window(), key::f2);
         EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
     });
 }
@@ -623,15 +565,20 @@ TEST_F(KBCommands, FolderDoesNothingWhileTheDialogIsLocked) {
     EXPECT_FALSE(application.flags.dialogChanged);
 }
 
-TEST_F(KBCommands, CloseUnloadsTheDialogAndEscDoesToo) {
-    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
-        user.click(form.cmdCancel);
-        EXPECT_FALSE(form.window().isOpen());
-    });
-    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
-        user.press(form.window(), key::escape);
-        EXPECT_FALSE(form.window().isOpen());
-    });
+TEST_F(KBCommands, CloseEscAndTheCloseBoxUnloadTheDialogAndTheLastTwoAlsoWhileItIsLocked) {
+    const std::function<void(frmKBConfiguration&)> ways[] = {
+        [&](frmKBConfiguration& form) { user.click(form.cmdCancel); },
+        [&](frmKBConfiguration& form) { user.press(form.window(), key::escape); },
+        [&](frmKBConfiguration& form) { user.closeWindow(form.window()); },
+    };
+    for (int way = 0; way < 3; ++way)
+        for (const bool locked : {false, true})
+            openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+                choose(form, L"Mail");
+                if (locked) user.click(form.cmdUpdate);
+                ways[way](form);
+                EXPECT_EQ(form.window().isOpen(), locked && way == 0) << way << locked;
+            });
 }
 
 TEST_F(KBCommands, APressOnAButtonOfTheLockedDialogTriggersNothingAndMovesTheFocusToApply) {
@@ -656,24 +603,6 @@ TEST_F(KBCommands, APressOnAButtonOfTheLockedDialogTriggersNothingAndMovesTheFoc
         EXPECT_EQ(event.button, 0);
         addIn.finish(L"Mail", false);
         user.click(form.cmdCancel);
-        EXPECT_FALSE(form.window().isOpen());
-    });
-}
-
-TEST_F(KBCommands, TheKeyboardClosesTheLockedDialog) {
-    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
-        user.press(form.window(), key::escape);
-        EXPECT_FALSE(form.window().isOpen());
-    });
-}
-
-TEST_F(KBCommands, TheCloseBoxClosesTheLockedDialog) {
-    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
-        user.closeWindow(form.window());
         EXPECT_FALSE(form.window().isOpen());
     });
 }

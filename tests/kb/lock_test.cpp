@@ -153,17 +153,6 @@ TEST_F(KBLock, TheDialogLocksItselfWhereTheAddInIsProcessingAtLoad) {
         addIn.finish(L"Mail", false);
         expectUnlocked(form);
     });
-    EXPECT_THAT(log(), Contains("frmKBConfiguration, locking form..."));
-    EXPECT_THAT(log(), Contains("frmKBConfiguration, ...locking finished."));
-}
-
-TEST_F(KBLock, AnAddInThatFailsAtLoadIsLoggedAndLocksNothing) {
-    calls.failCallsWith("addin IsProcessing");
-    open([&](frmKBConfiguration& form) {
-        EXPECT_FALSE(form.locked());
-        EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
-    });
-    EXPECT_THAT(log(), Contains("frmKBConfiguration, Error Form_Load: The add-in failed"));
 }
 
 TEST_F(KBLock, WithoutTheAddInsEventTheDialogWorksByItsTimer) {
@@ -202,16 +191,6 @@ TEST_F(KBLock, AValue3LeftFromAnEarlierRunIsConsumedByTheFirstTick) {
         user.wait(TICK);
         expectUnlocked(form);
         EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
-    });
-}
-
-TEST_F(KBLock, AMissingValueKeepsTheDialogLocked) {
-    open([&](frmKBConfiguration& form) {
-        lockByUpdate(form);
-        application.deleteValue(application.ProfileKey, L"KBProcessState");
-        user.wait(TICK);
-        EXPECT_TRUE(form.locked());
-        EXPECT_EQ(buttons(form), "");
     });
 }
 

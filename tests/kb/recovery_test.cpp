@@ -1,6 +1,5 @@
 // Commands that fail halfway or are overtaken by events: no row, flag or lock outlives them, and none acts on
 // another knowledgebase than the one that was meant.
-#include "common/error.h"
 #include "tests/kb/kb_test_base.h"
 
 namespace tests {
@@ -158,33 +157,6 @@ TEST_F(KBRecovery, ARowClickedWhileTheDialogLocksItselfEnablesNothing) {
         EXPECT_EQ(buttons(form), "");
     });
     EXPECT_THAT(sent(), ElementsAre("addin NotifyKbUpdate(Mail)"));
-}
-
-TEST_F(KBRecovery, AnEndThatFailsHalfwayUnlocksAllTheSame) {
-    open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        stage->answerMessages({ui::MessageAnswer::yes});
-        user.click(form.cmdRemove);
-        calls.during("message 4711 256", [] { throw vexa::Error(L"The search window failed"); });
-        addIn.finish(L"Mail", false);
-        expectUnlocked(form);
-    });
-    EXPECT_THAT(
-        log(), Contains("frmKBConfiguration, Error mvarTeskAddIn_ProcessFinished: The search window failed"));
-}
-
-TEST_F(KBRecovery, ATickThatFailsHalfwayUnlocksAllTheSame) {
-    open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
-        stage->setValue(KEY, L"ProjectEventName", L"News");
-        stage->setValue(KEY, L"KBProcessState", 3);
-        form.sftKBConfiguration.onCaretChange = [] { throw vexa::Error(L"The list failed"); };
-        user.wait(500);
-        form.sftKBConfiguration.onCaretChange = nullptr;
-        expectUnlocked(form);
-    });
-    EXPECT_THAT(log(), Contains("frmKBConfiguration, Error tmrLock_Timer: The list failed"));
 }
 
 // --- The add-in -------------------------------------------------------------------------------------------

@@ -1,6 +1,6 @@
 // The texts of the knowledgebase list: sizes, dates, numbers of documents.
 #include "kb/date_serial.h"
-#include "kb/knowledgebase_record.h"
+#include "kb/list_columns.h"
 #include "tests/stage/form_test.h"
 #include "tests/support/text.h"
 
