@@ -54,6 +54,7 @@ using Option = std::function<void(CommandLine&, const std::wstring&)>;
 
 const std::map<std::wstring, Switch> SWITCHES{
     {L"--help", [](CommandLine& line) { line.help = true; }},
+    {L"--version", [](CommandLine& line) { line.version = true; }},
     {L"--register", [](CommandLine& line) { line.registerClass = true; }},
     {L"--unregister", [](CommandLine& line) { line.unregisterClass = true; }},
     {L"--sample", [](CommandLine& line) { line.sample = true; }},
@@ -107,6 +108,7 @@ std::wstring usage() {
         L"  --dump                     print all settings\n"
         L"  --finish-now               the add-in of the running workbench ends its command\n"
         L"  --auto-update              the add-in of the running workbench begins an automatic update\n"
+        L"  --version                  print the product's version\n"
         L"  --help                     print this text\n\n"
         L"The page:\n"
         L"  --show-options             open the Options dialog at once\n"

@@ -11,6 +11,7 @@ namespace workbench {
 struct CommandLine {
     // What is done first, in this order. Where nothing else is asked, the program then ends.
     bool help = false;
+    bool version = false;
     bool registerClass = false;
     bool unregisterClass = false;
     bool sample = false;
@@ -31,7 +32,8 @@ struct CommandLine {
     std::wstring fault;
 
     [[nodiscard]] bool onlyPreparations() const {
-        return (help || registerClass || unregisterClass || sample || dump || finishNow || autoUpdate) &&
+        return (help || version || registerClass || unregisterClass || sample || dump || finishNow ||
+                autoUpdate) &&
                !showOptions;
     }
 };
