@@ -10,6 +10,13 @@
 #include "windows/com/registration.h"
 #include "windows/com/runtime.h"
 
+#ifdef VEXAPPE_TRACE
+#include "windows/trace/traced_factory.h"
+using Factory = trace::TracedFactory;
+#else
+using Factory = com::ClassFactory;
+#endif
+
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
     if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(instance);
     return TRUE;
@@ -19,7 +26,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** out) {
     return com::atBoundary([&] {
         com::required(out) = nullptr;
         if (classId != CLSID_ctlPPE) return CLASS_E_CLASSNOTAVAILABLE;
-        const auto factory = com::Ptr<com::ClassFactory>::attach(new com::ClassFactory);
+        const auto factory = com::Ptr<Factory>::attach(new Factory);
         return factory->QueryInterface(iid, out);
     });
 }

@@ -8,7 +8,7 @@ work=$(mktemp -d)
 checks=0
 failures=0
 
-WINEPREFIX=$("$root/scripts/wine-prefix" tests)
+WINEPREFIX=$("$root/scripts/wine-prefix" "${TEST_PREFIX:-tests}")
 export WINEPREFIX WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
 unset DISPLAY
 

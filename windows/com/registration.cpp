@@ -24,7 +24,7 @@ constexpr REGSAM OTHER_VIEW = KEY_WOW64_64KEY;
 #endif
 
 std::wstring filledIn(const wchar_t* text) {
-    return filledIn(text, PLATFORM, win::modulePath(win::thisModule()));
+    return com::filledIn(text, PLATFORM, win::modulePath(win::thisModule()));
 }
 
 std::wstring pathOf(const wchar_t* key) { return CLASSES + filledIn(key); }

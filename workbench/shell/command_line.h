@@ -27,6 +27,7 @@ struct CommandLine {
     std::wstring logFile;
     std::vector<int> presses;  ///< IDOK, IDCANCEL or IDC_apply: pressed in this order once the page is shown
     Behaviour behaviour;
+    Weather weather;
 
     /// An argument that is not understood, or lacks its value.
     std::wstring fault;
