@@ -36,7 +36,7 @@ install_packages() {
         fail "installing failed; the log is build/install.log"
 }
 
-# build PRESET: configures where needed and builds.
+# build PRESET [TARGET ...]: configures where needed and builds.
 build() {
     step "building $1"
     mkdir -p build
@@ -44,7 +44,9 @@ build() {
         cat "build/configure-$1.log" >&2
         fail "configuring $1 failed"
     }
-    cmake --build --preset "$1" -j "$(nproc)" >"build/build-$1.log" 2>&1 || {
+    local targets=()
+    [ $# = 1 ] || targets=(--target "${@:2}")
+    cmake --build --preset "$1" -j "$(nproc)" "${targets[@]}" >"build/build-$1.log" 2>&1 || {
         tail -n 60 "build/build-$1.log" >&2
         fail "building $1 failed; the log is build/build-$1.log"
     }

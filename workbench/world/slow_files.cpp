@@ -27,6 +27,17 @@ BOOL WINAPI slowGetFileAttributesEx(const wchar_t* path, GET_FILEEX_INFO_LEVELS 
     return GetFileAttributesExW(path, level, information);
 }
 
+HANDLE WINAPI slowFindFirstFile(const wchar_t* path, WIN32_FIND_DATAW* found) {
+    takeTimeFor(path);
+    return FindFirstFileW(path, found);
+}
+
+HANDLE WINAPI slowFindFirstFileEx(const wchar_t* path, FINDEX_INFO_LEVELS level, void* found,
+                                  FINDEX_SEARCH_OPS search, void* filter, DWORD flags) {
+    takeTimeFor(path);
+    return FindFirstFileExW(path, level, found, search, filter, flags);
+}
+
 struct Replacement {
     const char* name;
     void* function;
@@ -34,6 +45,8 @@ struct Replacement {
 
 const Replacement REPLACEMENTS[] = {
     {"GetFileAttributesW", reinterpret_cast<void*>(slowGetFileAttributes)},
+    {"FindFirstFileW", reinterpret_cast<void*>(slowFindFirstFile)},
+    {"FindFirstFileExW", reinterpret_cast<void*>(slowFindFirstFileEx)},
     {"GetFileAttributesExW", reinterpret_cast<void*>(slowGetFileAttributesEx)},
 };
 
