@@ -16,8 +16,8 @@ std::wstring widen(std::string_view text) { return {text.begin(), text.end()}; }
 void print(const com::RegistrationRow& row, const std::wstring& platform, const std::wstring& module) {
     const auto text = [&](const wchar_t* part) { return narrow(com::filledIn(part, platform, module)); };
     std::cout << (row.sharing == com::Sharing::apart ? "apart" : "common") << '|' << "Software\\Classes\\"
-              << text(row.key) << '|' << (row.name == nullptr ? "" : text(row.name)) << '|'
-              << text(row.value) << '\n';
+              << text(row.key) << '|' << (row.name == nullptr ? "" : text(row.name)) << '|' << text(row.value)
+              << '\n';
 }
 
 }  // namespace
