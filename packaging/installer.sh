@@ -200,8 +200,8 @@ add_registry() {
     while IFS='|' read -r sharing key name value; do
         local component=control_$bitness
         [ "$sharing" = apart ] || component=common_$bitness
-        # A row without a text stands for its key.
-        [ -n "$name$value" ] || name=+
+        # A row without a text stands for its key, which goes with the component.
+        [ -n "$name$value" ] || name='*'
         row "row_$registry_rows" $root "$key" "$name" "$value" "$component"
         registry_rows=$((registry_rows + 1))
     done < <("$rows" "$(platform_of "$bitness")" "[#control_$bitness]")

@@ -5,7 +5,7 @@
 namespace sample::records {
 namespace {
 
-constexpr HKEY HIVE = HKEY_CURRENT_USER;
+const HKEY HIVE = HKEY_CURRENT_USER;
 
 std::wstring own(const std::wstring& knowledgebase) { return profile() + L"\\" + knowledgebase; }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <ocidl.h>
+#include <olectl.h>
 
 #include <deque>
 #include <functional>

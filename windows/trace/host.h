@@ -14,7 +14,7 @@ namespace trace {
 /// The same, as one of its interfaces.
 template <class Interface>
 [[nodiscard]] com::Ptr<Interface> tracedHostAs(Interface* object) {
-    return tracedHost(object).as<Interface>();
+    return tracedHost(object).template as<Interface>();
 }
 
 }  // namespace trace
