@@ -62,7 +62,9 @@ public:
     STDMETHODIMP Unadvise(DWORD cookie) override;
     STDMETHODIMP GetClassInfo(ITypeInfo**) override { return E_NOTIMPL; }
     STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetConnectionInterface(IID*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetConnectionInterface(IID* source) override {
+        return GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, source);
+    }
     STDMETHODIMP GetConnectionPointContainer(IConnectionPointContainer**) override { return E_NOTIMPL; }
     STDMETHODIMP EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
 

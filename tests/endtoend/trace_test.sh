@@ -8,7 +8,11 @@ export VEXAPPE_TRACE
 
 # The trace without numbers, times and addresses.
 told() { tr -d '\r' <"$trace" | sed 's/^[0-9]* [0-9:.]* \[ *[0-9]*\] *//'; }
-tells() { told | grep -qF -- "$1"; }
+# Into a file first: a pipe that is closed early would count as a failure.
+tells() {
+    told >"$work/told"
+    grep -qF -- "$1" "$work/told"
+}
 # line_of TEXT: where it stands first.
 line_of() { told | grep -nF -m 1 -- "$1" | cut -d: -f1; }
 in_order() {

@@ -59,7 +59,11 @@ void CALLBACK Person::tick(HWND, UINT, UINT_PTR, DWORD) noexcept {
 }
 
 void Person::next() {
-    if (acting_ || steps_.empty() || !steps_.front().ready()) return;
+    if (acting_) return;
+    if (gaveUp_) return closeFrontWindow();
+    if (steps_.empty()) return;
+    if (!steps_.front().ready()) return giveUpInTime();
+    since_ = GetTickCount64();
     const Step step = std::move(steps_.front());
     steps_.pop_front();
     acting_ = true;
@@ -67,20 +71,28 @@ void Person::next() {
     acting_ = false;
 }
 
+void Person::giveUpInTime() {
+    if (GetTickCount64() - since_ < PATIENCE) return;
+    ADD_FAILURE() << "in vain: " << steps_.front().what;
+    steps_.clear();
+    gaveUp_ = true;
+}
+
+/// What is open has loops of its own, in which the test would wait for ever.
+void Person::closeFrontWindow() {
+    const HWND front = GetActiveWindow();
+    if (front != nullptr && GetWindow(front, GW_OWNER) != nullptr) PostMessageW(front, WM_CLOSE, 0, 0);
+}
+
 void Person::doAll() {
-    std::size_t left = steps_.size();
-    ULONGLONG since = GetTickCount64();
+    since_ = GetTickCount64();
     while (!steps_.empty()) {
         MSG message;
         GetMessageW(&message, nullptr, 0, 0);
         TranslateMessage(&message);
         DispatchMessageW(&message);
-        if (steps_.size() != left) since = GetTickCount64();
-        left = steps_.size();
-        if (GetTickCount64() - since < PATIENCE) continue;
-        ADD_FAILURE() << "in vain: " << steps_.front().what;
-        steps_.clear();
     }
+    gaveUp_ = false;
 }
 
 void Person::press(const std::wstring& window, int identifier) {

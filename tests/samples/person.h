@@ -41,10 +41,14 @@ private:
     };
     static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) noexcept;
     void next();
+    void giveUpInTime();
+    static void closeFrontWindow();
 
     std::deque<Step> steps_;
     UINT_PTR timer_;
     bool acting_ = false;
+    bool gaveUp_ = false;
+    ULONGLONG since_ = 0;  ///< when the last step was done
 };
 
 }  // namespace tests
