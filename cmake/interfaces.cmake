@@ -12,13 +12,18 @@ else()
     set(WIDL_BITNESS -m32)
 endif()
 
+# The interface compiler writes the time into what it makes; the same sources are to give the same bytes.
+find_program(FAKETIME faketime REQUIRED DOC "Shows a program another time (Debian package faketime)")
+set(WITHOUT_TIME ${FAKETIME} -f "2000-01-01 00:00:00")
+
 function(compile_interface output switches idl)
     add_custom_command(
         OUTPUT ${output}
-        COMMAND ${WIDL} ${WIDL_BITNESS} -I ${PROJECT_SOURCE_DIR}/interfaces -L ${STDOLE_FOLDER} ${switches}
-                ${output} ${idl}
-        DEPENDS ${idl} ${PROJECT_SOURCE_DIR}/interfaces/oaidl.idl
-                ${PROJECT_SOURCE_DIR}/interfaces/ocidl.idl
+        COMMAND ${WITHOUT_TIME} ${WIDL} ${WIDL_BITNESS} -I ${PROJECT_SOURCE_DIR}/interfaces
+                -I ${PROJECT_SOURCE_DIR}/interfaces/system -L ${STDOLE_FOLDER}
+                -D TYPE_LIBRARY_VERSION=${TYPE_LIBRARY_VERSION} ${switches} ${output} ${idl}
+        DEPENDS ${idl} ${PROJECT_SOURCE_DIR}/interfaces/system/oaidl.idl
+                ${PROJECT_SOURCE_DIR}/interfaces/system/ocidl.idl
                 ${PROJECT_SOURCE_DIR}/interfaces/OutlookPages.idl
         VERBATIM)
 endfunction()

@@ -33,6 +33,17 @@
 #define IDM_workTime2 2122
 #define IDM_workTime3 2123
 
+// The menu "World".
+#define IDM_searchingTime0 2170
+#define IDM_searchingTime1 2171
+#define IDM_searchingTime2 2172
+#define IDM_baseFolderTime0 2180
+#define IDM_baseFolderTime1 2181
+#define IDM_baseFolderTime2 2182
+#define IDM_hungSearchWindow 2190
+#define IDM_eventFromThread 2191
+#define IDM_pumps 2192
+
 // One entry for each operation, in the order of the program's table.
 #define IDM_failFirst 2130
 #define IDM_failLast 2149

@@ -2,12 +2,12 @@
 
 #include <olectl.h>
 
+#include <algorithm>
+#include <iterator>
 #include <string>
-#include <utility>
 
-#include "VexaPPE.h"
 #include "windows/com/boundary.h"
-#include "windows/com/names.h"
+#include "windows/com/registration_table.h"
 #include "windows/platform/module.h"
 
 namespace com {
@@ -17,99 +17,41 @@ constexpr wchar_t CLASSES[] = L"Software\\Classes\\";
 
 #ifdef _WIN64
 constexpr wchar_t PLATFORM[] = L"win64";
+constexpr REGSAM OTHER_VIEW = KEY_WOW64_32KEY;
 #else
 constexpr wchar_t PLATFORM[] = L"win32";
+constexpr REGSAM OTHER_VIEW = KEY_WOW64_64KEY;
 #endif
 
-// Places in the table's texts: %CLSID%, %LIBID%, %IID%, %PROGID%, %NAME%, %MISC%, %PLATFORM%, %MODULE%,
-// %FOLDER%.
-constexpr wchar_t CLASS_KEY[] = L"CLSID\\%CLSID%";
-constexpr wchar_t INTERFACE_KEY[] = L"Interface\\%IID%";
-constexpr wchar_t TYPE_LIBRARY_KEY[] = L"TypeLib\\%LIBID%";
-constexpr wchar_t TYPE_LIBRARY_FILE_KEY[] = L"TypeLib\\%LIBID%\\1.0\\0\\%PLATFORM%";
-constexpr wchar_t PROG_ID_KEY[] = L"%PROGID%";
-
-struct Row {
-    const wchar_t* key;
-    const wchar_t* name;  // null is the key's default value
-    const wchar_t* value;
-};
-
-constexpr Row ROWS[] = {
-    {CLASS_KEY, nullptr, L"%NAME%"},
-    {L"CLSID\\%CLSID%\\InprocServer32", nullptr, L"%MODULE%"},
-    {L"CLSID\\%CLSID%\\InprocServer32", L"ThreadingModel", L"Apartment"},
-    {L"CLSID\\%CLSID%\\ProgID", nullptr, L"%PROGID%"},
-    {L"CLSID\\%CLSID%\\VersionIndependentProgID", nullptr, L"%PROGID%"},
-    {L"CLSID\\%CLSID%\\TypeLib", nullptr, L"%LIBID%"},
-    {L"CLSID\\%CLSID%\\Version", nullptr, L"1.0"},
-    {L"CLSID\\%CLSID%\\MiscStatus", nullptr, L"0"},
-    {L"CLSID\\%CLSID%\\MiscStatus\\1", nullptr, L"%MISC%"},
-    {L"CLSID\\%CLSID%\\ToolboxBitmap32", nullptr, L"%MODULE%, 1"},
-    {L"CLSID\\%CLSID%\\Control", nullptr, L""},
-    {L"CLSID\\%CLSID%\\Programmable", nullptr, L""},
-    // The component category of controls.
-    {L"CLSID\\%CLSID%\\Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}", nullptr, L""},
-    {PROG_ID_KEY, nullptr, L"%NAME%"},
-    {L"%PROGID%\\CLSID", nullptr, L"%CLSID%"},
-    {L"TypeLib\\%LIBID%\\1.0", nullptr, L"%NAME%"},
-    {L"TypeLib\\%LIBID%\\1.0\\FLAGS", nullptr, L"0"},
-    {TYPE_LIBRARY_FILE_KEY, nullptr, L"%MODULE%"},
-    {L"TypeLib\\%LIBID%\\1.0\\HELPDIR", nullptr, L"%FOLDER%"},
-    {INTERFACE_KEY, nullptr, L"IctlPPE"},
-    // The system's marshaller for interfaces of type libraries.
-    {L"Interface\\%IID%\\ProxyStubClsid32", nullptr, L"{00020424-0000-0000-C000-000000000046}"},
-    {L"Interface\\%IID%\\TypeLib", nullptr, L"%LIBID%"},
-    {L"Interface\\%IID%\\TypeLib", L"Version", L"1.0"},
-};
-
-std::wstring text(REFGUID guid) {
-    wchar_t buffer[40];
-    StringFromGUID2(guid, buffer, 40);
-    return buffer;
+std::wstring filledIn(const wchar_t* text) {
+    return com::filledIn(text, PLATFORM, win::modulePath(win::thisModule()));
 }
 
-std::wstring expand(std::wstring text_) {
-    const std::wstring module = win::modulePath(win::thisModule());
-    const std::pair<std::wstring_view, std::wstring> places[] = {
-        {L"%CLSID%", text(CLSID_ctlPPE)},
-        {L"%LIBID%", text(LIBID_VexaPPE)},
-        {L"%IID%", text(IID_IctlPPE)},
-        {L"%PROGID%", PROG_ID},
-        {L"%NAME%", CLASS_DESCRIPTION},
-        {L"%MISC%", MISC_STATUS_TEXT},
-        {L"%PLATFORM%", PLATFORM},
-        {L"%MODULE%", module},
-        {L"%FOLDER%", win::folderOf(module)},
-    };
-    for (const auto& [place, value] : places)
-        if (const std::size_t at = text_.find(place); at != std::wstring::npos)
-            text_.replace(at, place.size(), value);
-    return text_;
-}
+std::wstring pathOf(const wchar_t* key) { return CLASSES + filledIn(key); }
 
-std::wstring pathOf(const wchar_t* key) { return CLASSES + expand(key); }
-
-bool write(HKEY hive, const Row& row) {
-    const std::wstring value = expand(row.value);
+bool write(HKEY hive, const RegistrationRow& row) {
+    const std::wstring value = filledIn(row.value);
     const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
     return RegSetKeyValueW(hive, pathOf(row.key).c_str(), row.name, REG_SZ, value.c_str(), bytes) ==
            ERROR_SUCCESS;
 }
 
-/// The key's default value; empty where there is none.
-std::wstring read(HKEY hive, const wchar_t* key) {
-    wchar_t value[MAX_PATH] = L"";
-    DWORD bytes = sizeof value;
-    RegGetValueW(hive, pathOf(key).c_str(), nullptr, RRF_RT_REG_SZ, nullptr, value, &bytes);
-    return value;
-}
-
-bool exists(HKEY hive, const wchar_t* key) {
+bool exists(HKEY hive, const std::wstring& path, REGSAM view = 0) {
     HKEY opened = nullptr;
-    if (RegOpenKeyExW(hive, pathOf(key).c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) return false;
+    if (RegOpenKeyExW(hive, path.c_str(), 0, KEY_READ | view, &opened) != ERROR_SUCCESS) return false;
     RegCloseKey(opened);
     return true;
+}
+
+/// Whether the value there is this text, in whatever case a path was written; a row without a text stands for
+/// its key.
+bool holds(HKEY hive, const wchar_t* key, const wchar_t* name, const std::wstring& expected) {
+    if (expected.empty()) return exists(hive, pathOf(key));
+    std::wstring found(expected.size() + 1, L'\0');
+    auto bytes = static_cast<DWORD>(found.size() * sizeof(wchar_t));
+    const LSTATUS read =
+        RegGetValueW(hive, pathOf(key).c_str(), name, RRF_RT_REG_SZ, nullptr, found.data(), &bytes);
+    return read == ERROR_SUCCESS && _wcsicmp(expected.c_str(), found.c_str()) == 0;
 }
 
 bool remove(HKEY hive, const wchar_t* key) {
@@ -121,31 +63,34 @@ bool remove(HKEY hive, const wchar_t* key) {
     return emptied == ERROR_SUCCESS && (deleted == ERROR_SUCCESS || deleted == ERROR_FILE_NOT_FOUND);
 }
 
-bool removeTypeLibrary(HKEY hive) {
-    if (!remove(hive, TYPE_LIBRARY_FILE_KEY)) return false;
-    const bool usedByOtherBitness =
-        exists(hive, L"TypeLib\\%LIBID%\\1.0\\0\\win32") || exists(hive, L"TypeLib\\%LIBID%\\1.0\\0\\win64");
-    return usedByOtherBitness || remove(hive, TYPE_LIBRARY_KEY);
+/// To be asked when this bitness's own class key is gone: a 32-bit Windows shows it in both views.
+bool otherBitnessIsRegistered(HKEY hive) { return exists(hive, pathOf(SERVER_KEY), OTHER_VIEW); }
+
+bool typeLibraryIsInUse(HKEY hive) {
+    const std::wstring platforms = pathOf(TYPE_LIBRARY_KEY) + filledIn(L"\\%VERSION%\\0\\");
+    return exists(hive, platforms + L"win32") || exists(hive, platforms + L"win64");
 }
 
-/// Somebody else may have taken the name over.
-bool removeProgId(HKEY hive) {
-    const bool own = read(hive, L"%PROGID%\\CLSID") == text(CLSID_ctlPPE);
-    return !own || remove(hive, PROG_ID_KEY);
+bool removeCommonRows(HKEY hive) {
+    if (otherBitnessIsRegistered(hive)) return true;
+    // Somebody else may have taken the name over.
+    const bool ownName = holds(hive, PROG_ID_CLASS_KEY, nullptr, filledIn(L"%CLSID%"));
+    const bool nameIsGone = !ownName || remove(hive, PROG_ID_KEY);
+    return (typeLibraryIsInUse(hive) || remove(hive, TYPE_LIBRARY_KEY)) && nameIsGone;
 }
 
 bool removeAll(HKEY hive) {
-    const bool progId = removeProgId(hive);
     const bool classKey = remove(hive, CLASS_KEY);
     const bool interfaceKey = remove(hive, INTERFACE_KEY);
-    return removeTypeLibrary(hive) && progId && classKey && interfaceKey;
+    const bool platform = remove(hive, TYPE_LIBRARY_PLATFORM_KEY);
+    return removeCommonRows(hive) && classKey && interfaceKey && platform;
 }
 
 }  // namespace
 
 HRESULT registerClass(HKEY hive) noexcept {
     return atBoundary([&] {
-        for (const Row& row : ROWS) {
+        for (const RegistrationRow& row : REGISTRATION) {
             if (write(hive, row)) continue;
             removeAll(hive);
             return SELFREG_E_CLASS;
@@ -156,6 +101,16 @@ HRESULT registerClass(HKEY hive) noexcept {
 
 HRESULT unregisterClass(HKEY hive) noexcept {
     return atBoundary([&] { return removeAll(hive) ? S_OK : SELFREG_E_CLASS; });
+}
+
+HRESULT isClassRegistered(HKEY hive) noexcept {
+    return atBoundary([&] {
+        const auto isThere = [hive](const RegistrationRow& row) {
+            return holds(hive, row.key, row.name, filledIn(row.value));
+        };
+        return std::all_of(std::begin(REGISTRATION), std::end(REGISTRATION), isThere) ? S_OK
+                                                                                      : REGDB_E_CLASSNOTREG;
+    });
 }
 
 }  // namespace com

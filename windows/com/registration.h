@@ -1,4 +1,4 @@
-// Registration of the class ctlPPE: one table of registry values, for the machine or for one user.
+// Registration of the class ctlPPE by its table, for the machine or for one user.
 #pragma once
 
 #include <windows.h>
@@ -9,8 +9,11 @@ namespace com {
 /// cannot be written, those before it are taken back and the result is SELFREG_E_CLASS.
 [[nodiscard]] HRESULT registerClass(HKEY hive) noexcept;
 
-/// Removes this class's own keys; foreign ones, and the type library's entry for the other bitness, stay.
-/// S_OK also where nothing was registered.
+/// Removes this class's own keys; foreign ones stay, and so does what the other bitness needs while it is
+/// registered. S_OK also where nothing was registered.
 [[nodiscard]] HRESULT unregisterClass(HKEY hive) noexcept;
+
+/// S_OK where `hive` holds every row, for the file that this code runs in; else REGDB_E_CLASSNOTREG.
+[[nodiscard]] HRESULT isClassRegistered(HKEY hive) noexcept;
 
 }  // namespace com

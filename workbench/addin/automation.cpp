@@ -2,6 +2,8 @@
 
 #include <olectl.h>
 
+#include <string_view>
+
 #include "workbench/addin/contract.h"
 
 namespace workbench {
@@ -115,6 +117,9 @@ template <class Action>
 HRESULT Automation::answer(const wchar_t* operation, const std::wstring& arguments, Action action) {
     if (isGone()) return RPC_E_DISCONNECTED;
     try {
+        standIn_->world.beforeAnswer(std::wstring_view(operation) == L"IsSearching");
+        // Messages may have run meanwhile, and ended the add-in.
+        if (isGone()) return RPC_E_DISCONNECTED;
         const auto failure = standIn_->behaviour.failures.find(operation);
         const bool fails = failure != standIn_->behaviour.failures.end();
         calls_.note(side::pageToAddIn, operation, fails ? arguments + L" (fails)" : arguments);

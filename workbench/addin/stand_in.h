@@ -12,6 +12,7 @@
 #include "workbench/addin/knowledgebases.h"
 #include "workbench/addin/mail_folder.h"
 #include "workbench/shell/one_shot.h"
+#include "workbench/world/world.h"
 
 namespace workbench {
 
@@ -36,6 +37,7 @@ public:
     StandIn& operator=(const StandIn&) = delete;
 
     Behaviour behaviour;
+    World world;
     /// Raises the event at everyone who is connected.
     std::function<void(const std::wstring& project, bool keepList)> raiseProcessFinished;
 

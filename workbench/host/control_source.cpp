@@ -33,12 +33,16 @@ HRESULT controlClass(const std::wstring& file, CLSID& identifier) {
     return CLASS_E_CLASSNOTAVAILABLE;
 }
 
+/// Stays loaded as long as the process, as Outlook's pages do.
+HMODULE loadFile(const std::wstring& file) {
+    return LoadLibraryExW(file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+}
+
 HRESULT createFromFile(const std::wstring& file, com::Ptr<IUnknown>& page) {
     CLSID identifier{};
     const HRESULT known = controlClass(file, identifier);
     if (FAILED(known)) return known;
-    // Stays loaded as long as the process, as Outlook's pages do.
-    const HMODULE library = LoadLibraryExW(file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+    const HMODULE library = loadFile(file);
     if (library == nullptr) return HRESULT_FROM_WIN32(GetLastError());
     const auto getClassObject = reinterpret_cast<LPFNGETCLASSOBJECT>(
         reinterpret_cast<void*>(GetProcAddress(library, "DllGetClassObject")));
@@ -55,7 +59,20 @@ HRESULT createRegistered(com::Ptr<IUnknown>& page) {
     return CoCreateInstance(identifier, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown), page.outVoid());
 }
 
+/// The class's library; loaded, but not kept so.
+HMODULE loadRegistered() {
+    CLSID identifier{};
+    com::Ptr<IClassFactory> factory;
+    if (FAILED(CLSIDFromProgID(PAGE_PROG_ID, &identifier))) return nullptr;
+    if (FAILED(CoGetClassObject(identifier, CLSCTX_INPROC_SERVER, nullptr, __uuidof(IClassFactory),
+                                factory.outVoid())))
+        return nullptr;
+    return GetModuleHandleW(L"VexaPPE.ocx");
+}
+
 }  // namespace
+
+HMODULE loadPage(const std::wstring& file) { return file.empty() ? loadRegistered() : loadFile(file); }
 
 com::Ptr<IUnknown> createPage(const std::wstring& file, std::wstring& reason) {
     com::Ptr<IUnknown> page;

@@ -11,4 +11,7 @@ namespace workbench {
 /// cannot be had; `reason` then says why.
 [[nodiscard]] com::Ptr<IUnknown> createPage(const std::wstring& file, std::wstring& reason);
 
+/// The library that makes the page, before it makes one; null where there is none. `file` as above.
+[[nodiscard]] HMODULE loadPage(const std::wstring& file);
+
 }  // namespace workbench

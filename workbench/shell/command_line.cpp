@@ -43,10 +43,14 @@ void readPress(CommandLine& line, const std::wstring& button) {
         line.presses.push_back(found->second);
 }
 
-void readWorkTime(CommandLine& line, const std::wstring& text) {
-    wchar_t* end = nullptr;
-    line.behaviour.workTime = std::wcstoul(text.c_str(), &end, 10);
-    if (text.empty() || *end != L'\0') line.fault = L"--work-time " + text;
+/// Reads milliseconds into a place of the command line.
+template <class Place>
+auto time(const wchar_t* option, Place place) {
+    return [=](CommandLine& line, const std::wstring& text) {
+        wchar_t* end = nullptr;
+        place(line) = std::wcstoul(text.c_str(), &end, 10);
+        if (text.empty() || *end != L'\0') line.fault = std::wstring(option) + L" " + text;
+    };
 }
 
 using Switch = std::function<void(CommandLine&)>;
@@ -54,6 +58,7 @@ using Option = std::function<void(CommandLine&, const std::wstring&)>;
 
 const std::map<std::wstring, Switch> SWITCHES{
     {L"--help", [](CommandLine& line) { line.help = true; }},
+    {L"--version", [](CommandLine& line) { line.version = true; }},
     {L"--register", [](CommandLine& line) { line.registerClass = true; }},
     {L"--unregister", [](CommandLine& line) { line.unregisterClass = true; }},
     {L"--sample", [](CommandLine& line) { line.sample = true; }},
@@ -67,6 +72,9 @@ const std::map<std::wstring, Switch> SWITCHES{
     {L"--processing", [](CommandLine& line) { line.behaviour.processing = true; }},
     {L"--ends-by-state", [](CommandLine& line) { line.behaviour.finishesByState = true; }},
     {L"--keeps-list", [](CommandLine& line) { line.behaviour.keepsList = true; }},
+    {L"--hung-search-window", [](CommandLine& line) { line.weather.hungSearchWindow = true; }},
+    {L"--event-from-thread", [](CommandLine& line) { line.weather.eventFromThread = true; }},
+    {L"--pumps", [](CommandLine& line) { line.weather.pumps = true; }},
     {L"--edit-no-change", [](CommandLine& line) { line.behaviour.editNoChange = true; }},
 };
 
@@ -74,7 +82,14 @@ const std::map<std::wstring, Option> OPTIONS{
     {L"--ocx", [](CommandLine& line, const std::wstring& text) { line.pageFile = text; }},
     {L"--log", [](CommandLine& line, const std::wstring& text) { line.logFile = text; }},
     {L"--eml", [](CommandLine& line, const std::wstring& text) { line.behaviour.mailFolder = text; }},
-    {L"--work-time", readWorkTime},
+    {L"--work-time", time(
+                         L"--work-time", [](CommandLine& line) -> auto& { return line.behaviour.workTime; })},
+    {L"--searching-time",
+     time(
+         L"--searching-time", [](CommandLine& line) -> auto& { return line.weather.searchingTime; })},
+    {L"--base-folder-time",
+     time(
+         L"--base-folder-time", [](CommandLine& line) -> auto& { return line.weather.baseFolderTime; })},
     {L"--fail", readFailure},
     {L"--press", readPress},
 };
@@ -107,6 +122,7 @@ std::wstring usage() {
         L"  --dump                     print all settings\n"
         L"  --finish-now               the add-in of the running workbench ends its command\n"
         L"  --auto-update              the add-in of the running workbench begins an automatic update\n"
+        L"  --version                  print the product's version\n"
         L"  --help                     print this text\n\n"
         L"The page:\n"
         L"  --show-options             open the Options dialog at once\n"
@@ -126,6 +142,13 @@ std::wstring usage() {
         L"repeated:\n";
     for (const wchar_t* operation : OPERATIONS)
         text += std::wstring(L"                             ") + operation + L"\n";
+    text +=
+        L"\nThe world around them:\n"
+        L"  --searching-time MS        how long IsSearching takes\n"
+        L"  --base-folder-time MS      how long each question about the base folder takes\n"
+        L"  --hung-search-window       the search window handles no messages\n"
+        L"  --event-from-thread        ProcessFinished comes from another thread\n"
+        L"  --pumps                    every operation lets messages run before it answers\n";
     return text;
 }
 

@@ -11,6 +11,7 @@ namespace workbench {
 struct CommandLine {
     // What is done first, in this order. Where nothing else is asked, the program then ends.
     bool help = false;
+    bool version = false;
     bool registerClass = false;
     bool unregisterClass = false;
     bool sample = false;
@@ -26,12 +27,14 @@ struct CommandLine {
     std::wstring logFile;
     std::vector<int> presses;  ///< IDOK, IDCANCEL or IDC_apply: pressed in this order once the page is shown
     Behaviour behaviour;
+    Weather weather;
 
     /// An argument that is not understood, or lacks its value.
     std::wstring fault;
 
     [[nodiscard]] bool onlyPreparations() const {
-        return (help || registerClass || unregisterClass || sample || dump || finishNow || autoUpdate) &&
+        return (help || version || registerClass || unregisterClass || sample || dump || finishNow ||
+                autoUpdate) &&
                !showOptions;
     }
 };

@@ -4,6 +4,7 @@
 #include <commctrl.h>
 #include <ole2.h>
 
+#include "product_version.h"
 #include "workbench/addin/sample.h"
 #include "workbench/addin/store.h"
 #include "workbench/shell/main_window.h"
@@ -21,6 +22,7 @@ void print(DWORD handle, const std::wstring& text) {
 }
 
 bool prepare(const CommandLine& line) {
+    if (line.version) print(STD_OUTPUT_HANDLE, L"" PRODUCT_VERSION "\n");
     if (line.help) print(STD_OUTPUT_HANDLE, usage());
     if (line.unregisterClass) unregisterAddInClass();
     if (line.registerClass && !registerAddInClass()) {

@@ -10,6 +10,7 @@
 #include "workbench/addin/store.h"
 #include "workbench/host/control_source.h"
 #include "workbench/workbench.ids.h"
+#include "workbench/world/slow_files.h"
 
 namespace workbench {
 namespace {
@@ -19,6 +20,7 @@ constexpr const wchar_t* CLASS_NAME = L"QuillmarkWorkbench";
 constexpr UINT OPTIONS_CLOSED = WM_APP + 1;
 constexpr UINT PRESS_BUTTON = WM_APP + 2;
 
+constexpr unsigned WORLD_TIMES[] = {0, 300, 2000};         // milliseconds, as in the menu
 constexpr unsigned WORK_TIMES[] = {0, 500, 2000, 60'000};  // milliseconds, as in the menu
 
 INT_PTR CALLBACK failureTextProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -42,8 +44,12 @@ INT_PTR CALLBACK failureTextProcedure(HWND dialog, UINT message, WPARAM wParam, 
 MainWindow::MainWindow(const CommandLine& line) : line_(line) {
     standIn_.behaviour = line.behaviour;
     standIn_.raiseProcessFinished = [this](const std::wstring& project, bool keepList) {
-        automation_->raiseProcessFinished(project, keepList);
+        standIn_.world.raise([automation = automation_, project, keepList] {
+            automation->raiseProcessFinished(project, keepList);
+        });
     };
+    standIn_.world.weather = line.weather;
+    standIn_.world.apply();
     if (!line.logFile.empty() && !calls_.openLog(line.logFile)) exitCode_ = 1;
     create(CLASS_NAME, L"Quillmark workbench",
            {WS_OVERLAPPEDWINDOW, 0, scaled(20), scaled(20), scaled(720), scaled(380)}, nullptr,
@@ -61,6 +67,9 @@ MainWindow::~MainWindow() {
     options_.reset();
     runningObject_.stop();
     automation_->disconnect();
+    // The handle of the search window comes back before the window goes.
+    standIn_.world.weather = {};
+    standIn_.world.apply();
     destroy();
 }
 
@@ -89,6 +98,7 @@ void MainWindow::translateAndDispatch(MSG& message) {
 void MainWindow::showOptions() {
     if (options_) return;
     std::wstring reason;
+    slowDownFilesOf(loadPage(line_.pageFile));
     com::Ptr<IUnknown> page = createPage(line_.pageFile, reason);
     if (!page) {
         exitCode_ = 1;
@@ -152,8 +162,39 @@ void MainWindow::markMenu() {
     mark(IDM_editNoChange, behaviour.editNoChange);
     for (int i = 0; i < static_cast<int>(std::size(WORK_TIMES)); ++i)
         mark(IDM_workTime0 + i, behaviour.workTime == WORK_TIMES[i]);
+    markWorld(mark);
     for (int i = 0; i < static_cast<int>(std::size(OPERATIONS)); ++i)
         mark(IDM_failFirst + i, behaviour.failures.contains(OPERATIONS[i]));
+}
+
+void MainWindow::markWorld(const std::function<void(int, bool)>& mark) const {
+    const Weather& weather = standIn_.world.weather;
+    for (int i = 0; i < static_cast<int>(std::size(WORLD_TIMES)); ++i) {
+        mark(IDM_searchingTime0 + i, weather.searchingTime == WORLD_TIMES[i]);
+        mark(IDM_baseFolderTime0 + i, weather.baseFolderTime == WORLD_TIMES[i]);
+    }
+    mark(IDM_hungSearchWindow, weather.hungSearchWindow);
+    mark(IDM_eventFromThread, weather.eventFromThread);
+    mark(IDM_pumps, weather.pumps);
+}
+
+bool MainWindow::changeWorld(int identifier) {
+    Weather& weather = standIn_.world.weather;
+    const auto flip = [](bool& flag) { flag = !flag; };
+    if (identifier >= IDM_searchingTime0 && identifier <= IDM_searchingTime2)
+        weather.searchingTime = WORLD_TIMES[identifier - IDM_searchingTime0];
+    else if (identifier >= IDM_baseFolderTime0 && identifier <= IDM_baseFolderTime2)
+        weather.baseFolderTime = WORLD_TIMES[identifier - IDM_baseFolderTime0];
+    else if (identifier == IDM_hungSearchWindow)
+        flip(weather.hungSearchWindow);
+    else if (identifier == IDM_eventFromThread)
+        flip(weather.eventFromThread);
+    else if (identifier == IDM_pumps)
+        flip(weather.pumps);
+    else
+        return false;
+    standIn_.world.apply();
+    return true;
 }
 
 /// A page that has found the add-in before loses it, too.
@@ -167,6 +208,7 @@ void MainWindow::startOrStopAddIn() {
 }
 
 void MainWindow::command(int identifier) {
+    if (changeWorld(identifier)) return;
     Behaviour& behaviour = standIn_.behaviour;
     const auto flip = [](bool& flag) { flag = !flag; };
     switch (identifier) {

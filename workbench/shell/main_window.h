@@ -31,6 +31,9 @@ private:
     void setFailure(std::size_t operation);
     void askFailureText();
     void markMenu();
+    void markWorld(const std::function<void(int, bool)>& mark) const;
+    /// False where the command is none of the menu "World".
+    bool changeWorld(int identifier);
     void addFailuresToMenu();
     void sendToPage(UINT message, WPARAM wParam, LPARAM lParam);
     void translateAndDispatch(MSG& message);

@@ -1,9 +1,12 @@
 // The library as a server: its class object, its count of users, its registration.
 #include <algorithm>
+#include <cstddef>
 #include <map>
 #include <thread>
+#include <vector>
 
 #include "page/ctlPPE.ids.h"
+#include "product_version.h"
 #include "tests/windows/com/control_test.h"
 #include "tests/windows/stage/messages.h"
 #include "tests/windows/stage/scratch_folder.h"
@@ -295,6 +298,91 @@ TEST_F(Server, UnregisteringLeavesTheTypeLibraryOfTheOtherBitness) {
     hive.put(key, L"C:\\other\\VexaPPE.ocx");
     EXPECT_EQ(library.unregisterServer(), S_OK);
     EXPECT_EQ(hive.value(key), L"C:\\other\\VexaPPE.ocx");
+}
+
+/// The other bitness's view of the class's server key in the real registry of the machine, empty again at the
+/// end. A system of one bitness shows it in the own view, too.
+class OtherBitness {
+public:
+    OtherBitness() {
+        HKEY key = nullptr;
+        RegCreateKeyExW(HKEY_LOCAL_MACHINE, server().c_str(), 0, nullptr, 0, KEY_WRITE | VIEW, nullptr, &key,
+                        nullptr);
+        RegCloseKey(key);
+    }
+    OtherBitness(const OtherBitness&) = delete;
+    OtherBitness& operator=(const OtherBitness&) = delete;
+    ~OtherBitness() {
+        HKEY key = nullptr;
+        if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\CLSID", 0, KEY_ALL_ACCESS | VIEW, &key) !=
+            0)
+            return;
+        RegDeleteTreeW(key, L"{A415E37F-A60D-4C4B-A34D-44D056493DA9}");
+        RegCloseKey(key);
+    }
+    [[nodiscard]] static bool exists() { return opens(VIEW); }
+    [[nodiscard]] static bool isAViewOfItsOwn() { return !opens(0); }
+
+private:
+    static constexpr REGSAM VIEW = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+    static std::wstring server() {
+        return std::wstring(L"Software\\Classes\\") + CLASS + L"\\InprocServer32";
+    }
+    static bool opens(REGSAM view) {
+        HKEY key = nullptr;
+        const LSTATUS opened = RegOpenKeyExW(HKEY_LOCAL_MACHINE, server().c_str(), 0, KEY_READ | view, &key);
+        if (opened == ERROR_SUCCESS) RegCloseKey(key);
+        return opened == ERROR_SUCCESS;
+    }
+};
+
+bool machineHas(const wchar_t* key) {
+    Content found;
+    collect(HKEY_LOCAL_MACHINE, std::wstring(L"Software\\Classes\\") + key, found);
+    return !found.empty();
+}
+
+TEST_F(Server, UnregisteringLeavesWhatTheOtherBitnessNeeds) {
+    {
+        const OtherBitness other;
+        const bool stays = OtherBitness::isAViewOfItsOwn();
+        ASSERT_EQ(library.registerServer(), S_OK);
+        EXPECT_EQ(library.unregisterServer(), S_OK);
+        EXPECT_EQ(machineHas(L"VexaPPE.ctlPPE"), stays);
+        EXPECT_EQ(machineHas(TYPE_LIBRARY), stays);
+        EXPECT_EQ(OtherBitness::exists(), stays);
+        EXPECT_FALSE(machineHas(CLASS));
+    }
+    EXPECT_EQ(library.unregisterServer(), S_OK);
+    EXPECT_FALSE(machineHas(L"VexaPPE.ctlPPE"));
+    EXPECT_FALSE(machineHas(TYPE_LIBRARY));
+}
+
+TEST_F(Server, SaysWhetherItIsRegisteredWholly) {
+    const ScratchHive hive(HKEY_LOCAL_MACHINE);
+    EXPECT_EQ(library.install(TRUE, L"check"), REGDB_E_CLASSNOTREG);
+    ASSERT_EQ(library.registerServer(), S_OK);
+    EXPECT_EQ(library.install(TRUE, L"check"), S_OK);
+    EXPECT_EQ(library.install(TRUE, L"check-user"), REGDB_E_CLASSNOTREG);
+    hive.put(std::wstring(CLASS) + L"\\InprocServer32", L"C:\\elsewhere\\VexaPPE.ocx");
+    EXPECT_EQ(library.install(TRUE, L"check"), REGDB_E_CLASSNOTREG);
+}
+
+/// A text of the library's version resource; "(missing)" where it has none.
+std::wstring versionText(const wchar_t* name) {
+    std::vector<std::byte> resource(GetFileVersionInfoSizeW(Library::path().c_str(), nullptr));
+    GetFileVersionInfoW(Library::path().c_str(), 0, static_cast<DWORD>(resource.size()), resource.data());
+    void* text = nullptr;
+    UINT length = 0;
+    const std::wstring path = std::wstring(L"\\StringFileInfo\\040904B0\\") + name;
+    if (!VerQueryValueW(resource.data(), path.c_str(), &text, &length)) return L"(missing)";
+    return static_cast<wchar_t*>(text);
+}
+
+TEST_F(Server, TellsItsVersionAndThatItRegistersItself) {
+    EXPECT_EQ(versionText(L"FileVersion"), L"" PRODUCT_FILE_VERSION);
+    EXPECT_EQ(versionText(L"ProductVersion"), L"" PRODUCT_FILE_VERSION);
+    EXPECT_EQ(versionText(L"OLESelfRegister"), L"");
 }
 
 // Statement 6: registry and object agree on the class's kind and version.

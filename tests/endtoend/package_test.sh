@@ -1,0 +1,166 @@
+#!/usr/bin/env bash
+# The installer packages in a Windows of their own: what each step of their lives leaves in the registry, in both views,
+# and among the files.
+export LC_ALL=C.UTF-8
+source "$(dirname "$0")/lib.sh"
+cd "$root"
+source packaging/registration_rows.sh
+
+drive=$WINEPREFIX/drive_c
+version=$(scripts/version)
+packages=$work/packages
+older=$work/older
+
+# --- Looking ------------------------------------------------------------------------------------------------------
+
+registry() { wine_program reg query "$1" /s "/reg:${2:-64}" 2>/dev/null | tr -d '\r' || true; }
+
+# Everything of ours that is registered. HIVE VIEW
+classes() {
+    local key
+    for key in 'CLSID\{A415E37F-A60D-4C4B-A34D-44D056493DA9}' 'Interface\{197AF41F-62A7-4E90-B1AD-4E5BBB872D61}' \
+        'TypeLib\{4EC83D7F-A3B5-42BE-A4D5-7625D0FA59DB}' VexaPPE.ctlPPE; do
+        registry "$1\\Software\\Classes\\$key" "$2"
+    done
+}
+
+# What the steps change: our classes in both views, those of the user, the list of programs, files.
+world() {
+    classes HKLM 64
+    classes HKLM 32
+    classes HKCU 64
+    registry 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' 64
+    registry 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' 32
+    (cd "$drive" && find "Program Files" "Program Files (x86)" users/*/AppData/Local -name Temp -prune -o -print0 | LC_ALL=C sort -z |
+        xargs -0 ls -ld --time-style=+ | sed 's/^[^ ]* *[0-9]* *[^ ]* *[^ ]* *//')
+}
+# The registry of all classes, whoever they belong to. The installer keeps (empty) keys of its own there.
+all_classes() {
+    local view
+    for view in 64 32; do registry 'HKLM\Software\Classes' $view; done | grep -v '\\Installer' | LC_ALL=C sort
+}
+
+unchanged() {
+    world >"$work/now"
+    same "$1" "$work/now"
+}
+
+# rows_are_there HIVE BITNESS VIEW FOLDER: every row of the control's own table, for the file in this folder.
+rows_are_there() {
+    local hive=$1 platform=win64 view=$3 sharing key name value
+    local root_name=HKEY_LOCAL_MACHINE
+    [ "$2" = x64 ] || platform=win32
+    [ "$hive" = HKLM ] || root_name=HKEY_CURRENT_USER
+    classes "$hive" "$view" >"$work/classes"
+    while IFS='|' read -r sharing key name value; do
+        KEY="$root_name\\$key" NAME=${name:-(Default)} VALUE=$value awk -f tests/endtoend/registry_row.awk \
+            "$work/classes" || {
+            echo "missing ($sharing): $key, ${name:-(Default)} = $value"
+            return 1
+        }
+    done < <("$work/registration_rows" "$platform" "$4\\VexaPPE.ocx")
+}
+
+apps_entry() { registry 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' 64 | grep -A40 "$1" >"$work/entry"; }
+
+# --- Doing --------------------------------------------------------------------------------------------------------
+
+msi() { timeout 120 wine msiexec "$1" "$(windows_path "$2")" "${@:3}" /qn; }
+installs() { msi /i "$@"; }
+removes() { msi /x "$@"; }
+refuses() { ! msi /i "$@"; }
+set_windows() { wine_program reg add 'HKCU\Software\Wine' /v Version /d "$1" /f >/dev/null; }
+
+shows_the_page() {
+    workbench --show-options --press apply --press cancel --exit-after-options --log "$(windows_path "$work/calls")" &&
+        grep -q 'Apply returned' "$work/calls"
+}
+
+# --- The packages -------------------------------------------------------------------------------------------------
+
+build_registration_rows "$work/registration_rows"
+check "packages are made" scripts/package --out "$packages"
+PACKAGE_VERSION=0.9.0 check "packages of an earlier version are made" env PACKAGE_VERSION=0.9.0 scripts/package --out "$older"
+sleep 1
+check "they are made again" scripts/package --out "$work/again"
+check "with the same bytes" same "$packages/SHA256SUMS" "$work/again/SHA256SUMS"
+checksums_hold() { (cd "$packages" && sha256sum --check --quiet SHA256SUMS); }
+check "the checksums hold" checksums_hold
+
+all=$packages/VexaPPE-$version.msi
+all_older=$older/VexaPPE-0.9.0.msi
+odd_folder="$work/Pakete für alle"
+mkdir -p "$odd_folder"
+cp "$all_older" "$odd_folder/Übung 1.msi"
+head -c 100000 "$all" >"$work/damaged.msi"
+
+hold_prefix
+set_windows win10
+workbench --register --sample
+world >"$work/start"
+all_classes >"$work/all-classes"
+settings | sort >"$work/settings"
+
+check "a damaged package is refused" refuses "$work/damaged.msi"
+check "the package for 32-bit Windows is refused on a 64-bit one" refuses "$packages/VexaPPE-$version-x86.msi"
+set_windows win7
+check "a Windows that is too old is refused" refuses "$all"
+set_windows win10
+check "what was refused has changed nothing" unchanged "$work/start"
+
+check "an earlier version installs, from a folder with blanks and letters outside ASCII" installs "$odd_folder/Übung 1.msi"
+check "its 64-bit rows are there" rows_are_there HKLM x64 64 'C:\Program Files\Norvane\Quillmark'
+check "its 32-bit rows are there" rows_are_there HKLM x86 32 'C:\Program Files (x86)\Norvane\Quillmark'
+check "it stands among the programs" apps_entry 'Quillmark options page'
+check "with its version" grep -q '0\.9\.0' "$work/entry"
+check "the page is made by its name and shown" shows_the_page
+settings | sort >"$work/settings"
+
+check "this version replaces it" installs "$all"
+check "the 64-bit rows are there" rows_are_there HKLM x64 64 'C:\Program Files\Norvane\Quillmark'
+check "the 32-bit rows are there" rows_are_there HKLM x86 32 'C:\Program Files (x86)\Norvane\Quillmark'
+apps_entry 'Quillmark options page'
+check "the program's entry tells this version" grep -q "DisplayVersion.*$version" "$work/entry"
+one_entry() { [ "$(registry 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' | grep -c 'DisplayName.*Quillmark')" = 1 ]; }
+check "and there is one entry" one_entry
+settings | sort >"$work/settings-after"
+check "the settings are as they were" same "$work/settings" "$work/settings-after"
+check "the page is shown" shows_the_page
+world >"$work/installed"
+
+repair() { installs "$all" REINSTALL=ALL REINSTALLMODE=amus; }
+installed="$drive/Program Files/Norvane/Quillmark/VexaPPE.ocx"
+rm "$installed"
+check "a file that was deleted is repaired" repair
+check "it is the control" cmp build/windows-x64/VexaPPE.ocx "$installed"
+# Cut short: Wine's installer goes by the version, which another damage would leave readable.
+head -c 5000 build/windows-x64/VexaPPE.ocx >"$installed"
+check "a file that was damaged is repaired" repair
+check "it is the control again" cmp build/windows-x64/VexaPPE.ocx "$installed"
+
+check "an earlier version is refused" refuses "$all_older"
+check "which has changed nothing" unchanged "$work/installed"
+mkdir -p "$drive/Program Files/Norvane/Quillmark/Log"
+echo line >"$drive/Program Files/Norvane/Quillmark/Log/VexaPPE.log"
+check "removal works" removes "$all"
+world >"$work/removed"
+check "and leaves nothing, but for the user's settings" same "$work/start" "$work/removed"
+
+# Somebody has registered a copy by hand before.
+by_hand="$drive/Von Hand/Größe 1"
+mkdir -p "$by_hand"
+cp build/windows-x64/VexaPPE.ocx "$by_hand/"
+check "regsvr32 registers a copy" wine_program regsvr32 /s 'C:\Von Hand\Größe 1\VexaPPE.ocx'
+check "which then says that it is registered" wine_program regsvr32 /s /n /i:check 'C:\Von Hand\Größe 1\VexaPPE.ocx'
+check "the package installs over it" installs "$all"
+check "its rows replace those" rows_are_there HKLM x64 64 'C:\Program Files\Norvane\Quillmark'
+check "removal works then, too" removes "$all"
+check "and leaves nothing" unchanged "$work/start"
+
+check "the package for one user installs" installs "$packages/VexaPPE-$version-user-x64.msi"
+check "its rows are the user's" rows_are_there HKCU x64 64 "C:\\users\\$(whoami)\\AppData\\Local\\Programs\\Norvane\\Quillmark\\x64"
+check "removal works" removes "$packages/VexaPPE-$version-user-x64.msi"
+check "and leaves nothing" unchanged "$work/start"
+all_classes >"$work/all-classes-after"
+check "the other classes of the machine are as they were" same "$work/all-classes" "$work/all-classes-after"
+finish
