@@ -24,6 +24,10 @@ constexpr int POLL_INTERVAL = 250;     // milliseconds
 // A wizard rule that reads more names than this takes so long that the polls after it leave it out.
 constexpr int NAMES_PER_POLL = 5000;
 
+// Why buttons are disabled.
+constexpr const wchar_t* SEARCHING = L"The add-in is searching. Please wait until it has finished.";
+constexpr const wchar_t* NO_WIZARD = L"Offered while no knowledgebase has content and the add-in is idle.";
+
 /// Runs steps one by one and keeps the first error, so that it can be reported when all have run.
 class FirstError {
 public:
@@ -88,6 +92,7 @@ ctlPPE::ctlPPE(Application& application, std::unique_ptr<ui::Window> pageWindow,
 }
 
 void ctlPPE::connectHandlers() {
+    for (Row& row : rows_) row.button.setDescription(row.purpose);
     cmdKnowledgeBase.onClick = [this] { cmdKnowledgeBase_Click(); };
     cmdSettings.onClick = [this] {
         showSettingsDialog<frmSettings>(L"cmdSettings_Click",
@@ -109,7 +114,9 @@ void ctlPPE::UserControl_Initialize() noexcept {
         tmrChkSearching_->setInterval(0);
         tmrChkSearching_->setEnabled(false);
     });
+    attempt([&] { application_.SetPointerHourglass(); });
     attempt([&] { connectAddIn(); });
+    attempt([&] { application_.SetPointerDefault(); });
     attempt([&] {
         if (application_.addIn) {
             tmrChkSearching_->setInterval(POLL_INTERVAL);
@@ -271,6 +278,7 @@ void ctlPPE::cmdWizard_GotFocus() {
 void ctlPPE::setButtons() {
     for (ui::Button* button : {&cmdKnowledgeBase, &cmdSettings, &cmdAttachments, &cmdDispMatches})
         button->setEnabled(true);
+    explainRows(false);
     if (pollsWithoutRule_ > 0)
         --pollsWithoutRule_;
     else
@@ -279,8 +287,24 @@ void ctlPPE::setButtons() {
 
 void ctlPPE::enableWizardByRule() {
     const WizardAnswer answer = askWizardRule(application_);
-    cmdWizard.setEnabled(answer.allowed);
+    setWizard(answer.allowed);
     pollsWithoutRule_ = answer.knowledgebases / NAMES_PER_POLL;
+}
+
+void ctlPPE::setWizard(bool enabled) {
+    cmdWizard.setEnabled(enabled);
+    explainRows(false);
+}
+
+void ctlPPE::explainRows(bool searching) {
+    for (Row& row : rows_) {
+        const bool offered = &row.button != &cmdWizard || cmdWizard.enabled();
+        const std::wstring text = searching ? SEARCHING : offered ? row.purpose : NO_WIZARD;
+        // Screen readers and the screen are spared what they know.
+        if (row.description.text() == text) continue;
+        row.description.setText(text);
+        row.button.setDescription(text);
+    }
 }
 
 void ctlPPE::tmrChkSearching_Timer() {
@@ -296,21 +320,22 @@ void ctlPPE::tmrChkSearching_Timer() {
         for (ui::Button* button :
              {&cmdKnowledgeBase, &cmdWizard, &cmdSettings, &cmdAttachments, &cmdDispMatches})
             button->setEnabled(false);
+        explainRows(true);
     });
 }
 
 void ctlPPE::cmdMsg_KeyDown(const ui::KeyEvent& event) {
     runLogged(L"cmdMsg_KeyDown", [&] {
-        if (event.key == wizardSwitch::on) cmdWizard.setEnabled(true);
-        if (event.key == wizardSwitch::off) cmdWizard.setEnabled(false);
+        if (event.key == wizardSwitch::on) setWizard(true);
+        if (event.key == wizardSwitch::off) setWizard(false);
         trace(L", cmdMsg_KeyDown.");
     });
 }
 
 void ctlPPE::cmdMsg_MouseMove(const ui::MouseEvent& event) {
     runLogged(L"cmdMsg_MouseMove", [&] {
-        if (event.x == wizardSwitch::on) cmdWizard.setEnabled(true);
-        if (event.x == wizardSwitch::off) cmdWizard.setEnabled(false);
+        if (event.x == wizardSwitch::on) setWizard(true);
+        if (event.x == wizardSwitch::off) setWizard(false);
         trace(L", cmdMsg_MouseMove.");
         // Moves that wait already are handled by the first one's pending events, not one inside the other.
         if (lettingEventsRun_) return;

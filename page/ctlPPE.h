@@ -52,6 +52,8 @@ private:
         ui::Label& description;
         ui::Picture& picture;
         ui::Button& button;
+        /// What the button is for, as the template says it.
+        std::wstring purpose = description.text();
     };
 
     void connectHandlers();
@@ -62,6 +64,9 @@ private:
     void apply();
     void setButtons();
     void enableWizardByRule();
+    void setWizard(bool enabled);
+    /// Says in the rows what their buttons are for, or why they are disabled.
+    void explainRows(bool searching);
     void layOut();
     void placeRow(Row& row, int top);
     /// The name in front of the page's log lines.

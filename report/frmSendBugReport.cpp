@@ -56,6 +56,7 @@ void frmSendBugReport::connectHandlers() {
     txtTo.onChange = [this] { txtTo_Change(); };
     for (ui::TextBox* field : {&txtTo, &txtCc, &txtSubject})
         field->onGotFocus = [this, field] { field_GotFocus(*field); };
+    window().onRescale = [this] { rescaled(); };
     rtfBody.onGotFocus = [this] { enableFormatting(true); };
     rtfBody.onSelectionChange = [this] { rtfBody_SelChange(); };
 }
@@ -67,13 +68,18 @@ void frmSendBugReport::Form_Load() {
     // An empty recipient is no change, yet the rule holds from the start.
     txtTo_Change();
     attempt([&] { txtCc.setText(L""); });
-    attempt([&] { setMinimumSize(); });
-    attempt([&] { placeCombo(cboFontname, propertyButton::fontname); });
-    attempt([&] { placeCombo(cboFontsize, propertyButton::fontsize); });
+    rescaled();
     enableFormatting(false);
     fillFontCombos();
     attempt([&] { startHoverTimer(); });
     Form_Resize();
+}
+
+/// What the controls' own sizes decide, which change with the resolution.
+void frmSendBugReport::rescaled() {
+    attempt([&] { setMinimumSize(); });
+    attempt([&] { placeCombo(cboFontname, propertyButton::fontname); });
+    attempt([&] { placeCombo(cboFontsize, propertyButton::fontsize); });
 }
 
 void frmSendBugReport::setMinimumSize() {
@@ -117,7 +123,8 @@ void frmSendBugReport::Form_Resize() {
 
 void frmSendBugReport::layOut() {
     const ui::Size inner = window().innerSize();
-    const int margin = static_cast<int>(MARGIN / application_.screen.twipsPerPixelX());
+    const int margin =
+        static_cast<int>(MARGIN * window().magnification() / application_.screen.twipsPerPixelX());
     const auto widen = [&](ui::Control& control, int height) {
         const ui::Rect place = control.bounds();
         control.move({place.left, place.top, std::max(0, inner.width - place.left - margin), height});

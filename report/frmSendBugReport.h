@@ -33,6 +33,7 @@ protected:
 
 private:
     void connectHandlers();
+    void rescaled();
     void setMinimumSize();
     void placeCombo(ui::ComboBox& combo, int button);
     void fillFontCombos();

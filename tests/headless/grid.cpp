@@ -12,6 +12,7 @@ constexpr int BACKSPACE = 0x08;
 }  // namespace
 
 bool Grid::wantsKey(const ui::KeyEvent& event) const {
+    if (event.key == tests::key::enter && wantsEnter) return true;
     if (editedRow() != -1) return true;
     return event.key >= tests::key::left && event.key <= tests::key::down;
 }

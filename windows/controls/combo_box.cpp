@@ -1,6 +1,9 @@
 #include "windows/controls/combo_box.h"
 
+#include <algorithm>
+
 #include "windows/controls/strokes.h"
+#include "windows/controls/window.h"
 
 namespace win {
 namespace {
@@ -10,7 +13,31 @@ constexpr int MOST_SHOWN_ITEMS = 12;
 }  // namespace
 
 void ComboBox::onCommand(int code) {
+    if (code == CBN_DROPDOWN) widenList();
     if (code == CBN_SELCHANGE) raise(onClick);
+}
+
+/// Long items are seen whole in the list, as far as the screen reaches.
+void ComboBox::widenList() {
+    const int rim = 2 * dialog().metric(SM_CXVSCROLL);
+    const int most = GetSystemMetrics(SM_CXSCREEN) / 2;
+    send(CB_SETDROPPEDWIDTH,
+         static_cast<WPARAM>(std::clamp(longestItem() + rim, place().width, std::max(most, place().width))));
+}
+
+int ComboBox::longestItem() const {
+    const HDC context = GetDC(window());
+    const HGDIOBJ before = SelectObject(context, reinterpret_cast<HFONT>(send(WM_GETFONT)));
+    LONG longest = 0;
+    for (int index = 0; index < count(); ++index) {
+        const std::wstring text = item(index);
+        SIZE size{};
+        GetTextExtentPoint32W(context, text.c_str(), static_cast<int>(text.size()), &size);
+        longest = std::max(longest, size.cx);
+    }
+    SelectObject(context, before);
+    ReleaseDC(window(), context);
+    return longest;
 }
 
 void ComboBox::move(const ui::Rect& bounds) {

@@ -20,6 +20,10 @@ public:
     [[nodiscard]] bool droppedDown() const override;
     [[nodiscard]] bool pointerInside() const override;
     void draw(const ui::Strokes& strokes) override;
+
+private:
+    void widenList();
+    [[nodiscard]] int longestItem() const;
 };
 
 }  // namespace win
