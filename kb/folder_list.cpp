@@ -8,6 +8,7 @@
 namespace vexa {
 namespace {
 
+constexpr int KEY_ENTER = 0x0D;
 constexpr int KEY_SPACE = 0x20;
 constexpr int KEY_LEFT = 0x25;
 constexpr int KEY_RIGHT = 0x27;
@@ -42,6 +43,7 @@ std::wstring subfolderPath(const std::wstring& folder, const std::wstring& name)
 FolderList::FolderList(ui::Grid& list, FileSystem& files) : list_(list), files_(files) {
     list_.setColumns({{L"Folder", 100}});
     list_.onDoubleClick = [this](int row) { open(row); };
+    list_.wantsEnter = true;
     list_.onKeyDown = [this](ui::KeyEvent& event) { keyDown(event); };
 }
 
@@ -64,6 +66,7 @@ void FolderList::show(const std::wstring& path, std::vector<std::wstring> subfol
     for (const std::wstring& name : subfolders)
         addRow(subfolderPath(path, name), name, depth, IDI_folderClosed);
     list_.setCurrentRow(depth - 1);
+    if (onChange) onChange();
 }
 
 void FolderList::addRow(const std::wstring& path, const std::wstring& name, int indent, int picture) {
@@ -82,7 +85,7 @@ void FolderList::open(int row) {
 
 void FolderList::keyDown(ui::KeyEvent& event) {
     if (event.modifiers != 0) return;
-    if (event.key == KEY_SPACE || event.key == KEY_RIGHT)
+    if (event.key == KEY_ENTER || event.key == KEY_SPACE || event.key == KEY_RIGHT)
         open(list_.currentRow());
     else if (event.key == KEY_LEFT)
         open(static_cast<int>(steps(path_).size()) - 2);

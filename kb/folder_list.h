@@ -12,7 +12,8 @@ namespace vexa {
 
 class FolderList {
 public:
-    /// A double-click opens a folder; so do Space and the right arrow key. The left arrow key goes one up.
+    /// A double-click opens a folder; so do Enter, Space and the right arrow key. The left arrow key goes one
+    /// up.
     FolderList(ui::Grid& list, FileSystem& files);
 
     /// The folder that is open, in the words in which it was given.
@@ -24,6 +25,8 @@ public:
 
     /// Called where a folder that the user wants to open cannot be read, inside the catch block.
     std::function<void()> onFailure;
+    /// Another folder is open.
+    std::function<void()> onChange;
 
 private:
     void show(const std::wstring& path, std::vector<std::wstring> subfolders);

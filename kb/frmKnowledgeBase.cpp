@@ -18,6 +18,7 @@ frmKnowledgeBase::frmKnowledgeBase(Application& application, ui::Window& owner)
     : Form(application.screen.createDialog(IDD_frmKnowledgeBase, &owner)),
       drvVexaBaseDir(window().control<ui::ComboBox>(IDC_drvVexaBaseDir)),
       dirVexaBaseDir(window().control<ui::Grid>(IDC_dirVexaBaseDir)),
+      txtPath(window().control<ui::TextBox>(IDC_txtPath)),
       cmdNewDirectory(window().control<ui::Button>(IDC_cmdNewDirectory)),
       cmdRepository(window().control<ui::Button>(IDC_cmdRepository)),
       cmdOk(window().control<ui::Button>(IDC_cmdOk)),
@@ -29,6 +30,7 @@ frmKnowledgeBase::frmKnowledgeBase(Application& application, ui::Window& owner)
     cmdOk.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { Unload(); };
     folders_.onFailure = [this] { report(message::folderNotOpened(currentErrorDescription())); };
+    folders_.onChange = [this] { txtPath.setText(folders_.path()); };
 }
 
 void frmKnowledgeBase::Form_Load() {

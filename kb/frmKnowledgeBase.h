@@ -15,8 +15,9 @@ public:
 
     ui::ComboBox& drvVexaBaseDir;
     ui::Grid& dirVexaBaseDir;
+    ui::TextBox& txtPath;  ///< the folder that OK takes
     ui::Button& cmdNewDirectory;
-    ui::Button& cmdRepository;  ///< nothing happens at its click
+    ui::Button& cmdRepository;  ///< disabled: nothing would happen at its click
     ui::Button& cmdOk;
     ui::Button& cmdCancel;
 

@@ -9,3 +9,5 @@
 #define IDC_cmdRepository 1505
 #define IDC_lblDrive 1506
 #define IDC_lblFolder 1507
+#define IDC_lblPath 1508
+#define IDC_txtPath 1509

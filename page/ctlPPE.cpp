@@ -21,6 +21,10 @@ namespace {
 constexpr int MOST_CONNECTION_ATTEMPTS = 100;
 constexpr int CONNECTION_PAUSE = 100;  // milliseconds
 constexpr int POLL_INTERVAL = 250;     // milliseconds
+// Why buttons are disabled.
+constexpr const wchar_t* SEARCHING = L"The add-in is searching. Please wait until it has finished.";
+constexpr const wchar_t* NO_WIZARD = L"Offered while no knowledgebase has content and the add-in is idle.";
+
 /// Runs steps one by one and keeps the first error, so that it can be reported when all have run.
 class FirstError {
 public:
@@ -77,6 +81,7 @@ ctlPPE::ctlPPE(Application& application, std::unique_ptr<ui::Window> pageWindow,
 }
 
 void ctlPPE::connectHandlers() {
+    for (Row& row : rows_) row.button.setDescription(row.purpose);
     cmdKnowledgeBase.onClick = [this] { cmdKnowledgeBase_Click(); };
     cmdSettings.onClick = [this] {
         showSettingsDialog<frmSettings>(L"cmdSettings_Click",
@@ -100,7 +105,9 @@ void ctlPPE::UserControl_Initialize() noexcept {
     });
     live_.emplace(application_.livePages);
     bool connected = false;
+    attempt([&] { application_.SetPointerHourglass(); });
     attempt([&] { connected = connectAddIn(); });
+    attempt([&] { application_.SetPointerDefault(); });
     attempt([&] {
         if (connected) {
             tmrChkSearching_->setInterval(POLL_INTERVAL);
@@ -279,11 +286,13 @@ void ctlPPE::setButtons() {
         askWizardRule();
     else
         cmdWizard.setEnabled(wizardOffered_);
+    explainRows();
 }
 
 void ctlPPE::disableButtons() {
     for (ui::Button* button : {&cmdKnowledgeBase, &cmdWizard, &cmdSettings, &cmdAttachments, &cmdDispMatches})
         button->setEnabled(false);
+    explainRows();
 }
 
 void ctlPPE::askWizardRule() {
@@ -294,6 +303,18 @@ void ctlPPE::askWizardRule() {
 void ctlPPE::offerWizard(bool offered) {
     wizardOffered_ = offered;
     cmdWizard.setEnabled(offered);
+    explainRows();
+}
+
+void ctlPPE::explainRows() {
+    const wchar_t* reason = cmdSettings.enabled() ? NO_WIZARD : SEARCHING;
+    for (Row& row : rows_) {
+        const std::wstring text = row.button.enabled() ? row.purpose : reason;
+        // Screen readers and the screen are spared what they know.
+        if (row.description.text() == text) continue;
+        row.description.setText(text);
+        row.button.setDescription(text);
+    }
 }
 
 bool ctlPPE::addInSearches() {

@@ -58,6 +58,8 @@ private:
         ui::Label& description;
         ui::Picture& picture;
         ui::Button& button;
+        /// What the button is for, as the template says it.
+        std::wstring purpose = description.text();
     };
 
     void connectHandlers();
@@ -74,6 +76,8 @@ private:
     /// What the rule or the add-in says of the wizard holds until one of them says something else.
     void offerWizard(bool offered);
     [[nodiscard]] bool addInSearches();
+    /// Says in the rows what their buttons are for, or why they are disabled.
+    void explainRows();
     void layOut();
     void placeRow(Row& row, int top);
     /// The name in front of the page's log lines.

@@ -32,10 +32,15 @@ struct Scale {
     [[nodiscard]] int y(int twips) const { return static_cast<int>(std::lround(twips / twipsPerPixelY)); }
 };
 
+/// At the resolution of the page's own monitor.
+Scale scaleOf(const ui::Screen& screen, const ui::Window& page) {
+    return {screen.twipsPerPixelX() / page.magnification(), screen.twipsPerPixelY() / page.magnification()};
+}
+
 }  // namespace
 
 void ctlPPE::layOut() {
-    const Scale scale{application_.screen.twipsPerPixelX(), application_.screen.twipsPerPixelY()};
+    const Scale scale = scaleOf(application_.screen, window());
     const int height = window().innerSize().height;
     const int rowHeight =
         std::clamp(height / static_cast<int>(rows_.size()), scale.y(ROW_HEIGHT), scale.y(MOST_ROW_HEIGHT));
@@ -47,7 +52,7 @@ void ctlPPE::layOut() {
 }
 
 void ctlPPE::placeRow(Row& row, int top) {
-    const Scale scale{application_.screen.twipsPerPixelX(), application_.screen.twipsPerPixelY()};
+    const Scale scale = scaleOf(application_.screen, window());
     const int left = scale.x(MARGIN);
     const int width = std::max(0, window().innerSize().width - 2 * left);
     const int pictureSide = scale.x(PICTURE);

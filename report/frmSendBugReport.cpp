@@ -61,6 +61,7 @@ void frmSendBugReport::connectHandlers() {
     txtTo.onChange = [this] { txtTo_Change(); };
     for (ui::TextBox* field : {&txtTo, &txtCc, &txtSubject})
         field->onGotFocus = [this, field] { field_GotFocus(*field); };
+    window().onRescale = [this] { rescaled(); };
     rtfBody.onGotFocus = [this] { enableFormatting(true); };
     rtfBody.onSelectionChange = [this] { rtfBody_SelChange(); };
 }
@@ -69,16 +70,22 @@ void frmSendBugReport::connectHandlers() {
 
 void frmSendBugReport::Form_Load() {
     using Step = void (frmSendBugReport::*)();
-    constexpr Step steps[] = {&frmSendBugReport::readRecipient,     &frmSendBugReport::txtTo_Change,
-                              &frmSendBugReport::setMinimumSize,    &frmSendBugReport::placeCombos,
-                              &frmSendBugReport::disableFormatting, &frmSendBugReport::fillFontnames,
-                              &frmSendBugReport::fillFontsizes,     &frmSendBugReport::startHoverTimer};
+    constexpr Step steps[] = {&frmSendBugReport::readRecipient,  &frmSendBugReport::txtTo_Change,
+                              &frmSendBugReport::rescaled,       &frmSendBugReport::disableFormatting,
+                              &frmSendBugReport::fillFontnames,  &frmSendBugReport::fillFontsizes,
+                              &frmSendBugReport::startHoverTimer};
     for (const Step step : steps) attempt([&] { (this->*step)(); });
     Form_Resize();
 }
 
 void frmSendBugReport::readRecipient() {
     txtTo.setText(application_.readText(RootKey, valueName::SendTo, L""));
+}
+
+/// What the controls' own sizes decide, which change with the resolution.
+void frmSendBugReport::rescaled() {
+    attempt([&] { setMinimumSize(); });
+    attempt([&] { placeCombos(); });
 }
 
 void frmSendBugReport::setMinimumSize() {
@@ -126,7 +133,8 @@ void frmSendBugReport::Form_Resize() {
 
 void frmSendBugReport::layOut() {
     const ui::Size inner = window().innerSize();
-    const int margin = static_cast<int>(MARGIN / application_.screen.twipsPerPixelX());
+    const int margin =
+        static_cast<int>(MARGIN * window().magnification() / application_.screen.twipsPerPixelX());
     const auto widen = [&](ui::Control& control, int height) {
         const ui::Rect place = control.bounds();
         control.move({place.left, place.top, std::max(0, inner.width - place.left - margin), height});

@@ -34,6 +34,7 @@ protected:
 private:
     void connectHandlers();
     void readRecipient();
+    void rescaled();
     void setMinimumSize();
     void placeCombos();
     void placeCombo(ui::ComboBox& combo, int button);

@@ -13,8 +13,11 @@
 #define IDC_lblSubject 1709
 #define IDC_txtSubject 1710
 #define IDC_rtfBody 1711
+#define IDC_lblFontname 1712
+#define IDC_lblFontsize 1713
+#define IDC_lblBody 1714
 
-// Icons of the toolbars, as they look enabled and disabled.
+// Icons of the toolbars.
 #define IDI_send 1720
 #define IDI_highImportance 1721
 #define IDI_lowImportance 1722
@@ -29,17 +32,3 @@
 #define IDI_numeration 1731
 #define IDI_decreaseIndent 1732
 #define IDI_increaseIndent 1733
-#define IDI_sendDisabled 1740
-#define IDI_highImportanceDisabled 1741
-#define IDI_lowImportanceDisabled 1742
-#define IDI_forecolorDisabled 1743
-#define IDI_boldDisabled 1744
-#define IDI_italicDisabled 1745
-#define IDI_underlineDisabled 1746
-#define IDI_leftAlignDisabled 1747
-#define IDI_centerDisabled 1748
-#define IDI_rightAlignDisabled 1749
-#define IDI_bulletIndentDisabled 1750
-#define IDI_numerationDisabled 1751
-#define IDI_decreaseIndentDisabled 1752
-#define IDI_increaseIndentDisabled 1753

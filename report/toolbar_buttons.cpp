@@ -26,40 +26,38 @@ std::vector<ui::ToolbarMenuEntry> colourMenu() {
     return menu;
 }
 
-ui::ToolbarButton gap(Type type) { return {type, L"", L"", 0, 0, {}}; }
+ui::ToolbarButton gap(Type type) { return {type, L"", L"", 0, {}}; }
 
-ui::ToolbarButton button(Type type, const wchar_t* tooltip, int icon, int disabledIcon) {
-    return {type, L"", tooltip, icon, disabledIcon, {}};
+ui::ToolbarButton button(Type type, const wchar_t* tooltip, int icon) {
+    return {type, L"", tooltip, icon, {}};
 }
 
 }  // namespace
 
-std::vector<ui::ToolbarButton> sendButtons() {
-    return {{Type::push, L"Send", L"Send", IDI_send, IDI_sendDisabled, {}}};
-}
+std::vector<ui::ToolbarButton> sendButtons() { return {{Type::push, L"Send", L"Send", IDI_send, {}}}; }
 
 std::vector<ui::ToolbarButton> propertyButtons() {
     return {
-        button(Type::check, L"High Importance", IDI_highImportance, IDI_highImportanceDisabled),
-        button(Type::check, L"Low Importance", IDI_lowImportance, IDI_lowImportanceDisabled),
+        button(Type::check, L"High Importance", IDI_highImportance),
+        button(Type::check, L"Low Importance", IDI_lowImportance),
         gap(Type::separator),
         gap(Type::placeholder),
         gap(Type::separator),
         gap(Type::placeholder),
         gap(Type::separator),
-        {Type::dropDown, L"", L"Forecolor", IDI_forecolor, IDI_forecolorDisabled, colourMenu()},
+        {Type::dropDown, L"", L"Forecolor", IDI_forecolor, colourMenu()},
         gap(Type::separator),
-        button(Type::check, L"Bold", IDI_bold, IDI_boldDisabled),
-        button(Type::check, L"Italic", IDI_italic, IDI_italicDisabled),
-        button(Type::check, L"Underline", IDI_underline, IDI_underlineDisabled),
+        button(Type::check, L"Bold", IDI_bold),
+        button(Type::check, L"Italic", IDI_italic),
+        button(Type::check, L"Underline", IDI_underline),
         gap(Type::separator),
-        button(Type::check, L"Left Align", IDI_leftAlign, IDI_leftAlignDisabled),
-        button(Type::check, L"Center", IDI_center, IDI_centerDisabled),
-        button(Type::check, L"Right Align", IDI_rightAlign, IDI_rightAlignDisabled),
-        button(Type::check, L"Bullet Indent", IDI_bulletIndent, IDI_bulletIndentDisabled),
-        button(Type::push, L"Numeration", IDI_numeration, IDI_numerationDisabled),
-        button(Type::push, L"Decrease Indent", IDI_decreaseIndent, IDI_decreaseIndentDisabled),
-        button(Type::push, L"Increase Indent", IDI_increaseIndent, IDI_increaseIndentDisabled),
+        button(Type::check, L"Left Align", IDI_leftAlign),
+        button(Type::check, L"Center", IDI_center),
+        button(Type::check, L"Right Align", IDI_rightAlign),
+        button(Type::check, L"Bullet Indent", IDI_bulletIndent),
+        button(Type::push, L"Numeration", IDI_numeration),
+        button(Type::push, L"Decrease Indent", IDI_decreaseIndent),
+        button(Type::push, L"Increase Indent", IDI_increaseIndent),
     };
 }
 

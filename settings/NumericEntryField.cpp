@@ -26,6 +26,7 @@ NumericEntryField::NumericEntryField(ui::TextBox& textBox, ui::UpDown& upDown, B
     : text_(textBox), upDown_(upDown), conversions_(conversions) {
     upDown_.setBounds(bounds.minimum, bounds.maximum);
     text_.onChange = [this] { attempt([this] { textChanged(); }); };
+    text_.setDescription(std::to_wstring(bounds.minimum) + L" to " + std::to_wstring(bounds.maximum));
     upDown_.onChange = [this] {
         if (linked_) attempt([this] { showValue(); });
     };

@@ -37,9 +37,11 @@ frmDispMatches::frmDispMatches(Application& application, ui::Window& owner)
     for (ui::OptionButton& option : optDisplayMatches) option.onClick = [this] { optDisplayMatches_Click(); };
     lblSelHotspotColor.onClick = [this] { lblSelHotspotColor_Click(); };
     lblSelHotspotColor.setTooltip(SWATCH_TOOLTIP);
+    lblSelHotspotColor.setDescription(SWATCH_TOOLTIP);
     for (std::size_t index = 0; index < lblPenalty.size(); ++index) {
         lblPenalty[index].get().onClick = [this, index] { lblPenalty_Click(index); };
         lblPenalty[index].get().setTooltip(SWATCH_TOOLTIP);
+        lblPenalty[index].get().setDescription(SWATCH_TOOLTIP);
     }
     cmdOk.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { Unload(); };

@@ -63,6 +63,9 @@ frmSettings::frmSettings(Application& application, ui::Window& owner, ReportOpen
 }
 
 void frmSettings::connectHandlers() {
+    // Range and unit, as they stand behind the fields.
+    txtDelay.setDescription(lblDelayInfo.text());
+    txtMinRel.setDescription(window().control<ui::Label>(IDC_lblMinRelPercent).text());
     chkAutoInfo.onClick = [this] { chkAutoInfo_Click(); };
     chkLoggingInformation.onClick = [this] { chkLoggingInformation_Click(); };
     cmdSendLog.onClick = [this] { cmdSendLog_Click(); };

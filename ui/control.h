@@ -78,6 +78,10 @@ public:
     [[nodiscard]] virtual std::wstring tooltip() const = 0;
     virtual void setTooltip(const std::wstring& text) = 0;
 
+    /// What screen readers tell beside the name: a field's range and unit, what a button is for.
+    [[nodiscard]] virtual std::wstring description() const = 0;
+    virtual void setDescription(const std::wstring& text) = 0;
+
     /// The number under which other programs can send the control messages (a window handle); never 0.
     [[nodiscard]] virtual std::intptr_t handle() const = 0;
 

@@ -10,6 +10,8 @@ namespace ui {
 class Label : public Control {
 public:
     static constexpr Kind kind = Kind::label;
+    /// Has screen readers say the text, which tells what goes on.
+    virtual void announce() = 0;
 };
 
 /// A titled frame around other controls.

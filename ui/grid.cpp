@@ -23,6 +23,16 @@ void Grid::setSortArrow(int column, SortArrow arrow) {
     showSortArrow(column);
 }
 
+std::vector<GridCommand> Grid::menu() const {
+    std::vector<GridCommand> entries;
+    if (onMenu) entries = onMenu();
+    if (!onHeaderClick) return entries;
+    for (int column = 0; column < static_cast<int>(columns_.size()); ++column)
+        entries.push_back({L"Sort by " + columns_[static_cast<std::size_t>(column)].caption,
+                           [sort = onHeaderClick, column] { sort(column); }});
+    return entries;
+}
+
 // --- Rows -------------------------------------------------------------------------------------------------
 
 std::size_t Grid::checked(int row) const {

@@ -39,6 +39,12 @@ struct GridEdit {
     bool cancelled = false;  ///< left by Esc
 };
 
+/// An entry of the menu that a list opens for its current row.
+struct GridCommand {
+    std::wstring text;
+    std::function<void()> run;
+};
+
 /// Row and column numbers count from 0; one out of range throws std::out_of_range.
 class Grid : public Control {
 public:
@@ -99,6 +105,13 @@ public:
     /// An in-place edit has ended: the editor is gone, so that the handler may ask questions or open it
     /// again.
     std::function<void(const GridEdit&)> onEndEdit;
+    /// The commands that the current row allows now, for the menu that the context-menu key, Shift+F10 and
+    /// the right button open.
+    std::function<std::vector<GridCommand>()> onMenu;
+    /// Enter comes to `onKeyDown` and not to the dialog's default button.
+    bool wantsEnter = false;
+    /// What that menu offers: the commands, then the sort by each column, as by a click on its header.
+    [[nodiscard]] std::vector<GridCommand> menu() const;
 
     /// While one lives, changes of the rows are not shown; its end shows them.
     class BulkUpdate {

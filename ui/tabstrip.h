@@ -20,6 +20,11 @@ public:
     /// changes nothing.
     virtual void setCurrent(int index) = 0;
 
+    /// The next tab, or the one before (-1), around the ends.
+    void step(int by) {
+        if (count() > 0) setCurrent((current() + by + count()) % count());
+    }
+
     /// Another tab became current.
     std::function<void()> onClick;
 };

@@ -24,9 +24,8 @@ struct ToolbarButton {
     std::wstring caption;
     /// Also the accessible name of a button without a caption.
     std::wstring tooltip;
-    /// Identifiers of the icons in the resources, for the enabled and the disabled button; 0 for none.
+    /// Identifier of the icon in the resources; 0 for none.
     int icon = 0;
-    int disabledIcon = 0;
     std::vector<ToolbarMenuEntry> menu;
 };
 

@@ -53,6 +53,8 @@ public:
     /// Pixels: the area for the controls.
     [[nodiscard]] virtual Size innerSize() const = 0;
     [[nodiscard]] virtual std::intptr_t handle() const = 0;
+    /// How much larger the window's monitor shows everything than the screen's twips per pixel say.
+    [[nodiscard]] virtual double magnification() const { return 1.0; }
 
     /// Disables the owner, runs `load`, shows the window unless it has closed by then, and returns when it
     /// has closed; the owner is enabled again. `form` is the form that lives in it. Nothing happens, and
@@ -63,6 +65,8 @@ public:
     [[nodiscard]] virtual bool isOpen() const = 0;
 
     std::function<void()> onResize;
+    /// Another resolution: the controls have been scaled. `onResize` follows.
+    std::function<void()> onRescale;
     /// Raised once, when the window is about to close for any reason.
     std::function<void()> onQueryUnload;
 

@@ -8,7 +8,7 @@ function(add_resources target)
     # The build does not see what a resource script includes.
     file(GLOB parts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/*/*.rc ${PROJECT_SOURCE_DIR}/*/*.ids.h
          ${PROJECT_SOURCE_DIR}/windows/resources/*.rc
-         ${PROJECT_SOURCE_DIR}/windows/resources/icons/*.ico)
+         ${PROJECT_SOURCE_DIR}/windows/resources/icons/*.ico ${PROJECT_SOURCE_DIR}/docs/help/*.md)
     set_property(SOURCE ${PROJECT_SOURCE_DIR}/windows/resources/VexaPPE.rc PROPERTY OBJECT_DEPENDS
                  ${parts} ${VERSION_FOLDER}/product_version.h ${VERSION_FOLDER}/VexaPPE.manifest)
     # The type library is one of the resources.

@@ -32,6 +32,7 @@ private:
 class Swatch : public Pressable<ui::Swatch> {
 public:
     using Pressable::Pressable;
+    [[nodiscard]] bool isPushButton() const override { return true; }
     [[nodiscard]] ui::Colour colour() const override { return colour_; }
     void setColour(ui::Colour colour) override { colour_ = colour; }
     void press() override { raise(onClick); }

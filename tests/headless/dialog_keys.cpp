@@ -4,6 +4,7 @@
 
 #include "tests/headless/choice_controls.h"
 #include "tests/headless/letters.h"
+#include "tests/headless/tab_strip.h"
 #include "tests/stage/user.h"
 #include "ui/dialog_ids.h"
 
@@ -67,6 +68,26 @@ bool takeAccessKey(Window& window, int key) {
     return true;
 }
 
+/// By how many tabs a key leads on; 0 where it means none.
+int tabStep(const ui::KeyEvent& event) {
+    if ((event.modifiers & ui::modifier::control) == 0) return 0;
+    if (event.key == tests::key::tab) return (event.modifiers & ui::modifier::shift) != 0 ? -1 : 1;
+    if (event.key == tests::key::pageDown) return 1;
+    return event.key == tests::key::pageUp ? -1 : 0;
+}
+
+/// Whether the key changed the tab, whichever control has the focus.
+bool changeTab(Window& window, const ui::KeyEvent& event) {
+    const int step = tabStep(event);
+    if (step == 0) return false;
+    for (const auto& item : window.items())
+        if (auto* strip = dynamic_cast<TabStrip*>(item.get())) {
+            strip->step(step);
+            return true;
+        }
+    return false;
+}
+
 bool isArrow(int key) { return key >= tests::key::left && key <= tests::key::down; }
 
 }  // namespace
@@ -79,6 +100,7 @@ void pressKey(Window& window, const ui::KeyEvent& event) {
         takeAccessKey(window, event.key);
         return;
     }
+    if (changeTab(window, event)) return;
     if (focused != nullptr && focused->wantsKey(event)) return focused->takeKey(event);
     if (event.key == tests::key::tab)
         return moveToTabStop(window, focused, (event.modifiers & ui::modifier::shift) == 0);

@@ -8,6 +8,7 @@ namespace headless {
 namespace {}  // namespace
 
 bool Grid::wantsKey(const ui::KeyEvent& event) const {
+    if (event.key == tests::key::enter && wantsEnter) return true;
     if (editedRow() != -1) return true;
     return event.key >= tests::key::left && event.key <= tests::key::down;
 }

@@ -19,6 +19,7 @@ struct ItemState {
     bool tabStop = false;
     std::wstring caption;
     std::wstring tooltip;
+    std::wstring description;
     ui::Rect bounds;
     std::intptr_t handle = 0;
 };
@@ -101,6 +102,8 @@ public:
     void move(const ui::Rect& bounds) override { state.bounds = bounds; }
     [[nodiscard]] std::wstring tooltip() const override { return state.tooltip; }
     void setTooltip(const std::wstring& text) override { state.tooltip = text; }
+    [[nodiscard]] std::wstring description() const override { return state.description; }
+    void setDescription(const std::wstring& text) override { state.description = text; }
     [[nodiscard]] std::intptr_t handle() const override { return state.handle; }
 
 protected:

@@ -10,10 +10,16 @@ namespace headless {
 /// As a key and as a character.
 inline constexpr int BACKSPACE = 0x08;
 
-using Label = Typed<ui::Label>;
 using Frame = Typed<ui::Frame>;
 using Line = Typed<ui::Line>;
 using Picture = Typed<ui::Picture>;
+
+class Label : public Typed<ui::Label> {
+public:
+    using Typed::Typed;
+    /// Nobody is there to hear it.
+    void announce() override {}
+};
 
 /// A control that has the focus and is pressed by click, space bar or access key.
 template <class Ui>

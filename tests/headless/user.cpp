@@ -129,6 +129,10 @@ void User::clickButton(ui::Toolbar& toolbar, int index) {
     if (takesInput(bar)) bar.pressButton(index);
 }
 
+void User::chooseFromMenu(ui::Grid& grid, int entry) {
+    if (grid.hasFocus()) grid.menu().at(static_cast<std::size_t>(entry)).run();
+}
+
 void User::chooseMenu(ui::Toolbar& toolbar, int index, int entry) {
     auto& bar = dynamic_cast<Toolbar&>(toolbar);
     if (takesInput(bar)) bar.chooseEntry(index, entry);

@@ -212,6 +212,20 @@ TEST_F(FolderChooser, TheKeyboardWalksDownAndUp) {
     });
 }
 
+TEST_F(FolderChooser, EnterInTheListOpensTheFolderAndThePathThatOKTakesIsShown) {
+    open([&](frmKnowledgeBase& form) {
+        EXPECT_EQ(form.txtPath.text(), base);
+        form.dirVexaBaseDir.setFocus();
+        user.press(form.window(), key::down);
+        EXPECT_EQ(form.txtPath.text(), base) << "a folder that is only selected is not taken";
+        user.press(form.window(), key::enter);
+        ASSERT_TRUE(form.window().isOpen()) << "OK was not pressed";
+        EXPECT_EQ(form.txtPath.text(), base + L"\\alpha");
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(application.settings.VexaBaseDir, base + L"\\alpha");
+}
+
 TEST_F(FolderChooser, AnotherDriveShowsItsRoot) {
     stage->addDrive(L"Q:", true);
     open([&](frmKnowledgeBase& form) {
@@ -274,8 +288,9 @@ TEST_F(FolderChooser, WithoutABaseFolderNoDriveIsShown) {
     EXPECT_FALSE(application.bBaseDirChanged);
 }
 
-TEST_F(FolderChooser, SelectFoldersDoesNothing) {
+TEST_F(FolderChooser, SelectFoldersDoesNothingAndIsDisabled) {
     open([&](frmKnowledgeBase& form) {
+        EXPECT_FALSE(form.cmdRepository.enabled());
         calls.clear();
         user.click(form.cmdRepository);
         EXPECT_THAT(calls.lines(), IsEmpty());

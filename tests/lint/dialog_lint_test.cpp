@@ -94,6 +94,20 @@ TEST_P(DialogLint, ALabelWithAnAccessKeyStandsDirectlyBeforeItsControl) {
     }
 }
 
+/// Screen readers take the name of a control from its own text or from the text before it. Picture buttons
+/// bear their tooltip, which the program sets.
+TEST_P(DialogLint, EveryTabStopHasAName) {
+    const auto& controls = GetParam().controls;
+    for (std::size_t index = 0; index < controls.size(); ++index) {
+        const TemplateControl& control = controls[index];
+        if (!control.has("WS_TABSTOP") || control.has("BS_ICON")) continue;
+        const bool labelled =
+            index > 0 && isLabel(controls[index - 1]) && !controls[index - 1].caption.empty();
+        const bool ownText = !control.caption.empty() && control.windowClass != "Edit";
+        EXPECT_TRUE(labelled || ownText) << control.idName;
+    }
+}
+
 TEST_P(DialogLint, EveryControlLiesInsideTheDialog) {
     const ui::Rect dialog{0, 0, GetParam().units.width, GetParam().units.height};
     for (const TemplateControl& control : GetParam().controls)

@@ -34,6 +34,49 @@ protected:
     const std::vector<bool> allOn = std::vector<bool>(5, true);
 };
 
+// --- Why buttons are disabled -----------------------------------------------------------------------------
+
+class PageReasons : public PageCommands {
+protected:
+    std::wstring info(int identifier) { return page->window().control<ui::Label>(identifier).text(); }
+};
+
+TEST_F(PageReasons, WhileTheAddInSearchesEachRowSaysSo) {
+    const std::wstring before = info(IDC_lblSettingsInfo);
+    stage->addIn().searching = true;
+    user.wait(300);
+    for (const int row : {IDC_lblKnowledgeBaseInfo, IDC_lblSettingsInfo, IDC_lblAttachmentsInfo,
+                          IDC_lblDispMatchesInfo, IDC_lblWizardInfo})
+        EXPECT_EQ(info(row), L"The add-in is searching. Please wait until it has finished.");
+    EXPECT_EQ(page->cmdSettings.description(), info(IDC_lblSettingsInfo));
+    stage->addIn().searching = false;
+    user.wait(300);
+    EXPECT_EQ(info(IDC_lblSettingsInfo), before);
+    EXPECT_EQ(page->cmdSettings.description(), before);
+}
+
+TEST_F(PageReasons, TheWizardsRowSaysWhenItIsOffered) {
+    const std::wstring offered = info(IDC_lblWizardInfo);
+    stage->setValue(PROFILE, L"KBProcessState", 2);
+    user.wait(300);
+    EXPECT_FALSE(page->cmdWizard.enabled());
+    EXPECT_EQ(info(IDC_lblWizardInfo), L"Offered while no knowledgebase has content and the add-in is idle.");
+    stage->setValue(PROFILE, L"KBProcessState", 3);
+    user.wait(300);
+    EXPECT_EQ(info(IDC_lblWizardInfo), offered);
+}
+
+TEST_F(PageReasons, TheHourglassShowsWhileTheAddInIsLookedFor) {
+    end();
+    calls.clear();
+    stage->setAddInRunning(false);
+    start();
+    const auto pointers = calls.linesWith("pointer");
+    ASSERT_GE(pointers.size(), 2U);
+    EXPECT_EQ(pointers[0], "pointer 11");
+    EXPECT_EQ(pointers[1], "pointer 0");
+}
+
 // --- Knowledgebase events ---------------------------------------------------------------------------------
 
 struct Event {

@@ -160,6 +160,36 @@ TEST_F(AttachmentSettings, TheQueryCheckBoxIsIndependent) {
 
 // --- Tabs -------------------------------------------------------------------------------------------------
 
+TEST_F(AttachmentSettings, KeysChangeTheTabFromWhereverTheFocusIs) {
+    setExtensions(L"doc;", L"pdf;");
+    open([&](frmAttachment& form) {
+        const auto tabAfter = [&](int key, int modifiers) {
+            user.press(form.window(), key, modifiers);
+            return form.sstAttachments.current();
+        };
+        form.chkKBAdd.setFocus();
+        EXPECT_EQ(tabAfter(key::tab, ui::modifier::control), 1);
+        EXPECT_TRUE(form.lstAvailable.hasFocus());
+        EXPECT_EQ(tabAfter(key::tab, ui::modifier::control | ui::modifier::shift), 0);
+        EXPECT_EQ(tabAfter(key::pageDown, ui::modifier::control), 1);
+        EXPECT_EQ(tabAfter(key::pageDown, ui::modifier::control), 0) << "around the end";
+        EXPECT_EQ(tabAfter(key::pageUp, ui::modifier::control), 1);
+        EXPECT_TRUE(form.lstAvailable.hasFocus());
+        user.click(form.cmdCancel);
+    });
+}
+
+TEST_F(AttachmentSettings, TheTabStripIsTheFirstStopBeforeItsPage) {
+    open([&](frmAttachment& form) {
+        form.cmdCancel.setFocus();
+        user.press(form.window(), key::tab);
+        EXPECT_TRUE(form.sstAttachments.hasFocus());
+        user.press(form.window(), key::tab);
+        EXPECT_TRUE(form.chkKBAdd.hasFocus());
+        user.click(form.cmdCancel);
+    });
+}
+
 TEST_F(AttachmentSettings, EachTabShowsItsControlsAndMovesTheFocusToItsFirst) {
     open([&](frmAttachment& form) {
         EXPECT_EQ(form.sstAttachments.current(), 0);

@@ -45,6 +45,19 @@ TEST_F(Highlights, TheDefaultsPaintTheSwatchesInTheirSevenColours) {
     });
 }
 
+TEST_F(Highlights, EnterOnASwatchOpensItsChooserAndNothingElse) {
+    stage->answerColours({0x112233});
+    open([&](frmDispMatches& form) {
+        textMarks(form).setSelected(true);
+        level(form, 1).setFocus();
+        user.press(form.window(), key::enter);
+        EXPECT_THAT(stage->colourQuestions(), ElementsAre(Stage::ColourQuestion{0xFFFF00, L"Level 1"}));
+        EXPECT_EQ(level(form, 1).colour(), 0x112233);
+        EXPECT_TRUE(form.window().isOpen()) << "OK was not pressed";
+        user.click(form.cmdCancel);
+    });
+}
+
 TEST_F(Highlights, EachSwatchBearsTheSameTooltip) {
     open([&](frmDispMatches& form) {
         EXPECT_EQ(form.lblSelHotspotColor.tooltip(), L"Click here to select a color");

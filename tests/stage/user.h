@@ -19,6 +19,8 @@ constexpr int tab = 0x09;
 constexpr int enter = 0x0D;
 constexpr int escape = 0x1B;
 constexpr int space = 0x20;
+constexpr int pageUp = 0x21;
+constexpr int pageDown = 0x22;
 constexpr int end = 0x23;
 constexpr int home = 0x24;
 constexpr int left = 0x25;
@@ -65,6 +67,9 @@ public:
     virtual void rewrite(ui::Grid& grid, const std::wstring& text) = 0;
     /// Nothing happens where the toolbar's button is disabled. The toolbar does not take the focus.
     virtual void clickButton(ui::Toolbar& toolbar, int index) = 0;
+    /// Opens the list's own menu by the context-menu key and picks the entry; the first is 0. The list has
+    /// the focus.
+    virtual void chooseFromMenu(ui::Grid& grid, int entry) = 0;
     /// Opens the button's menu and picks the entry; the first is 0.
     virtual void chooseMenu(ui::Toolbar& toolbar, int index, int entry) = 0;
     virtual void resize(ui::Window& window, const ui::Size& outerSize) = 0;

@@ -1,8 +1,10 @@
 #include "windows/controls/combo_box.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "windows/controls/strokes.h"
+#include "windows/controls/window.h"
 
 namespace win {
 namespace {
@@ -13,7 +15,10 @@ constexpr int MOST_SHOWN_ITEMS = 12;
 
 void ComboBox::onCommand(int code) {
     switch (code) {
-        case CBN_DROPDOWN: told_ = NO_ENTRY; break;
+        case CBN_DROPDOWN:
+            told_ = NO_ENTRY;
+            widenList();
+            break;
         // The entry that is shown already can be chosen, too: then the selection does not change.
         case CBN_SELENDOK:
         case CBN_SELCHANGE: tellChoice(); break;
@@ -25,6 +30,29 @@ void ComboBox::onCommand(int code) {
 void ComboBox::tellChoice() {
     const int chosen = selectedIndex();
     if (std::exchange(told_, chosen) != chosen) raise(onClick);
+}
+
+/// Long items are seen whole in the list, as far as the screen reaches.
+void ComboBox::widenList() {
+    const int rim = 2 * dialog().metric(SM_CXVSCROLL);
+    const int most = GetSystemMetrics(SM_CXSCREEN) / 2;
+    send(CB_SETDROPPEDWIDTH,
+         static_cast<WPARAM>(std::clamp(longestItem() + rim, place().width, std::max(most, place().width))));
+}
+
+int ComboBox::longestItem() const {
+    const HDC context = GetDC(window());
+    const HGDIOBJ before = SelectObject(context, reinterpret_cast<HFONT>(send(WM_GETFONT)));
+    LONG longest = 0;
+    for (int index = 0; index < count(); ++index) {
+        const std::wstring text = item(index);
+        SIZE size{};
+        GetTextExtentPoint32W(context, text.c_str(), static_cast<int>(text.size()), &size);
+        longest = std::max(longest, size.cx);
+    }
+    SelectObject(context, before);
+    ReleaseDC(window(), context);
+    return longest;
 }
 
 void ComboBox::move(const ui::Rect& bounds) {

@@ -24,6 +24,8 @@ public:
 private:
     static constexpr int NO_ENTRY = -1;
     void tellChoice();
+    void widenList();
+    [[nodiscard]] int longestItem() const;
 
     /// What `onClick` has told since the list opened or the program selected an entry.
     int told_ = NO_ENTRY;

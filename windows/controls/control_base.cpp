@@ -5,6 +5,8 @@
 #include <memory>
 #include <utility>
 
+#include "windows/controls/annotations.h"
+#include "windows/controls/screen.h"
 #include "windows/controls/window.h"
 
 namespace win {
@@ -54,6 +56,7 @@ ControlBase::ControlBase(Window& window, HWND handle, ui::Control& control)
 }
 
 ControlBase::~ControlBase() {
+    forgetReaders();
     // The procedure stays until the window goes: others may have put theirs before it.
     if (handle_ != nullptr) hookOf(handle_)->wrapper = nullptr;
 }
@@ -96,6 +99,11 @@ std::optional<LRESULT> ControlBase::filter(UINT message, WPARAM wParam, LPARAM l
     if ((message == WM_KEYDOWN || message == WM_SYSKEYDOWN) && keyTaken(static_cast<int>(wParam))) return 0;
     if (message == WM_MOUSEMOVE) mouseMoved(wParam, lParam);
     if (message == WM_SETFOCUS) raise(control_.onGotFocus);
+    if (message == WM_GETDLGCODE && lParam != 0 && dialog_.wantsKey(*reinterpret_cast<const MSG*>(lParam)))
+        return DLGC_WANTMESSAGE;
+    if (message == WM_KEYDOWN && dialog_.takeKey(wParam)) return 0;
+    if (asksForObject(message, lParam)) answerReader();
+    if (message == WM_DESTROY) forgetReaders();
     return onMessage(message, wParam, lParam);
 }
 
@@ -157,7 +165,7 @@ void ControlBase::leaveFocus() {
     for (const HWND dialog : {dialog_.window(), GetAncestor(handle_, GA_ROOT)}) {
         const HWND next = GetNextDlgTabItem(dialog, handle_, FALSE);
         if (next == nullptr || next == handle_) continue;
-        SetFocus(next);
+        moveFocus(dialog, next);
         return;
     }
 }
@@ -178,6 +186,31 @@ void ControlBase::placeAt(const ui::Rect& bounds) {
 void ControlBase::setTip(const std::wstring& text) {
     tip_ = text;
     if (handle_ != nullptr && tipReady_) dialog_.tooltips().set(handle_, text);
+}
+
+// --- Screen readers ---------------------------------------------------------------------------------------
+
+void ControlBase::describe(const std::wstring& text) {
+    description_ = text;
+    tellReaders();
+}
+
+void ControlBase::answerReader() {
+    const Annotations::Words words{description_, accessibleValue()};
+    if (words.description.empty() && words.value.empty()) return;
+    annotated_ = dialog_.screen().annotations().tell(handle_, words);
+}
+
+void ControlBase::tellReaders() {
+    if (!annotated_ || handle_ == nullptr) return;
+    forgetReaders();
+    answerReader();
+    NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, handle_, OBJID_CLIENT, CHILDID_SELF);
+}
+
+void ControlBase::forgetReaders() noexcept {
+    if (annotated_ && handle_ != nullptr) dialog_.screen().annotations().forget(handle_);
+    annotated_ = false;
 }
 
 }  // namespace win

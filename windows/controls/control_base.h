@@ -52,6 +52,12 @@ public:
     virtual HBRUSH backgroundFor(HDC /*canvas*/, HWND /*control*/) { return nullptr; }
     /// Paints the dialog's background where this control is part of it; else false.
     virtual bool paintBackground(HDC /*canvas*/) { return false; }
+    /// The system's colours or its theme have changed.
+    virtual void coloursChanged() {}
+    /// Another resolution: places and font have been scaled already.
+    virtual void rescaled() {}
+    /// What screen readers tell as the control's value, where the control itself tells none.
+    [[nodiscard]] virtual std::wstring accessibleValue() const { return {}; }
     /// Any message to the control, before it gets it; a result keeps it away from the control.
     virtual std::optional<LRESULT> onMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) {
         return std::nullopt;
@@ -77,6 +83,10 @@ protected:
     void placeAt(const ui::Rect& bounds);
     [[nodiscard]] const std::wstring& tip() const { return tip_; }
     void setTip(const std::wstring& text);
+    [[nodiscard]] const std::wstring& words() const { return description_; }
+    void describe(const std::wstring& text);
+    /// Tells screen readers anew, where one has asked.
+    void tellReaders();
 
 private:
     struct Hook;
@@ -88,6 +98,8 @@ private:
     [[nodiscard]] bool keyTaken(int key);
     void mouseMoved(WPARAM wParam, LPARAM lParam);
     void leaveFocus();
+    void answerReader();
+    void forgetReaders() noexcept;
 
     Window& dialog_;
     HWND handle_;
@@ -95,6 +107,9 @@ private:
     std::wstring tip_;
     /// The tooltip control knows the tip.
     bool tipReady_ = false;
+    std::wstring description_;
+    /// A screen reader has asked, and the system keeps words for the control.
+    bool annotated_ = false;
 };
 
 /// A wrapper that speaks an interface of the vocabulary; the kinds add what is theirs.
@@ -115,6 +130,8 @@ public:
     void move(const ui::Rect& bounds) override { placeAt(bounds); }
     [[nodiscard]] std::wstring tooltip() const override { return tip(); }
     void setTooltip(const std::wstring& text) override { setTip(text); }
+    [[nodiscard]] std::wstring description() const override { return words(); }
+    void setDescription(const std::wstring& text) override { describe(text); }
     [[nodiscard]] std::intptr_t handle() const override { return reinterpret_cast<std::intptr_t>(window()); }
 };
 

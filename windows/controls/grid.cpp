@@ -1,8 +1,12 @@
 #include "windows/controls/grid.h"
 
+#include <windowsx.h>
+
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
+#include "windows/controls/popup_menu.h"
 #include "windows/controls/screen.h"
 #include "windows/controls/window.h"
 
@@ -33,14 +37,27 @@ bool startsWith(const std::wstring& text, const std::wstring& start) {
 Grid::Grid(Window& window, HWND handle) : ControlOf(window, handle) {
     constexpr DWORD EXTENDED = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, EXTENDED, EXTENDED);
-    images_ = ImageList_Create(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON),
-                               ILC_COLOR32 | ILC_MASK, 2, 2);
-    send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images_));
+    makeImages();
     header_ = reinterpret_cast<HWND>(send(LVM_GETHEADER));
 }
 
 Grid::~Grid() {
     if (editor_ != nullptr) RemoveWindowSubclass(editor_, editorProcedure, EDITOR_SUBCLASS);
+}
+
+void Grid::makeImages() {
+    const HIMAGELIST before = images_;
+    const int side = dialog().metric(SM_CXSMICON);
+    images_ = ImageList_Create(side, side, ILC_COLOR32 | ILC_MASK, 2, 2);
+    imageIndices_.clear();
+    send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images_));
+    if (before != nullptr) ImageList_Destroy(before);
+}
+
+void Grid::rescaled() {
+    makeImages();
+    fitColumns();
+    refresh();
 }
 
 // --- Columns ----------------------------------------------------------------------------------------------
@@ -49,18 +66,31 @@ void Grid::showColumns() {
     while (send(LVM_DELETECOLUMN, 0)) continue;
     for (std::size_t index = 0; index < columns().size(); ++index)
         insertColumn(static_cast<int>(index), columns()[index]);
+    fitColumns();
 }
 
 void Grid::insertColumn(int index, const ui::GridColumn& column) {
-    RECT area{};
-    GetClientRect(window(), &area);
     LVCOLUMNW shown{};
-    shown.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT | LVCF_SUBITEM;
+    shown.mask = LVCF_TEXT | LVCF_FMT | LVCF_SUBITEM;
     shown.fmt = column.rightAligned ? LVCFMT_RIGHT : LVCFMT_LEFT;
-    shown.cx = (area.right - GetSystemMetrics(SM_CXVSCROLL)) * column.share / 100;
     shown.iSubItem = index;
     shown.pszText = const_cast<wchar_t*>(column.caption.c_str());  // only read
     send(LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&shown));
+}
+
+/// The columns fill the list: the last one takes what the others' shares leave, so that no stub of a header
+/// stands behind it.
+void Grid::fitColumns() {
+    RECT area{};
+    GetClientRect(window(), &area);
+    fittedWidth_ = area.right;
+    int left = 0;
+    for (std::size_t index = 0; index < columns().size(); ++index) {
+        const bool last = index + 1 == columns().size();
+        const int width = last ? area.right - left : area.right * columns()[index].share / 100;
+        send(LVM_SETCOLUMNWIDTH, index, MAKELPARAM(width, 0));
+        left += width;
+    }
 }
 
 void Grid::showSortArrow(int column) {
@@ -70,6 +100,17 @@ void Grid::showSortArrow(int column) {
     if (sortArrow(column) == ui::SortArrow::up) item.fmt |= HDF_SORTUP;
     if (sortArrow(column) == ui::SortArrow::down) item.fmt |= HDF_SORTDOWN;
     SendMessageW(header_, HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+    tellReaders();
+}
+
+/// What the header shows by an arrow.
+std::wstring Grid::accessibleValue() const {
+    for (int column = 0; column < static_cast<int>(columns().size()); ++column) {
+        if (sortArrow(column) == ui::SortArrow::none) continue;
+        const wchar_t* direction = sortArrow(column) == ui::SortArrow::up ? L", ascending" : L", descending";
+        return L"Sorted by " + columns()[static_cast<std::size_t>(column)].caption + direction;
+    }
+    return {};
 }
 
 // --- Rows -------------------------------------------------------------------------------------------------
@@ -147,9 +188,10 @@ LRESULT Grid::draw(NMLVCUSTOMDRAW& drawing) const {
         return CDRF_DODEFAULT;
     drawing.clrText = GetSysColor(COLOR_GRAYTEXT);
     if ((drawing.nmcd.uItemState & CDIS_SELECTED) != 0) {
-        // As long as the list view takes it for selected, it shows its own colours.
+        // As long as the list view takes it for selected, it shows its own colours. Greyed text turned inside
+        // out is as legible as greyed text is, in any scheme, and tells the row from the others.
         drawing.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
-        drawing.clrTextBk = GetSysColor(COLOR_BTNFACE);
+        drawing.clrTextBk = std::exchange(drawing.clrText, GetSysColor(COLOR_WINDOW));
     }
     return CDRF_NEWFONT;
 }
@@ -195,6 +237,30 @@ void Grid::stateChanged(const NMLISTVIEW& change) {
 void Grid::clicked(int row) {
     if (row >= 0 && row < rowCount()) return raise(onRowClick, row);
     showCurrentRow();  // a click beside the rows does not take the current one away
+}
+
+// --- The menu ---------------------------------------------------------------------------------------------
+
+void Grid::openMenu(LPARAM pointer) {
+    const std::vector<ui::GridCommand> commands = menu();
+    if (commands.empty()) return;
+    std::vector<std::wstring> texts;
+    for (const ui::GridCommand& command : commands) texts.push_back(command.text);
+    const int chosen = PopupMenu(texts).ask(dialog().window(), menuPlace(pointer));
+    if (chosen > 0) commands[static_cast<std::size_t>(chosen) - 1].run();
+}
+
+/// The pointer's place; for a key, the current row's. In screen pixels.
+RECT Grid::menuPlace(LPARAM pointer) const {
+    constexpr LPARAM BY_KEY = -1;
+    RECT area{GET_X_LPARAM(pointer), GET_Y_LPARAM(pointer), GET_X_LPARAM(pointer), GET_Y_LPARAM(pointer)};
+    if (pointer != BY_KEY) return area;
+    area = {LVIR_LABEL, 0, 0, 0};
+    const bool known = currentRow() != -1 && send(LVM_GETITEMRECT, static_cast<WPARAM>(currentRow()),
+                                                  reinterpret_cast<LPARAM>(&area)) != 0;
+    if (!known) area = {};
+    MapWindowPoints(window(), nullptr, reinterpret_cast<POINT*>(&area), 2);
+    return area;
 }
 
 // --- The in-place editor ----------------------------------------------------------------------------------
@@ -258,7 +324,7 @@ ui::Grid::EditorContent Grid::takeEditor() {
     return content;
 }
 
-std::optional<LRESULT> Grid::onMessage(UINT message, WPARAM wParam, LPARAM) {
+std::optional<LRESULT> Grid::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == EDIT_ENDED) {
         if (left_) finishEdit();
         return 0;
@@ -267,6 +333,16 @@ std::optional<LRESULT> Grid::onMessage(UINT message, WPARAM wParam, LPARAM) {
         const bool seen = currentRow() == -1 ||
                           send(LVM_GETITEMSTATE, static_cast<WPARAM>(currentRow()), LVIS_SELECTED) != 0;
         if (!seen) showCurrentRow();
+        return 0;
+    }
+    // A scroll bar that comes or goes changes the room for the columns.
+    if (message == WM_SIZE && LOWORD(lParam) != fittedWidth_) fitColumns();
+    if (message == WM_GETDLGCODE && wantsEnter && lParam != 0) {
+        const auto& asked = *reinterpret_cast<const MSG*>(lParam);
+        if (asked.message == WM_KEYDOWN && asked.wParam == VK_RETURN) return DLGC_WANTALLKEYS;
+    }
+    if (message == WM_CONTEXTMENU) {
+        openMenu(lParam);
         return 0;
     }
     if (message != EDIT_WANTED) return std::nullopt;

@@ -21,6 +21,9 @@ public:
     std::optional<LRESULT> onNotify(NMHDR& notification) override;
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void refresh() override;
+    void coloursChanged() override { refresh(); }
+    void rescaled() override;
+    [[nodiscard]] std::wstring accessibleValue() const override;
 
 protected:
     void showColumns() override;
@@ -32,12 +35,16 @@ protected:
     EditorContent takeEditor() override;
 
 private:
+    void makeImages();
+    void fitColumns();
     void insertColumn(int index, const ui::GridColumn& column);
     void describe(LVITEMW& item);
     [[nodiscard]] int imageOf(int picture);
     [[nodiscard]] int addImage(int picture);
     [[nodiscard]] LRESULT findRow(const NMLVFINDITEMW& wanted) const;
     [[nodiscard]] LRESULT draw(NMLVCUSTOMDRAW& drawing) const;
+    void openMenu(LPARAM pointer);
+    [[nodiscard]] RECT menuPlace(LPARAM pointer) const;
     void stateChanged(const NMLISTVIEW& change);
     void clicked(int row);
     [[nodiscard]] LRESULT editorOpens(int row);
@@ -47,11 +54,12 @@ private:
                                             UINT_PTR identifier, DWORD_PTR grid) noexcept;
 
     HWND header_;
-    HIMAGELIST images_;                ///< the list view destroys it
+    HIMAGELIST images_ = nullptr;      ///< the list view destroys it
     std::map<int, int> imageIndices_;  ///< by the icons' identifiers
     // What the list view shows: asking it would make it look through its rows.
     int shownRows_ = 0;
     int selected_ = -1;
+    int fittedWidth_ = 0;  ///< the inner width that the columns fill
     /// The list view is being told which row is current, and tells it back.
     bool telling_ = false;
     /// The program opens the editor; the list view alone may not.

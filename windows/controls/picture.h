@@ -10,6 +10,7 @@ class Picture : public ControlOf<ui::Picture> {
 public:
     Picture(Window& window, HWND handle);
     void move(const ui::Rect& bounds) override;
+    void rescaled() override { load(); }
 
 private:
     void load();

@@ -39,6 +39,13 @@ void check(HWND button, bool checked) {
 
 }  // namespace
 
+// --- Label ------------------------------------------------------------------------------------------------
+
+void Label::announce() {
+    constexpr DWORD LIVE_REGION_CHANGED = 0x8019;
+    NotifyWinEvent(LIVE_REGION_CHANGED, window(), OBJID_CLIENT, CHILDID_SELF);
+}
+
 // --- Button -----------------------------------------------------------------------------------------------
 
 Button::Button(Window& window, HWND handle) : ControlOf(window, handle), caption_(windowText()) {
@@ -53,10 +60,13 @@ std::optional<LRESULT> Button::onMessage(UINT message, WPARAM wParam, LPARAM) {
 
 void Button::showIcon() {
     if ((style() & BS_ICON) == 0 || send(BM_GETIMAGE, IMAGE_ICON) != 0) return;
-    const int width = GetSystemMetrics(SM_CXSMICON);
-    const int height = GetSystemMetrics(SM_CYSMICON);
-    const HICON icon = dialog().screen().icons().icon(GetDlgCtrlID(window()), width, height);
+    const HICON icon = dialog().screen().icons().glyph(GetDlgCtrlID(window()), dialog().metric(SM_CXSMICON),
+                                                       GetSysColor(COLOR_BTNTEXT));
     send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon));
+}
+
+void Button::drawIconAnew() {
+    if (send(BM_SETIMAGE, IMAGE_ICON, 0) != 0) showIcon();
 }
 
 void Button::onCommand(int code) {

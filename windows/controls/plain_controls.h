@@ -8,9 +8,14 @@
 
 namespace win {
 
-using Label = ControlOf<ui::Label>;
 using Frame = ControlOf<ui::Frame>;
 using Line = ControlOf<ui::Line>;
+
+class Label : public ControlOf<ui::Label> {
+public:
+    using ControlOf::ControlOf;
+    void announce() override;
+};
 
 /// A button that shows a picture shows the module's icon of its own identifier, and bears its tooltip as
 /// window text, which screen readers tell.
@@ -22,10 +27,13 @@ public:
     [[nodiscard]] std::wstring text() const override { return caption_; }
     void setText(const std::wstring& text) override;
     void setTooltip(const std::wstring& text) override;
+    void coloursChanged() override { drawIconAnew(); }
+    void rescaled() override { drawIconAnew(); }
 
 private:
     void nameWindow();
     void showIcon();
+    void drawIconAnew();
 
     std::wstring caption_;
 };

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "windows/controls/dpi.h"
 #include "windows/controls/window.h"
 #include "windows/platform/text.h"
 
@@ -11,13 +12,6 @@ namespace win {
 namespace {
 
 constexpr double TWIPS_PER_INCH = 1440.0;
-
-int pixelsPerInch(int direction) {
-    const HDC screen = GetDC(nullptr);
-    const int pixels = GetDeviceCaps(screen, direction);
-    ReleaseDC(nullptr, screen);
-    return pixels;
-}
 
 int CALLBACK noteFont(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM names) noexcept {
     try {
@@ -53,6 +47,10 @@ void Screen::loadRichEdit() {
     if (richEdit_ == nullptr) throwLastError();
 }
 
+ToolbarImages& Screen::toolbarImages(int side) {
+    return toolbarImages_.try_emplace(side, icons_, side).first->second;
+}
+
 std::unique_ptr<ui::Window> Screen::createDialog(int templateIdentifier, ui::Window* owner) {
     const HWND parent = owner ? GetAncestor(handleOf(owner), GA_ROOT) : nullptr;
     return std::make_unique<Window>(*this, Window::Role::dialog, templateIdentifier, parent,
@@ -63,9 +61,9 @@ std::unique_ptr<ui::Window> Screen::createPage(int templateIdentifier, HWND pare
     return std::make_unique<Window>(*this, Window::Role::page, templateIdentifier, parent, nullptr);
 }
 
-double Screen::twipsPerPixelX() const { return TWIPS_PER_INCH / pixelsPerInch(LOGPIXELSX); }
+double Screen::twipsPerPixelX() const { return TWIPS_PER_INCH / systemDpi(); }
 
-double Screen::twipsPerPixelY() const { return TWIPS_PER_INCH / pixelsPerInch(LOGPIXELSY); }
+double Screen::twipsPerPixelY() const { return TWIPS_PER_INCH / systemDpi(); }
 
 int Screen::scrollThumbWidth() const { return GetSystemMetrics(SM_CXHTHUMB); }
 

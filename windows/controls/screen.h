@@ -3,10 +3,12 @@
 
 #include <windows.h>
 
+#include <map>
 #include <vector>
 
 #include "ui/window.h"
 #include "windows/controls/activation_context.h"
+#include "windows/controls/annotations.h"
 #include "windows/controls/icon_cache.h"
 #include "windows/controls/image_list.h"
 
@@ -76,7 +78,9 @@ public:
     /// vexa::Error.
     void loadRichEdit();
     [[nodiscard]] IconCache& icons() { return icons_; }
-    [[nodiscard]] ToolbarImages& toolbarImages() { return toolbarImages_; }
+    /// The toolbars' icons in a size in pixels.
+    [[nodiscard]] ToolbarImages& toolbarImages(int side);
+    [[nodiscard]] Annotations& annotations() { return annotations_; }
     void add(Window& window) { windows_.push_back(&window); }
     void remove(Window& window);
     /// Closes what was opened from `window`, at any depth.
@@ -93,7 +97,8 @@ private:
     ActivationContext context_;
     HMODULE richEdit_ = nullptr;
     IconCache icons_{instance_};
-    ToolbarImages toolbarImages_{instance_};
+    std::map<int, ToolbarImages> toolbarImages_;  ///< by size
+    Annotations annotations_;
     std::vector<Window*> windows_;
     std::vector<Modal*> modals_;
     bool closing_ = false;

@@ -1,5 +1,7 @@
 #include "windows/controls/swatch.h"
 
+#include <iterator>
+
 #include "ui/contrast.h"
 
 namespace win {
@@ -48,15 +50,45 @@ void Swatch::setTooltip(const std::wstring& text) {
     nameWindow();
 }
 
-/// Screen readers tell the window's text: without a caption it is the tooltip.
 void Swatch::nameWindow() {
-    SetWindowTextW(window(), (caption_.empty() ? tip() : caption_).c_str());
+    SetWindowTextW(window(), name().c_str());
     InvalidateRect(window(), nullptr, FALSE);
+}
+
+/// Screen readers tell the window's text: without a caption it is that of the label before the swatch, else
+/// the tooltip.
+std::wstring Swatch::name() const {
+    if (!caption_.empty()) return caption_;
+    const HWND before = GetWindow(window(), GW_HWNDPREV);
+    wchar_t label[100] = L"";
+    const bool isText = (SendMessageW(before, WM_GETDLGCODE, 0, 0) & DLGC_STATIC) != 0;
+    if (isText) GetWindowTextW(before, label, static_cast<int>(std::size(label)));
+    return label[0] != L'\0' ? label : tip();
 }
 
 void Swatch::setColour(ui::Colour colour) {
     colour_ = colour;
     InvalidateRect(window(), nullptr, FALSE);
+    tellReaders();
+}
+
+std::wstring Swatch::accessibleValue() const {
+    const auto part = [this](int shift) { return std::to_wstring(colour_ >> shift & 0xFF); };
+    return L"Red " + part(0) + L", green " + part(8) + L", blue " + part(16);
+}
+
+/// Enter would press the dialog's default button: a control that draws itself is none that it takes for one.
+std::optional<LRESULT> Swatch::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    constexpr LPARAM REPEATED = 1 << 30;
+    if (message == WM_GETDLGCODE && lParam != 0) {
+        const auto& asked = *reinterpret_cast<const MSG*>(lParam);
+        const bool enter =
+            (asked.message == WM_KEYDOWN || asked.message == WM_CHAR) && asked.wParam == VK_RETURN;
+        if (enter) return DLGC_BUTTON | DLGC_WANTMESSAGE;
+    }
+    if (message != WM_KEYDOWN || wParam != VK_RETURN) return std::nullopt;
+    if ((lParam & REPEATED) == 0) raise(onClick);
+    return 0;
 }
 
 bool Swatch::onDrawItem(const DRAWITEMSTRUCT& item) {

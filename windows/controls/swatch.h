@@ -10,6 +10,10 @@ class Swatch : public ControlOf<ui::Swatch> {
 public:
     Swatch(Window& window, HWND handle);
     void onCommand(int code) override;
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void coloursChanged() override { InvalidateRect(window(), nullptr, FALSE); }
+    /// The colour in words.
+    [[nodiscard]] std::wstring accessibleValue() const override;
     bool onDrawItem(const DRAWITEMSTRUCT& item) override;
 
     [[nodiscard]] std::wstring text() const override { return caption_; }
@@ -21,6 +25,7 @@ public:
 
 private:
     void nameWindow();
+    [[nodiscard]] std::wstring name() const;
 
     std::wstring caption_;
     ui::Colour colour_ = 0x00FFFFFF;

@@ -12,6 +12,7 @@ public:
     ~TabStrip() override;
     std::optional<LRESULT> onNotify(NMHDR& notification) override;
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void coloursChanged() override { forgetInside(); }
     HBRUSH backgroundFor(HDC canvas, HWND control) override;
     /// Frames fill themselves with the dialog's background, so the inside of the pages is part of it.
     bool paintBackground(HDC canvas) override;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "windows/controls/popup_menu.h"
 #include "windows/controls/screen.h"
 #include "windows/controls/window.h"
 
@@ -10,7 +11,7 @@ namespace {
 
 using Type = ui::ToolbarButton::Type;
 
-constexpr int GAP = 8;  // pixels
+constexpr int GAP = 8;  // pixels at 96 DPI
 
 BYTE styleOf(const ui::ToolbarButton& button) {
     const auto text = static_cast<BYTE>(button.caption.empty() ? 0 : BTNS_SHOWTEXT);
@@ -21,29 +22,6 @@ BYTE styleOf(const ui::ToolbarButton& button) {
         default: return BTNS_SEP;
     }
 }
-
-/// A menu of the system, for as long as this lives.
-class PopupMenu {
-public:
-    explicit PopupMenu(const std::vector<ui::ToolbarMenuEntry>& entries) : menu_(CreatePopupMenu()) {
-        UINT_PTR identifier = 0;
-        for (const ui::ToolbarMenuEntry& entry : entries)
-            AppendMenuW(menu_, MF_STRING, ++identifier, entry.text.c_str());
-    }
-    PopupMenu(const PopupMenu&) = delete;
-    PopupMenu& operator=(const PopupMenu&) = delete;
-    ~PopupMenu() { DestroyMenu(menu_); }
-
-    /// The number of the chosen entry, counted from 1; 0 for none. `area` is in screen pixels.
-    [[nodiscard]] int ask(HWND owner, const RECT& area) const {
-        TPMPARAMS aside{sizeof aside, area};
-        return TrackPopupMenuEx(menu_, TPM_RETURNCMD | TPM_LEFTALIGN | TPM_TOPALIGN | TPM_VERTICAL, area.left,
-                                area.bottom, owner, &aside);
-    }
-
-private:
-    HMENU menu_;
-};
 
 }  // namespace
 
@@ -56,26 +34,47 @@ Toolbar::Toolbar(Window& dialogWindow, HWND handle) : ControlOf(dialogWindow, ha
 
 // --- Buttons ----------------------------------------------------------------------------------------------
 
+ToolbarImages& Toolbar::images() const {
+    return dialog().screen().toolbarImages(dialog().metric(SM_CXSMICON));
+}
+
 void Toolbar::setButtons(std::vector<ui::ToolbarButton> buttons) {
     while (send(TB_DELETEBUTTON)) continue;
     buttons_ = std::move(buttons);
-    ToolbarImages& images = dialog().screen().toolbarImages();
     std::vector<TBBUTTON> rows;
-    for (const ui::ToolbarButton& source : buttons_) {
-        TBBUTTON row{};
-        const bool gap = source.type == Type::separator || source.type == Type::placeholder;
-        row.iBitmap = gap ? GAP : I_IMAGENONE;
-        if (source.icon != 0) row.iBitmap = images.place(source.icon, source.disabledIcon);
-        row.idCommand = static_cast<int>(rows.size()) + 1;
-        row.fsState = TBSTATE_ENABLED;
-        row.fsStyle = styleOf(source);
-        const std::wstring& name = source.caption.empty() ? source.tooltip : source.caption;
-        if (!gap) row.iString = reinterpret_cast<INT_PTR>(name.c_str());
-        rows.push_back(row);
-    }
-    send(TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.enabled()));
-    send(TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(images.disabled()));
+    for (const ui::ToolbarButton& source : buttons_)
+        rows.push_back(rowOf(source, static_cast<int>(rows.size()) + 1));
+    send(TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images().enabled()));
+    send(TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(images().disabled()));
     send(TB_ADDBUTTONSW, rows.size(), reinterpret_cast<LPARAM>(rows.data()));
+}
+
+TBBUTTON Toolbar::rowOf(const ui::ToolbarButton& source, int index) const {
+    TBBUTTON row{};
+    const bool gap = source.type == Type::separator || source.type == Type::placeholder;
+    row.iBitmap = gap ? MulDiv(GAP, dialog().dpi(), USER_DEFAULT_SCREEN_DPI) : I_IMAGENONE;
+    if (source.icon != 0) row.iBitmap = images().place(source.icon);
+    row.idCommand = index;
+    row.fsState = TBSTATE_ENABLED;
+    row.fsStyle = styleOf(source);
+    const std::wstring& name = source.caption.empty() ? source.tooltip : source.caption;
+    if (!gap) row.iString = reinterpret_cast<INT_PTR>(name.c_str());
+    return row;
+}
+
+void Toolbar::coloursChanged() {
+    images().followColours();
+    InvalidateRect(window(), nullptr, TRUE);
+}
+
+/// Buttons, gaps and pictures of the new size, in the state that they had.
+void Toolbar::rescaled() {
+    std::vector<LRESULT> states;
+    for (int index = 1; index <= count(); ++index)
+        states.push_back(send(TB_GETSTATE, static_cast<WPARAM>(index)));
+    setButtons(std::vector<ui::ToolbarButton>(buttons_));
+    for (int index = 1; index <= count(); ++index)
+        send(TB_SETSTATE, static_cast<WPARAM>(index), states[static_cast<std::size_t>(index) - 1]);
 }
 
 const ui::ToolbarButton& Toolbar::button(int index) const {
@@ -156,7 +155,9 @@ void Toolbar::openMenu(int index) {
     send(TB_GETITEMRECT, static_cast<WPARAM>(index) - 1, reinterpret_cast<LPARAM>(&area));
     MapWindowPoints(window(), nullptr, reinterpret_cast<POINT*>(&area), 2);
     const std::vector<ui::ToolbarMenuEntry>& entries = button(index).menu;
-    const int chosen = PopupMenu(entries).ask(dialog().window(), area);
+    std::vector<std::wstring> texts;
+    for (const ui::ToolbarMenuEntry& entry : entries) texts.push_back(entry.text);
+    const int chosen = PopupMenu(texts).ask(dialog().window(), area);
     if (chosen > 0) raise(onMenuClick, std::wstring(entries[static_cast<std::size_t>(chosen) - 1].key));
 }
 

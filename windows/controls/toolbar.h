@@ -8,6 +8,7 @@
 
 #include "ui/toolbar.h"
 #include "windows/controls/control_base.h"
+#include "windows/controls/image_list.h"
 
 namespace win {
 
@@ -18,6 +19,8 @@ public:
     std::optional<LRESULT> onNotify(NMHDR& notification) override;
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     [[nodiscard]] HWND tipWindow() const override;
+    void coloursChanged() override;
+    void rescaled() override;
 
     void setButtons(std::vector<ui::ToolbarButton> buttons) override;
     [[nodiscard]] int count() const override { return static_cast<int>(buttons_.size()); }
@@ -30,6 +33,8 @@ public:
 
 private:
     [[nodiscard]] const ui::ToolbarButton& button(int index) const;
+    [[nodiscard]] ToolbarImages& images() const;
+    [[nodiscard]] TBBUTTON rowOf(const ui::ToolbarButton& source, int index) const;
     [[nodiscard]] bool canBePressed(int index) const;
     void tellTip(NMHDR& notification) const;
     /// The text belongs to the button, which outlives the tip.

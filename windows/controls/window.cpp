@@ -10,6 +10,7 @@
 
 #include "ui/form.h"
 #include "windows/controls/control_factory.h"
+#include "windows/controls/dpi.h"
 #include "windows/controls/screen.h"
 #include "windows/controls/template_reader.h"
 #include "windows/platform/desktop.h"
@@ -20,7 +21,8 @@ namespace win {
 namespace {
 
 constexpr UINT MODAL_LOOP_RUNS = WM_APP + 1;
-constexpr UINT DPI_CHANGED_AFTER_PARENT = 0x02E3;
+constexpr UINT MONITOR_CHANGED = 0x02E0;           // WM_DPICHANGED
+constexpr UINT DPI_CHANGED_AFTER_PARENT = 0x02E3;  // WM_DPICHANGED_AFTERPARENT
 
 /// What holds while a window runs modally: its owner is disabled, and gets activation and focus back.
 class DisabledOwner {
@@ -48,19 +50,6 @@ private:
     bool enableAgain_;
 };
 
-/// The title bar's icon, where the module has one under the dialog's identifier. The system shares it and
-/// frees it.
-void setIcon(HWND window, HINSTANCE module, int identifier) {
-    const HANDLE icon = LoadImageW(module, MAKEINTRESOURCEW(identifier), IMAGE_ICON,
-                                   GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED);
-    if (icon != nullptr) SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
-}
-
-BOOL CALLBACK forwardColourChange(HWND control, LPARAM) noexcept {
-    SendMessageW(control, WM_SYSCOLORCHANGE, 0, 0);
-    return TRUE;
-}
-
 }  // namespace
 
 Window::Window(Screen& screen, Role role, int templateIdentifier, HWND parent, Window* owner)
@@ -72,7 +61,9 @@ Window::Window(Screen& screen, Role role, int templateIdentifier, HWND parent, W
                            reinterpret_cast<LPARAM>(this)) == nullptr)
         throwLastError();
     tooltips_ = std::make_unique<Tooltips>(screen_.context(), handle_);
-    setIcon(handle_, screen_.instance(), templateIdentifier);
+    dpi_ = dpiOf(handle_);
+    if (role_ == Role::dialog) keepDialogScaling(handle_);
+    showIcon();
     // A page lies on a tab and shows the tab's own background.
     if (role_ == Role::page) EnableThemeDialogTexture(handle_, ETDT_ENABLETAB);
     screen_.add(*this);
@@ -88,9 +79,11 @@ Window::~Window() {
     if (handle_ != nullptr) SetWindowLongPtrW(handle_, DWLP_USER, 0);
     controls_.clear();
     tooltips_.reset();
-    if (handle_ == nullptr) return;
-    forgetDialog(handle_);
-    DestroyWindow(handle_);
+    if (handle_ != nullptr) {
+        forgetDialog(handle_);
+        DestroyWindow(handle_);
+    }
+    if (font_ != nullptr) DeleteObject(font_);
 }
 
 INT_PTR CALLBACK Window::procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -118,7 +111,13 @@ std::optional<LRESULT> Window::handle(UINT message, WPARAM wParam, LPARAM lParam
         case WM_COMMAND: command(wParam, reinterpret_cast<HWND>(lParam)); return 0;
         case WM_TIMER: tick(wParam); return 0;
         case WM_SIZE: resized(); return 0;
-        case DPI_CHANGED_AFTER_PARENT: resized(); return 0;
+        case MONITOR_CHANGED:
+            monitorChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+            return 0;
+        case DPI_CHANGED_AFTER_PARENT:
+            takeDpi(dpiOf(handle_));
+            resized();
+            return 0;
         case WM_CLOSE:
             // Controls of old habits send this to their parent; a page lives until its container ends it.
             if (role_ == Role::dialog) close();
@@ -126,8 +125,12 @@ std::optional<LRESULT> Window::handle(UINT message, WPARAM wParam, LPARAM lParam
         case WM_ERASEBKGND: return eraseBackground(reinterpret_cast<HDC>(wParam));
         case WM_SETCURSOR: return keepPointer() ? std::optional<LRESULT>(TRUE) : std::nullopt;
         case WM_SYSCOLORCHANGE: refreshColours(); return std::nullopt;
+        case WM_THEMECHANGED:
+        case WM_SETTINGCHANGE: tellColours(); return std::nullopt;
         case WM_NCDESTROY: vanished(); return std::nullopt;
         case MODAL_LOOP_RUNS: scripted(); return 0;
+        case WM_HELP: return showHelp();
+        case WM_SYSCOMMAND: return (wParam & 0xFFF0) == SC_CONTEXTHELP ? showHelp() : std::nullopt;
         default: return route(message, wParam, lParam);
     }
 }
@@ -214,7 +217,7 @@ void Window::vanished() {
 
 void Window::resized() { raise(onResize); }
 
-void Window::refreshColours() { EnumChildWindows(handle_, forwardColourChange, 0); }
+// --- Timers and sizes -------------------------------------------------------------------------------------
 
 std::unique_ptr<ui::Timer> Window::createTimer() {
     auto timer = std::make_unique<Timer>(*this, ++lastTimer_);
@@ -269,7 +272,7 @@ void Window::show() {
     ShowWindow(handle_, SW_SHOW);
     SetForegroundWindow(handle_);
     if (firstFocus_ != nullptr)
-        SetFocus(firstFocus_);
+        moveFocus(handle_, firstFocus_);
     else
         SendMessageW(handle_, WM_NEXTDLGCTL,
                      reinterpret_cast<WPARAM>(GetNextDlgTabItem(handle_, nullptr, FALSE)), TRUE);
@@ -340,9 +343,16 @@ HWND Window::focus() const { return IsWindowVisible(handle_) ? GetFocus() : firs
 
 void Window::setFocus(HWND control) {
     if (IsWindowVisible(handle_))
-        SetFocus(control);
+        moveFocus(handle_, control);
     else
         firstFocus_ = control;
+}
+
+void moveFocus(HWND dialog, HWND next) {
+    if ((SendMessageW(next, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0)
+        SetFocus(next);
+    else
+        SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
 }
 
 }  // namespace win

@@ -15,6 +15,7 @@
 namespace win {
 
 class Screen;
+class TabStrip;
 
 class Window : public ui::Window {
 public:
@@ -32,6 +33,7 @@ public:
     void setOuterSize(const ui::Size& size) override;
     [[nodiscard]] ui::Size innerSize() const override;
     [[nodiscard]] std::intptr_t handle() const override { return reinterpret_cast<std::intptr_t>(handle_); }
+    [[nodiscard]] double magnification() const override;
     void runModal(ui::Form& form, const std::function<void()>& load) override;
     void close() override;
     [[nodiscard]] bool isOpen() const override { return open_ && handle_ != nullptr; }
@@ -46,6 +48,16 @@ public:
     /// The control that has the focus, or will have it once the window is shown.
     [[nodiscard]] HWND focus() const;
     void setFocus(HWND control);
+    /// Keys that mean the dialog, whichever of its controls has the focus.
+    [[nodiscard]] bool wantsKey(const MSG& message) const;
+    /// True where the key was one of those.
+    bool takeKey(WPARAM key);
+    /// A system metric at the window's resolution.
+    [[nodiscard]] int metric(int index) const;
+    /// Pixels per inch of the window's monitor.
+    [[nodiscard]] int dpi() const { return dpi_; }
+    /// Scales the controls to another resolution.
+    void takeDpi(int dpi);
     [[nodiscard]] int templateIdentifier() const { return templateIdentifier_; }
 
     // For the screen and the timers.
@@ -74,7 +86,12 @@ private:
     void scripted();
     void vanished();
     void resized();
+    void monitorChanged(int dpi, const RECT& place);
     void refreshColours();
+    void tellColours();
+    void showIcon();
+    [[nodiscard]] TabStrip* tabs() const;
+    [[nodiscard]] std::optional<LRESULT> showHelp();
     void show();
     void pump();
 
@@ -83,6 +100,9 @@ private:
     int templateIdentifier_;
     Window* owner_;
     HWND handle_ = nullptr;
+    int dpi_ = 0;
+    /// The controls' font once they have been scaled; else null.
+    HFONT font_ = nullptr;
     bool open_ = true;
     bool closing_ = false;
     /// The control that gets the focus when the window is shown.
@@ -93,5 +113,9 @@ private:
     std::vector<Timer*> timers_;
     std::uintptr_t lastTimer_ = 0;
 };
+
+/// As a dialog moves its focus, so that its default button follows. A text box would be selected whole by
+/// that.
+void moveFocus(HWND dialog, HWND next);
 
 }  // namespace win

@@ -3,6 +3,18 @@
 #include "common/error.h"
 
 namespace win {
+namespace {
+
+std::wstring decoded(const std::string& bytes, UINT codePage) {
+    if (bytes.empty()) return {};
+    const int size = static_cast<int>(bytes.size());
+    const int length = MultiByteToWideChar(codePage, 0, bytes.data(), size, nullptr, 0);
+    std::wstring text(static_cast<std::size_t>(length), L'\0');
+    MultiByteToWideChar(codePage, 0, bytes.data(), size, text.data(), length);
+    return text;
+}
+
+}  // namespace
 
 std::string toAnsi(const std::wstring& text) {
     if (text.empty()) return {};
@@ -13,14 +25,9 @@ std::string toAnsi(const std::wstring& text) {
     return bytes;
 }
 
-std::wstring fromAnsi(const std::string& bytes) {
-    if (bytes.empty()) return {};
-    const int size = static_cast<int>(bytes.size());
-    const int length = MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, nullptr, 0);
-    std::wstring text(static_cast<std::size_t>(length), L'\0');
-    MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, text.data(), length);
-    return text;
-}
+std::wstring fromAnsi(const std::string& bytes) { return decoded(bytes, CP_ACP); }
+
+std::wstring fromUtf8(const std::string& bytes) { return decoded(bytes, CP_UTF8); }
 
 std::wstring systemErrorText(DWORD code) {
     wchar_t buffer[512];

@@ -10,6 +10,7 @@ namespace win {
 /// Characters that the ANSI code page lacks become the system's default character.
 [[nodiscard]] std::string toAnsi(const std::wstring& text);
 [[nodiscard]] std::wstring fromAnsi(const std::string& bytes);
+[[nodiscard]] std::wstring fromUtf8(const std::string& bytes);
 
 /// The system's description of an error code, without line ends; "Error <code>" where it has none.
 [[nodiscard]] std::wstring systemErrorText(DWORD code);

@@ -246,6 +246,16 @@ void WindowsUser::clickButton(ui::Toolbar& toolbar, int index) {
     clickAt(window, area.left + area.width / 2, area.top + area.height / 2);
 }
 
+void WindowsUser::chooseFromMenu(ui::Grid& grid, int entry) {
+    const HWND list = windowOf(grid);
+    if (!isReachable(list) || GetFocus() != list) return;
+    for (int step = 0; step <= entry; ++step) PostMessageW(list, WM_KEYDOWN, VK_DOWN, ONE_PRESS);
+    PostMessageW(list, WM_CHAR, L'\r', ONE_PRESS);
+    // What the context-menu key comes to.
+    SendMessageW(list, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(list), -1);
+    deliverMessages();
+}
+
 void WindowsUser::chooseMenu(ui::Toolbar& toolbar, int index, int entry) {
     const HWND window = windowOf(toolbar);
     if (!isReachable(window) || !toolbar.buttonEnabled(index)) return;

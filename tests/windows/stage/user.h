@@ -25,6 +25,7 @@ public:
     void clickHeader(ui::Grid& grid, int column) override;
     void rewrite(ui::Grid& grid, const std::wstring& text) override;
     void clickButton(ui::Toolbar& toolbar, int index) override;
+    void chooseFromMenu(ui::Grid& grid, int entry) override;
     void chooseMenu(ui::Toolbar& toolbar, int index, int entry) override;
     void resize(ui::Window& window, const ui::Size& outerSize) override;
     void closeWindow(ui::Window& window) override;

@@ -1,0 +1,123 @@
+// What screen readers are told of every control of the page and of every dialog.
+#include <algorithm>
+#include <iomanip>
+#include <iostream>
+#include <set>
+
+#include "settings/frmDispMatches.ids.h"
+#include "tests/windows/controls/annotations_stand_in.h"
+#include "tests/windows/controls/product_dialogs.h"
+#include "tests/windows/stage/user.h"
+
+namespace tests {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+bool canHaveFocus(HWND window) {
+    const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
+    const bool stop = (style & WS_TABSTOP) != 0;
+    const auto code = static_cast<UINT>(SendMessageW(window, WM_GETDLGCODE, 0, 0));
+    return stop || (code & DLGC_RADIOBUTTON) != 0;
+}
+
+/// The table of one window: every control that can have the focus, whichever tab it is on. None is without a
+/// name, and no two are told alike.
+void printAndCheck(const char* dialogName, HWND dialog, const AnnotationsStandIn& annotations) {
+    std::set<std::wstring> told;
+    for (const HWND control : controlsOf(dialog)) {
+        if (!canHaveFocus(control)) continue;
+        const Told row = askReader(control, annotations);
+        std::wcout << std::left << std::setw(20) << dialogName << std::setw(16) << classOf(control)
+                   << std::setw(12) << row.role << std::setw(32) << row.name << std::setw(46)
+                   << row.description << std::setw(32) << row.value << row.state << L"\n";
+        EXPECT_THAT(row.name, Not(IsEmpty())) << dialogName << " " << GetDlgCtrlID(control);
+        EXPECT_TRUE(told.insert(classOf(control) + L"|" + row.name).second)
+            << dialogName << ": two controls are told alike: " << GetDlgCtrlID(control);
+    }
+    EXPECT_FALSE(told.empty());
+}
+
+class Accessibility : public EachProductDialog {
+protected:
+    AnnotationsStandIn annotations;
+};
+
+TEST_P(Accessibility, EveryControlThatCanHaveTheFocusIsToldByAName) {
+    inDialog([&](ui::Form&, HWND dialog) { printAndCheck(GetParam().name, dialog, annotations); });
+    EXPECT_EQ(annotations.kept(), 0U) << "words are taken back before their window goes";
+    EXPECT_EQ(annotations.forgotten(), 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Dialogs, Accessibility, testing::ValuesIn(PRODUCT_DIALOGS), dialogName);
+
+class AccessibilityOfOne : public ProductDialogs {
+protected:
+    AnnotationsStandIn annotations;
+    Told ask(const ui::Control& control) { return askReader(windowOf(control), annotations); }
+    template <class Form>
+    void open(const std::function<void(Form&)>& script) {
+        stage->whenShown<Form>([&](Form& form) {
+            script(form);
+            user.closeWindow(form.window());
+        });
+        if constexpr (std::is_constructible_v<Form, vexa::Application&, ui::Window&>)
+            Form(application, page->window()).Show();
+        else
+            Form(application, page->window(), [](ui::Window&) {}).Show();
+    }
+};
+
+TEST_F(AccessibilityOfOne, ButtonsOfThePageTellWhatTheyAreFor) {
+    for (const ui::Button* button : {&page->cmdKnowledgeBase, &page->cmdSettings, &page->cmdAttachments,
+                                     &page->cmdDispMatches, &page->cmdWizard}) {
+        const Told told = ask(*button);
+        EXPECT_THAT(told.name, Not(IsEmpty()));
+        EXPECT_THAT(told.description, HasSubstr(L".")) << "a sentence";
+    }
+    EXPECT_THAT(ask(page->cmdAttachments).description, HasSubstr(L"attached files"));
+}
+
+TEST_F(AccessibilityOfOne, SwatchesTellTheirColourAndAreToldApart) {
+    open<vexa::frmDispMatches>([&](vexa::frmDispMatches& form) {
+        EXPECT_EQ(ask(form.lblSelHotspotColor).name, L"Select Color");
+        EXPECT_EQ(ask(form.lblSelHotspotColor).value, L"Red 255, green 255, blue 0");
+        EXPECT_EQ(ask(form.lblPenalty[0]).name, L"Best match");
+        EXPECT_EQ(ask(form.lblPenalty[2]).value, L"Red 0, green 0, blue 255");
+        form.lblPenalty[2].get().setColour(0x000080FF);
+        EXPECT_EQ(annotations.wordsFor(windowOf(form.lblPenalty[2])).value, L"Red 255, green 128, blue 0")
+            << "a reader that has asked hears of the new colour";
+    });
+}
+
+TEST_F(AccessibilityOfOne, FieldsTellTheirRange) {
+    open<vexa::frmSettings>([&](vexa::frmSettings& form) {
+        EXPECT_EQ(ask(form.txtDelay).name, L"Delay");
+        EXPECT_EQ(ask(form.txtDelay).description, L"0 - 60 (sec)");
+        EXPECT_EQ(ask(form.txtEntryCount).description, L"10 to 10000");
+        EXPECT_EQ(ask(form.txtMinRel).description, L"0 - 100(%)");
+    });
+}
+
+TEST_F(AccessibilityOfOne, TheListTellsItsSort) {
+    open<vexa::frmKBConfiguration>([&](vexa::frmKBConfiguration& form) {
+        EXPECT_EQ(ask(form.sftKBConfiguration).name, L"Knowledgebases");
+        user.clickHeader(form.sftKBConfiguration, 2);
+        EXPECT_THAT(ask(form.sftKBConfiguration).value, HasSubstr(L"Sorted by Size, "));
+        const std::wstring before = ask(form.sftKBConfiguration).value;
+        user.clickHeader(form.sftKBConfiguration, 2);
+        EXPECT_NE(annotations.wordsFor(windowOf(form.sftKBConfiguration)).value, before);
+    });
+}
+
+TEST_F(AccessibilityOfOne, NothingIsKeptForADialogThatNobodyAsks) {
+    open<vexa::frmDispMatches>([&](vexa::frmDispMatches& form) {
+        form.lblSelHotspotColor.setColour(0x123456);
+        EXPECT_EQ(annotations.kept(), 0U);
+    });
+}
+
+}  // namespace
+}  // namespace tests

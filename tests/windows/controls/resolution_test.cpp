@@ -1,0 +1,129 @@
+// A window that comes to a monitor of another resolution while it is open.
+#include <commctrl.h>
+
+#include <cmath>
+
+#include "tests/windows/controls/product_dialogs.h"
+#include "tests/windows/stage/user.h"
+#include "windows/controls/dpi.h"
+#include "windows/controls/window.h"
+
+namespace tests {
+namespace {
+
+constexpr UINT DPI_CHANGED = 0x02E0;
+
+/// The sizes of a dialog's controls, and of what they show.
+struct Sizes {
+    std::vector<std::pair<std::wstring, int>> widths;
+    std::vector<std::pair<std::wstring, int>> heights;
+    int font = 0;
+};
+
+int fontHeight(HWND window) {
+    LOGFONTW font{};
+    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
+    return std::abs(font.lfHeight);
+}
+
+void addPartsOf(HWND control, const std::wstring& name, Sizes& sizes) {
+    if (classOf(control) == L"SysListView32") {
+        RECT row{};
+        if (SendMessageW(control, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row)) != 0)
+            sizes.heights.emplace_back(name + L" row", row.bottom - row.top);
+        const auto width = static_cast<int>(SendMessageW(control, LVM_GETCOLUMNWIDTH, 0, 0));
+        sizes.widths.emplace_back(name + L" column", width);
+    }
+    if (classOf(control) == L"ToolbarWindow32") {
+        RECT button{};
+        SendMessageW(control, TB_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&button));
+        sizes.heights.emplace_back(name + L" button", button.bottom - button.top);
+        RECT gap{};
+        if (SendMessageW(control, TB_GETITEMRECT, 2, reinterpret_cast<LPARAM>(&gap)) != 0)
+            sizes.widths.emplace_back(name + L" gap", gap.right - gap.left);
+    }
+}
+
+Sizes measure(HWND dialog) {
+    Sizes sizes;
+    sizes.font = fontHeight(dialog);
+    for (const HWND control : controlsOf(dialog)) {
+        RECT place{};
+        GetWindowRect(control, &place);
+        const std::wstring name = classOf(control) + L" " + std::to_wstring(GetDlgCtrlID(control));
+        sizes.widths.emplace_back(name, place.right - place.left);
+        sizes.heights.emplace_back(name, place.bottom - place.top);
+        addPartsOf(control, name, sizes);
+        EXPECT_EQ(fontHeight(control), sizes.font) << "one font for all";
+    }
+    return sizes;
+}
+
+/// What fonts and pictures decide comes in steps of its own.
+void expectScaled(const Sizes& before, const Sizes& after, double factor) {
+    EXPECT_NEAR(after.font, before.font * factor, 1);
+    ASSERT_EQ(after.widths.size(), before.widths.size());
+    ASSERT_EQ(after.heights.size(), before.heights.size());
+    for (std::size_t index = 0; index < before.widths.size(); ++index)
+        EXPECT_NEAR(after.widths[index].second, before.widths[index].second * factor, 3)
+            << testing::PrintToString(before.widths[index].first);
+    for (std::size_t index = 0; index < before.heights.size(); ++index)
+        EXPECT_NEAR(after.heights[index].second, before.heights[index].second * factor, 6)
+            << testing::PrintToString(before.heights[index].first);
+}
+
+/// The message with which the system tells a window of its new monitor, and of the place that it should take.
+void moveToMonitor(HWND dialog, int dpi, double factor) {
+    RECT place{};
+    GetWindowRect(dialog, &place);
+    place.right = place.left + std::lround((place.right - place.left) * factor);
+    place.bottom = place.top + std::lround((place.bottom - place.top) * factor);
+    SendMessageW(dialog, DPI_CHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
+    RECT taken{};
+    GetWindowRect(dialog, &taken);
+    EXPECT_TRUE(EqualRect(&taken, &place));
+}
+
+using Resolution = EachProductDialog;
+
+TEST_P(Resolution, EverythingInAnOpenDialogFollowsItsMonitor) {
+    inDialog([&](ui::Form&, HWND dialog) {
+        const Sizes before = measure(dialog);
+        const int dpi = win::dpiOf(dialog);
+        for (const double factor : {1.25, 1.5, 2.0, 3.0}) {
+            SCOPED_TRACE(factor);
+            moveToMonitor(dialog, static_cast<int>(dpi * factor), factor);
+            expectScaled(before, measure(dialog), factor);
+            moveToMonitor(dialog, dpi, 1 / factor);
+        }
+        expectScaled(before, measure(dialog), 1.0);
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Dialogs, Resolution, testing::ValuesIn(PRODUCT_DIALOGS), dialogName);
+
+class PageResolution : public ProductDialogs {};
+
+TEST_F(PageResolution, ThePageLaysItsRowsOutForItsMonitor) {
+    auto& window = dynamic_cast<win::Window&>(page->window());
+    const ui::Rect before = page->cmdSettings.bounds();
+    window.takeDpi(2 * window.dpi());
+    window.onResize();
+    const ui::Rect after = page->cmdSettings.bounds();
+    EXPECT_NEAR(after.width, 2 * before.width, 2);
+    EXPECT_NEAR(after.height, 2 * before.height, 2);
+    EXPECT_NEAR(after.left, 2 * before.left, 2);
+}
+
+TEST_F(PageResolution, AQuestionThatIsOpenSurvivesANewMonitorBelowIt) {
+    ProductDialogs::inDialog(PRODUCT_DIALOGS[0], [&](ui::Form& form, HWND dialog) {
+        stage->answerMessages({ui::MessageAnswer::ok});
+        moveToMonitor(dialog, 144, 1.5);
+        user.click(dynamic_cast<vexa::frmKBConfiguration&>(form).cmdRename);
+        moveToMonitor(dialog, 96, 1 / 1.5);
+        EXPECT_TRUE(form.window().isOpen());
+    });
+}
+
+}  // namespace
+}  // namespace tests
