@@ -390,7 +390,7 @@ protected:
 
 TEST_P(PageLayout, PutsEachRowWhereItBelongs) {
     const Layout& layout = GetParam();
-    stage->setTwipsPerPixel(layout.twips);
+    stage->setTwipsPerPixel(layout.twips, layout.twips);
     create();
     user.resize(page->window(), layout.page);
     ui::Window& window = page->window();
