@@ -13,7 +13,8 @@ namespace {
 constexpr wchar_t ROOT[] = L"Software\\Norvane\\Quillmark";
 constexpr wchar_t PROFILE[] = L"Software\\Norvane\\Quillmark\\";
 constexpr wchar_t SEARCH_CLASS[] = L"Tests.SearchWindow";
-constexpr UINT TICK = 5;  // milliseconds
+constexpr UINT TICK = 10;                 // milliseconds
+constexpr ULONGLONG TIME_TO_CLOSE = 300;  // milliseconds
 constexpr std::chrono::seconds PATIENCE{15};
 
 HostileWorld* playing = nullptr;
@@ -92,6 +93,9 @@ HostileWorld::HostileWorld() {
     registry.put(PROFILE, L"Project1", L"Mail");
     registry.put(PROFILE, L"Project2", L"News");
     registry.put(PROFILE, L"DefaultProject", L"Mail");
+    for (const wchar_t* name : {L"Mail", L"News"})
+        registry.put(PROFILE + std::wstring(L"\\") + name, L"KBDocuments",
+                     5);  // without any there is nothing to rebuild
 }
 
 HostileWorld::~HostileWorld() { finish(); }
@@ -216,7 +220,13 @@ void HostileWorld::step() {
         if (dialogs.size() == situation_->depth) (*std::exchange(act_, nullptr))();
         return;
     }
-    if (!dialogs.empty()) dismiss(dialogs.back());
+    // Asked again and again without a pause, a page that lets pending events run would never come to their
+    // end.
+    const ULONGLONG now = GetTickCount64();
+    if (dialogs.empty() || (dialogs.back() == dismissed_ && now - dismissedAt_ < TIME_TO_CLOSE)) return;
+    dismissed_ = dialogs.back();
+    dismissedAt_ = now;
+    dismiss(dismissed_);
 }
 
 void HostileWorld::play(const Situation& situation, const std::function<void()>& act) {

@@ -96,6 +96,8 @@ private:
     const Situation* situation_ = nullptr;
     const std::function<void()>* act_ = nullptr;
     std::size_t pressed_ = 0;
+    HWND dismissed_ = nullptr;
+    ULONGLONG dismissedAt_ = 0;
 };
 
 }  // namespace tests
