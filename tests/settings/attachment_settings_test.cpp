@@ -564,7 +564,7 @@ void setOptions(Settings& settings, bool add, bool every, bool limited) {
     settings.AddSizelimitedAttachments = limited;
 }
 
-std::vector<Before> startingPoints() {
+std::vector<Before> attachmentsBefore() {
     return {
         {"Defaults", [](Settings&) {}},
         {"Limited", [](Settings& s) { setOptions(s, true, false, true); }},
@@ -581,7 +581,7 @@ void tick(User& user, frmAttachment& form) {
     if (!form.chkKBAdd.checked()) user.click(form.chkKBAdd);
 }
 
-std::vector<Deed<frmAttachment>> deeds() {
+std::vector<Deed<frmAttachment>> attachmentDeeds() {
     return {
         {"Nothing", [](User&, frmAttachment&) {}, [](Settings&) {}},
         {"Add", [](User& user, frmAttachment& form) { user.click(form.chkKBAdd); },
@@ -649,7 +649,7 @@ TEST_P(AttachmentSettingsTable, WritesAndStoresOnOkAndForgetsOnCancel) {
     EXPECT_EQ(stored(L"AddAttachmentsToQuery"), written(expected.AddAttachmentsToQuery));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, AttachmentSettingsTable, everyRow(startingPoints(), deeds()),
+INSTANTIATE_TEST_SUITE_P(All, AttachmentSettingsTable, everyRow(attachmentsBefore(), attachmentDeeds()),
                          rowName<frmAttachment>);
 
 }  // namespace

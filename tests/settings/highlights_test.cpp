@@ -247,7 +247,7 @@ void showTextMarks(Settings& settings, bool marks) {
     settings.DisplayTextMarks = marks;
 }
 
-std::vector<Before> startingPoints() {
+std::vector<Before> highlightsBefore() {
     return {
         {"Defaults", [](Settings&) {}},
         {"TextMarks", [](Settings& settings) { showTextMarks(settings, true); }},
@@ -276,7 +276,7 @@ Deed<frmDispMatches> levelPicked(const char* name, std::size_t level, std::int32
             }};
 }
 
-std::vector<Deed<frmDispMatches>> deeds() {
+std::vector<Deed<frmDispMatches>> highlightDeeds() {
     const auto clickOther = [](User& user, frmDispMatches& form) {
         user.click(form.optDisplayMatches[form.optDisplayMatches[0].get().selected() ? 1 : 0]);
     };
@@ -328,7 +328,8 @@ TEST_P(HighlightsTable, StoresOnOkAndForgetsOnCancel) {
     EXPECT_EQ(application.flags, (vexa::ChangeFlags{expected != old, false, false}));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, HighlightsTable, everyRow(startingPoints(), deeds()), rowName<frmDispMatches>);
+INSTANTIATE_TEST_SUITE_P(All, HighlightsTable, everyRow(highlightsBefore(), highlightDeeds()),
+                         rowName<frmDispMatches>);
 
 }  // namespace
 }  // namespace tests

@@ -403,7 +403,7 @@ TEST_F(SearchSettings, AccessKeysReachTheControlsOfTheirLabels) {
 // --- Every setting: stored before x what the user does x OK or Cancel -------------------------------------
 
 // `DefaultProject` is "Mail" before.
-std::vector<Before> startingPoints() {
+std::vector<Before> searchesBefore() {
     const auto with = [](auto set) { return [set](Settings& settings) { set(settings); }; };
     return {
         {"Defaults", [](Settings&) {}},
@@ -439,7 +439,7 @@ void typeOver(User& user, ui::TextBox& box, const std::wstring& text) {
     user.type(box, text);
 }
 
-std::vector<Deed<frmSettings>> deeds() {
+std::vector<Deed<frmSettings>> searchDeeds() {
     return {
         {"Nothing", [](User&, frmSettings&) {}, [](Settings&) {}},
         {"AutoInfo", [](User& user, frmSettings& form) { user.click(form.chkAutoInfo); },
@@ -541,7 +541,8 @@ TEST_P(SearchSettingsTable, StoresOnOkAndForgetsOnCancel) {
     EXPECT_EQ(storedText(L"DefaultProject"), L"Mail") << "the registry waits for Apply";
 }
 
-INSTANTIATE_TEST_SUITE_P(All, SearchSettingsTable, everyRow(startingPoints(), deeds()), rowName<frmSettings>);
+INSTANTIATE_TEST_SUITE_P(All, SearchSettingsTable, everyRow(searchesBefore(), searchDeeds()),
+                         rowName<frmSettings>);
 
 // --- Bad input --------------------------------------------------------------------------------------------
 
