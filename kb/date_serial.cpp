@@ -75,6 +75,7 @@ private:
     }
 
     [[nodiscard]] double scaled() const {
+        if (mantissa_ == 0) return 0;  // whatever the exponent: 0 times infinity is no number
         const auto mantissa = static_cast<double>(mantissa_);
         return power_ < 0 ? mantissa / std::pow(10.0, -power_) : mantissa * std::pow(10.0, power_);
     }

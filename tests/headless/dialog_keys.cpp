@@ -59,7 +59,7 @@ bool takeAccessKey(Window& window, int key) {
     std::vector<Item*> order;
     for (const auto& item : window.items()) order.push_back(item.get());
     const auto focused = std::ranges::find(order, window.focused());
-    if (focused != order.end()) std::ranges::rotate(order, focused + 1);
+    if (focused != order.end()) std::rotate(order.begin(), focused + 1, order.end());
     const auto found = std::ranges::find_if(order, [&](const Item* item) {
         return item->usable() && item->accessKey() == lower(static_cast<wchar_t>(key));
     });

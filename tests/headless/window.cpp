@@ -189,7 +189,7 @@ Item* Window::nextTabStop(const Item* from, bool forward) const {
     for (const std::unique_ptr<Item>& item : items_) order.push_back(item.get());
     if (!forward) std::ranges::reverse(order);
     const auto start = std::ranges::find(order, from);
-    if (start != order.end()) std::ranges::rotate(order, start + 1);
+    if (start != order.end()) std::rotate(order.begin(), start + 1, order.end());
     const auto next = std::ranges::find_if(
         order, [](const Item* item) { return item->usable() && item->state.tabStop && item->focusable(); });
     return next == order.end() ? nullptr : *next;

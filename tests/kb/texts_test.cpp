@@ -108,6 +108,11 @@ INSTANTIATE_TEST_SUITE_P(
                     NumberCase{L"1,234.5", {}}, NumberCase{L"1E", {}}, NumberCase{L"soon", {}},
                     NumberCase{L"12x", {}}, NumberCase{L"0x10", {}}, NumberCase{L"1 2", {}}));
 
+TEST(KBNumberTexts, ZeroIsZeroWhateverItsExponent) {
+    EXPECT_EQ(numberFromText(L"0e999"), 0);
+    EXPECT_EQ(numberFromText(L"-0.0E400"), 0);
+}
+
 // --- Rows -------------------------------------------------------------------------------------------------
 
 TEST(KBDocuments, AreRightAlignedToEightCharacters) {
