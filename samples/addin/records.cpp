@@ -61,6 +61,7 @@ void add(const std::wstring& knowledgebase) {
     const unsigned long count = number(profile(), L"ProjectCount") + 1;
     put(profile(), slot(count), knowledgebase);
     put(profile(), L"ProjectCount", count);
+    if (count == 1) put(profile(), L"Projectname", knowledgebase);
 }
 
 void remove(const std::wstring& knowledgebase) {

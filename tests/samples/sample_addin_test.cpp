@@ -140,6 +140,8 @@ TEST_F(SampleAddIn, Removes) {
         addKnowledgebase();
         person.press(DIALOG, IDC_KB_cmdRemove);
         person.answer(QUESTION, IDYES);
+        person.plan(
+            "the end of the removal", [this] { return addIn->journal.back() == L"gone"; }, [] {});
         person.waitEnabled(DIALOG, IDC_KB_cmdAdd);
     });
     EXPECT_THAT(addIn->journal, Contains(L"removed mail"));
@@ -195,7 +197,8 @@ TEST_F(SampleAddIn, IsToldOfAppliedSettings) {
     person.waitGone(L"Settings");
     person.doAll();
     apply();
-    EXPECT_THAT(addIn->journal, ElementsAre(L"shortcut 1", L"logging off"));
+    EXPECT_THAT(addIn->journal, Contains(L"shortcut 1"));
+    EXPECT_EQ(addIn->journal.back(), L"logging off");
 }
 
 /// Presses the first button of a toolbar with the mouse.
