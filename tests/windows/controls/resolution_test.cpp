@@ -1,4 +1,6 @@
 // A window that comes to a monitor of another resolution while it is open.
+#include <windows.h>
+
 #include <commctrl.h>
 
 #include <cmath>
