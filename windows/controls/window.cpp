@@ -61,7 +61,7 @@ Window::Window(Screen& screen, Role role, int templateIdentifier, HWND parent, W
                            reinterpret_cast<LPARAM>(this)) == nullptr)
         throwLastError();
     tooltips_ = std::make_unique<Tooltips>(screen_.context(), handle_);
-    dpi_ = dpiOf(handle_);
+    dpi_ = firstDpi_ = dpiOf(handle_);
     if (role_ == Role::dialog) keepDialogScaling(handle_);
     showIcon();
     // A page lies on a tab and shows the tab's own background.

@@ -101,6 +101,7 @@ private:
     Window* owner_;
     HWND handle_ = nullptr;
     int dpi_ = 0;
+    int firstDpi_ = 0;  ///< the one for which the system made the window
     /// The controls' font once they have been scaled; else null.
     HFONT font_ = nullptr;
     bool open_ = true;

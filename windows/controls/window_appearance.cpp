@@ -42,8 +42,7 @@ void Window::monitorChanged(int dpi, const RECT& place) {
 
 void Window::takeDpi(int dpi) {
     if (dpi <= 0 || dpi == dpi_) return;
-    const HFONT font = scaledFont(handle_, dpi_, dpi);
-    if (font != nullptr) SendMessageW(handle_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    const HFONT font = scaledFont(handle_, firstDpi_, dpi);  // the dialog itself keeps its first font
     scaleControls(handle_, std::exchange(dpi_, dpi), dpi, font);
     if (font != nullptr) DeleteObject(std::exchange(font_, font));
     showIcon();

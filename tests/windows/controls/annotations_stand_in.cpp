@@ -29,7 +29,7 @@ std::wstring classNameOf(HWND window) {
 /// Empty where the window takes no name from a text before it.
 std::wstring labelOf(HWND window) {
     constexpr const wchar_t* LABELLED[] = {L"Edit", L"ComboBox", L"ListBox", L"SysListView32",
-                                           L"RICHEDIT50W"};
+                                           L"RichEdit50W"};
     if (std::ranges::find(LABELLED, classNameOf(window)) == std::end(LABELLED)) return {};
     const HWND before = GetWindow(window, GW_HWNDPREV);
     if (classNameOf(before) != L"Static") return {};

@@ -1,5 +1,7 @@
 // Text and glyphs stand out from what lies behind them, in the standard colours and in schemes of high
 // contrast, also where the scheme changes while a dialog is open.
+#include <windows.h>
+
 #include <commctrl.h>
 
 #include <algorithm>
