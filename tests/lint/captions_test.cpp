@@ -1,5 +1,5 @@
 // Every caption of every dialog, to the letter.
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <map>
 
@@ -69,6 +69,7 @@ constexpr Caption CAPTIONS[] = {
     {"IDD_frmAttachment", "IDC_lblSelected", L"&Selected Extensions:"},
     {"IDD_frmAttachment", "IDC_cmdOk", L"OK"},
     {"IDD_frmAttachment", "IDC_cmdCancel", L"Cancel"},
+    {"IDD_frmAttachment", "IDC_sstAttachments", L"Attachments"},
     {"IDD_frmDispMatches", "", L"Highlights"},
     {"IDD_frmDispMatches", "IDC_fraPenalties", L"Highlights"},
     {"IDD_frmDispMatches", "IDC_optDisplayMatches_0", L"&Hotspots"},
@@ -85,6 +86,7 @@ constexpr Caption CAPTIONS[] = {
     {"IDD_frmDispMatches", "IDC_cmdCancel", L"Cancel"},
     {"IDD_frmKBConfiguration", "", L"Knowledgebases"},
     {"IDD_frmKBConfiguration", "IDC_fraKBConfiguration", L"Configuration"},
+    {"IDD_frmKBConfiguration", "IDC_sftKBConfiguration", L"Knowledgebases"},
     {"IDD_frmKBConfiguration", "IDC_KB_cmdAdd", L"&Add"},
     {"IDD_frmKBConfiguration", "IDC_cmdEdit", L"&Edit"},
     {"IDD_frmKBConfiguration", "IDC_cmdRename", L"Re&name"},
@@ -98,8 +100,10 @@ constexpr Caption CAPTIONS[] = {
     {"IDD_frmKnowledgeBase", "IDC_fraVexaBaseDir", L"Knowledgebase"},
     {"IDD_frmKnowledgeBase", "IDC_lblDrive", L"&Drive:"},
     {"IDD_frmKnowledgeBase", "IDC_lblFolder", L"&Folder:"},
+    {"IDD_frmKnowledgeBase", "IDC_dirVexaBaseDir", L"Folders"},
     {"IDD_frmKnowledgeBase", "IDC_cmdNewDirectory", L"&New..."},
     {"IDD_frmKnowledgeBase", "IDC_cmdRepository", L"&Select folders..."},
+    {"IDD_frmKnowledgeBase", "IDC_lblPath", L"&Chosen folder:"},
     {"IDD_frmKnowledgeBase", "IDC_cmdOk", L"OK"},
     {"IDD_frmKnowledgeBase", "IDC_cmdCancel", L"Cancel"},
     {"IDD_frmNewFolder", "", L"New folder"},
@@ -109,12 +113,18 @@ constexpr Caption CAPTIONS[] = {
     {"IDD_frmSelectDefaultKB", "", L"Select auto-update knowledgebase"},
     {"IDD_frmSelectDefaultKB", "IDC_lblInfo",
      L"Please select one of the defined knowledgebases to be configured for auto-update."},
+    {"IDD_frmSelectDefaultKB", "IDC_sftKnowledgebases", L"Knowledgebases"},
     {"IDD_frmSelectDefaultKB", "IDC_cmdOk", L"OK"},
     {"IDD_frmSelectDefaultKB", "IDC_cmdCancel", L"Cancel"},
     {"IDD_frmSendBugReport", "", L"Send report"},
     {"IDD_frmSendBugReport", "IDC_lblTo", L"&To:"},
     {"IDD_frmSendBugReport", "IDC_lblCc", L"&Cc:"},
     {"IDD_frmSendBugReport", "IDC_lblSubject", L"&Subject:"},
+    {"IDD_frmSendBugReport", "IDC_lblFontname", L"Font:"},
+    {"IDD_frmSendBugReport", "IDC_lblFontsize", L"Font size:"},
+    {"IDD_frmSendBugReport", "IDC_tbrProperties", L"Formatting"},
+    {"IDD_frmSendBugReport", "IDC_lblBody", L"Report:"},
+    {"IDD_frmSendBugReport", "IDC_tbrBugReport", L"Sending"},
 };
 
 /// By dialog and control: only what has a caption, and each dialog.
@@ -136,7 +146,7 @@ TEST(Captions, AreThoseOfTheTable) {
     Captions expected;
     for (const Caption& caption : CAPTIONS)
         expected[std::string(caption.dialog) + " " + caption.control] = tests::toUtf8(caption.text);
-    EXPECT_EQ(captionsOfTheTemplates(), expected);
+    EXPECT_THAT(captionsOfTheTemplates(), testing::UnorderedElementsAreArray(expected));
 }
 
 }  // namespace

@@ -258,7 +258,8 @@ private:
         for (std::size_t index = 1; index < dialog_.controls.size(); ++index) {
             const TemplateControl& field = dialog_.controls[index];
             const TemplateControl& label = dialog_.controls[index - 1];
-            if (!isField(field) || !isLabel(label) || rightOf(label.units) > field.units.left) continue;
+            if (!isField(field) || !isLabel(label) || !label.has("WS_VISIBLE")) continue;
+            if (rightOf(label.units) > field.units.left) continue;
             lefts.emplace(field.units.left, field.idName);
         }
         if (lefts.size() > 1) find(lefts.rbegin()->second + " begins at another line than the other fields");

@@ -56,8 +56,9 @@ Sizes measure(HWND dialog) {
         sizes.widths.emplace_back(name, place.right - place.left);
         sizes.heights.emplace_back(name, place.bottom - place.top);
         addPartsOf(control, name, sizes);
-        if (classOf(control) == L"Button" || classOf(control) == L"Static")
+        if (classOf(control) == L"Button" || classOf(control) == L"Static") {
             EXPECT_EQ(fontHeight(control), sizes.font) << "one font for all";
+        }
     }
     return sizes;
 }
