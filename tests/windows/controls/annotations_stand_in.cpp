@@ -98,7 +98,7 @@ std::size_t AnnotationsStandIn::forgotten() const {
 Told askReader(HWND window, const AnnotationsStandIn& annotations) {
     Told told;
     IAccessible* object = nullptr;
-    if (FAILED(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+    if (FAILED(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
                                           reinterpret_cast<void**>(&object))))
         return told;
     VARIANT self{};
