@@ -56,24 +56,49 @@ Sizes measure(HWND dialog) {
         sizes.widths.emplace_back(name, place.right - place.left);
         sizes.heights.emplace_back(name, place.bottom - place.top);
         addPartsOf(control, name, sizes);
-        if (classOf(control) == L"Button" || classOf(control) == L"Static") {
+        if (classOf(control) == L"Button" ||
+            (classOf(control) == L"Static" && GetWindowTextLengthW(control) > 0)) {
             EXPECT_EQ(fontHeight(control), sizes.font) << "one font for all";
         }
     }
     return sizes;
 }
 
+/// The edges of lists and combos, and the frame that people size a window by, are as wide at every resolution
+/// of this system: what lies within them grows by the more.
+constexpr int LIST_EDGES = 4;
+constexpr int COMBO_EDGES = 8;
+
+SIZE sizingFrame(HWND dialog) {
+    if ((GetWindowLongPtrW(dialog, GWL_STYLE) & WS_THICKFRAME) == 0) return {};
+    RECT outer{};
+    RECT inner{};
+    GetWindowRect(dialog, &outer);
+    GetClientRect(dialog, &inner);
+    return {outer.right - outer.left - inner.right, outer.bottom - outer.top - inner.bottom};
+}
+
 /// What fonts and pictures decide comes in steps of its own.
-void expectScaled(const Sizes& before, const Sizes& after, double factor) {
+void expectScaled(const Sizes& before, const Sizes& after, const SIZE& frame, double factor) {
     EXPECT_NEAR(after.font, before.font * factor, 1);
     ASSERT_EQ(after.widths.size(), before.widths.size());
     ASSERT_EQ(after.heights.size(), before.heights.size());
     for (std::size_t index = 0; index < before.widths.size(); ++index)
-        EXPECT_NEAR(after.widths[index].second, before.widths[index].second * factor, 3)
+        EXPECT_NEAR(after.widths[index].second, before.widths[index].second * factor,
+                    3 + (LIST_EDGES + frame.cx) * (factor - 1))
             << testing::PrintToString(before.widths[index].first);
     for (std::size_t index = 0; index < before.heights.size(); ++index)
-        EXPECT_NEAR(after.heights[index].second, before.heights[index].second * factor, 6)
+        EXPECT_NEAR(after.heights[index].second, before.heights[index].second * factor,
+                    6 + (COMBO_EDGES + frame.cy) * (factor - 1))
             << testing::PrintToString(before.heights[index].first);
+}
+
+/// A window that people size grows no further than the screen.
+bool fitsTheScreen(HWND dialog, double factor) {
+    RECT place{};
+    GetWindowRect(dialog, &place);
+    return (place.right - place.left) * factor <= GetSystemMetrics(SM_CXSCREEN) &&
+           (place.bottom - place.top) * factor <= GetSystemMetrics(SM_CYSCREEN);
 }
 
 /// The message with which the system tells a window of its new monitor, and of the place that it should take.
@@ -94,13 +119,15 @@ TEST_P(Resolution, EverythingInAnOpenDialogFollowsItsMonitor) {
     inDialog([&](ui::Form&, HWND dialog) {
         const Sizes before = measure(dialog);
         const int dpi = win::dpiOf(dialog);
+        const SIZE frame = sizingFrame(dialog);
         for (const double factor : {1.25, 1.5, 2.0, 3.0}) {
             SCOPED_TRACE(factor);
+            if (frame.cx > 0 && !fitsTheScreen(dialog, factor)) break;
             moveToMonitor(dialog, static_cast<int>(dpi * factor), factor);
-            expectScaled(before, measure(dialog), factor);
+            expectScaled(before, measure(dialog), frame, factor);
             moveToMonitor(dialog, dpi, 1 / factor);
         }
-        expectScaled(before, measure(dialog), 1.0);
+        expectScaled(before, measure(dialog), frame, 1.0);
     });
 }
 

@@ -82,14 +82,20 @@ BOOL WINAPI noteDeletion(LPCWSTR) {
 }  // namespace
 }  // namespace tests
 
-// Through which this program calls the system.
+// Through which this program calls the system; on 32 bits the names tell the size of the arguments.
+#ifdef _WIN64
+#define IMPORTED(function, size) __asm__("__imp_" #function)
+#else
+#define IMPORTED(function, size) __asm__("__imp__" #function "@" #size)
+#endif
 extern "C" {
-extern decltype(&GetFileAttributesW) __imp_GetFileAttributesW;
-extern decltype(&FindFirstFileExW) __imp_FindFirstFileExW;
-extern decltype(&CreateFileW) __imp_CreateFileW;
-extern decltype(&CreateDirectoryW) __imp_CreateDirectoryW;
-extern decltype(&DeleteFileW) __imp_DeleteFileW;
+extern decltype(&GetFileAttributesW) importedGetFileAttributes IMPORTED(GetFileAttributesW, 4);
+extern decltype(&FindFirstFileExW) importedFindFirstFileEx IMPORTED(FindFirstFileExW, 24);
+extern decltype(&CreateFileW) importedCreateFile IMPORTED(CreateFileW, 28);
+extern decltype(&CreateDirectoryW) importedCreateDirectory IMPORTED(CreateDirectoryW, 8);
+extern decltype(&DeleteFileW) importedDeleteFile IMPORTED(DeleteFileW, 4);
 }
+#undef IMPORTED
 
 namespace tests {
 namespace {
@@ -115,11 +121,11 @@ private:
 };
 
 TEST_F(FilesTest, QuestionsAreAskedWithoutTheSystemsOwnErrorBoxesAndLeaveTheThreadsChoice) {
-    const Replaced attributes(__imp_GetFileAttributesW, &noteAttributes);
-    const Replaced search(__imp_FindFirstFileExW, &noteSearch);
-    const Replaced opening(__imp_CreateFileW, &noteOpening);
-    const Replaced creation(__imp_CreateDirectoryW, &noteFolder);
-    const Replaced deletion(__imp_DeleteFileW, &noteDeletion);
+    const Replaced attributes(importedGetFileAttributes, &noteAttributes);
+    const Replaced search(importedFindFirstFileEx, &noteSearch);
+    const Replaced opening(importedCreateFile, &noteOpening);
+    const Replaced creation(importedCreateDirectory, &noteFolder);
+    const Replaced deletion(importedDeleteFile, &noteDeletion);
     DWORD before = 0;
     SetThreadErrorMode(SEM_NOOPENFILEERRORBOX, &before);
     modesInCalls.clear();
