@@ -4,9 +4,7 @@
 
 #include "kb/frmKBConfiguration.ids.h"
 #include "kb/frmKnowledgeBase.ids.h"
-#include "kb/frmNewFolder.ids.h"
 #include "page/ctlPPE.ids.h"
-#include "report/frmSendBugReport.ids.h"
 #include "settings/frmAttachment.ids.h"
 #include "settings/frmDispMatches.ids.h"
 #include "settings/frmSettings.ids.h"
@@ -18,9 +16,8 @@ namespace {
 
 using World = HostileWorld;
 
-// Places among the situations.
+// Its place among the situations.
 constexpr std::size_t KNOWLEDGEBASES = 2;
-constexpr std::size_t QUESTION = 3;
 
 constexpr UINT_PTR POLL = 1;  // the page's only timer
 
@@ -72,16 +69,6 @@ void openDialog(World& world) {
 
 void openKnowledgebases(World& world) {
     if (world.openDialogs().empty()) world.press(world.pageWindow(), IDC_cmdKnowledgeBase);
-}
-
-void startWizard(World& world) { world.press(world.pageWindow(), IDC_cmdWizard); }
-
-/// Presses a button of the innermost dialog.
-std::function<void(World&)> inDialog(int button) {
-    return [button](World& world) {
-        const std::vector<HWND> dialogs = world.openDialogs();
-        if (!dialogs.empty()) world.press(dialogs.back(), button);
-    };
 }
 
 // --- Preparations -----------------------------------------------------------------------------------------
@@ -148,12 +135,7 @@ const std::vector<Situation>& situations() {
          {IDC_cmdKnowledgeBase, IDC_cmdBaseFolder},
          2,
          {IDD_frmKBConfiguration, IDD_frmKnowledgeBase}},
-        {"a new folder",
-         {IDC_cmdKnowledgeBase, IDC_cmdBaseFolder, IDC_cmdNewDirectory},
-         3,
-         {IDD_frmKBConfiguration, IDD_frmKnowledgeBase, IDD_frmNewFolder}},
-        {"the report", {IDC_cmdSettings, IDC_cmdSendLog}, 2, {IDD_frmSettings, IDD_frmSendBugReport}},
-        {"the choice of the auto-update knowledgebase", {IDC_cmdKnowledgeBase, IDC_KB_cmdRemove, IDYES}, 2},
+        {"the report", {IDC_cmdSettings, IDC_cmdSendLog}, 2},
     };
     return all;
 }
@@ -195,12 +177,6 @@ const std::vector<Call>& calls() {
         {"GetConnectionInterface", {}, openKnowledgebases, KNOWLEDGEBASES},
         {"Advise", {}, openKnowledgebases, KNOWLEDGEBASES},
         {"Unadvise", {}, openKnowledgebases, KNOWLEDGEBASES},
-        {"IsAutoUpdateRunning", {}, inDialog(IDC_cmdRebuild), KNOWLEDGEBASES},
-        {"NotifyKbRebuild", {}, inDialog(IDC_cmdRebuild), KNOWLEDGEBASES},
-        {"NotifyKbUpdate", {}, inDialog(IDC_cmdUpdate), KNOWLEDGEBASES},
-        {"NotifyKbRemoved", {}, inDialog(IDYES), QUESTION},
-        {"message 1139", {}, inDialog(IDC_cmdEdit), KNOWLEDGEBASES},
-        {"message 1127", {}, startWizard},
     };
     return all;
 }
