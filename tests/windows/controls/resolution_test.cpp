@@ -46,6 +46,12 @@ void addPartsOf(HWND control, const std::wstring& name, Sizes& sizes) {
     }
 }
 
+/// A label, not a picture or a line.
+bool bearsText(HWND control) {
+    const auto type = GetWindowLongPtrW(control, GWL_STYLE) & SS_TYPEMASK;
+    return classOf(control) == L"Static" && type <= SS_RIGHT;
+}
+
 Sizes measure(HWND dialog) {
     Sizes sizes;
     sizes.font = fontHeight(GetDlgItem(dialog, IDCANCEL));
@@ -56,8 +62,7 @@ Sizes measure(HWND dialog) {
         sizes.widths.emplace_back(name, place.right - place.left);
         sizes.heights.emplace_back(name, place.bottom - place.top);
         addPartsOf(control, name, sizes);
-        if (classOf(control) == L"Button" ||
-            (classOf(control) == L"Static" && GetWindowTextLengthW(control) > 0)) {
+        if (classOf(control) == L"Button" || bearsText(control)) {
             EXPECT_EQ(fontHeight(control), sizes.font) << "one font for all";
         }
     }
