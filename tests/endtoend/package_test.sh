@@ -37,7 +37,7 @@ world() {
 # The registry of all classes, whoever they belong to. The installer keeps (empty) keys of its own there.
 all_classes() {
     local view
-    for view in 64 32; do registry 'HKLM\Software\Classes' $view; done | grep -v '\\Installer' | LC_ALL=C sort
+    for view in 64 32; do registry 'HKLM\Software\Classes' $view; done | grep -v '\\Installer' | LC_ALL=C sort -u
 }
 
 unchanged() {
