@@ -20,6 +20,12 @@ protected:
         calls.clear();
     }
 
+    /// Within a few polls: a rule that took long is left out of some.
+    bool wizardBecomes(bool offered) {
+        for (int polls = 0; polls < 20 && page->cmdWizard.enabled() != offered; ++polls) user.wait(260);
+        return page->cmdWizard.enabled() == offered;
+    }
+
     void raise(std::int32_t action, const std::wstring& name = L"Mail", bool flag = false) {
         bool bProcessing = flag;
         std::wstring strName = name;
@@ -349,16 +355,11 @@ TEST_F(PageCommands, ABrokenCountOfTwoThousandMillionIsHeldAtAHundredThousand) {
 // The rule follows the profile that is set, and what the add-in does meanwhile.
 TEST_F(PageCommands, TheRuleReadsBelowTheSetProfile) {
     const std::wstring work = std::wstring(PROFILE) + L"Work";
-    // A rule that took long is left out of some polls.
-    const auto becomes = [&](bool offered) {
-        for (int polls = 0; polls < 20 && page->cmdWizard.enabled() != offered; ++polls) user.wait(260);
-        return page->cmdWizard.enabled() == offered;
-    };
     const auto refuse = [&](const wchar_t* name, const vexa::Value& value, const vexa::Value& harmless) {
         stage->setValue(work, name, value);
-        EXPECT_TRUE(becomes(false)) << narrow(name);
+        EXPECT_TRUE(wizardBecomes(false)) << narrow(name);
         stage->setValue(work, name, harmless);
-        EXPECT_TRUE(becomes(true)) << narrow(name);
+        EXPECT_TRUE(wizardBecomes(true)) << narrow(name);
     };
     application.ProfileKey = work;
     stage->setValue(PROFILE, L"KBProcessState", 2);
@@ -378,22 +379,18 @@ TEST_F(PageCommands, TheRuleReadsBelowTheSetProfile) {
 
 TEST_F(PageCommands, AFileThatAppearsDisablesTheWizardAtTheNextPoll) {
     addKnowledgebase(*stage);
-    user.wait(260);
-    EXPECT_TRUE(page->cmdWizard.enabled());
+    EXPECT_TRUE(wizardBecomes(true));
     stage->writeFile(stage->folder() + L"kb\\Temp\\Mail.dct", "x");
-    user.wait(260);
-    EXPECT_FALSE(page->cmdWizard.enabled());
+    EXPECT_TRUE(wizardBecomes(false));
     EXPECT_TRUE(page->cmdSettings.enabled());
 }
 
 TEST_F(PageCommands, AnAddInThatProcessesDisablesTheWizardAtTheNextPoll) {
     stage->addIn().processing = true;
-    user.wait(260);
-    EXPECT_FALSE(page->cmdWizard.enabled());
+    EXPECT_TRUE(wizardBecomes(false));
     EXPECT_TRUE(page->cmdKnowledgeBase.enabled());
     stage->addIn().processing = false;
-    user.wait(260);
-    EXPECT_TRUE(page->cmdWizard.enabled());
+    EXPECT_TRUE(wizardBecomes(true));
 }
 
 // --- The message button -----------------------------------------------------------------------------------
