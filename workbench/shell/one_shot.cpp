@@ -9,7 +9,7 @@ constexpr UINT_PTR TIMER = 1;
 
 }  // namespace
 
-OneShot::OneShot() { create(L"QuillmarkWorkbenchTimer", L"", {}, HWND_MESSAGE); }
+OneShot::OneShot() { create(L"QuillmarkWorkbenchTimer", {}, {}, HWND_MESSAGE); }
 
 void OneShot::start(unsigned milliseconds, std::function<void()> action) {
     action_ = std::move(action);

@@ -55,6 +55,9 @@ INSTANTIATE_TEST_SUITE_P(Dialogs, Accessibility, testing::ValuesIn(PRODUCT_DIALO
 
 class AccessibilityOfOne : public ProductDialogs {
 protected:
+    /// The page takes its words back from the stand-in, which therefore outlives it.
+    void TearDown() override { page.reset(); }
+
     AnnotationsStandIn annotations;
     Told ask(const ui::Control& control) { return askReader(windowOf(control), annotations); }
     template <class Form>
