@@ -33,8 +33,22 @@ if(NOT WIN32)
     add_precompiled_headers(stage_headers "project_options;GTest::gmock" ${test_header_list})
 endif()
 
+# A test program is half debug information; lld links it in a second, the GNU linker takes up to two minutes. The
+# compiler takes the program that is named collect2 for its linker.
+if(WIN32)
+    find_program(LLD ld.lld)
+    set(quick_linker ${PROJECT_BINARY_DIR}/linker)
+    if(LLD)
+        file(WRITE ${quick_linker}/collect2 "#!/bin/sh\nexec ${LLD} \"$@\"\n")
+        file(CHMOD ${quick_linker}/collect2 PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+    endif()
+endif()
+
 # Compiling the tests costs more than running them.
 function(compile_quickly target)
+    if(WIN32 AND LLD)
+        target_link_options(${target} PRIVATE -B${quick_linker}/ -fno-use-linker-plugin)
+    endif()
     set_target_properties(${target} PROPERTIES OPTIMIZATION -O0)
     target_precompile_headers(${target} REUSE_FROM test_headers)
     compile_by_folder(${target})
