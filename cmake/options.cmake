@@ -25,15 +25,28 @@ if(WIN32)
         target_link_options(project_options INTERFACE -Wl,--high-entropy-va)
     endif()
 else()
-    set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    add_optimization(-O1)
-    target_compile_options(project_options INTERFACE ${sanitizers} -g1)
+    option(COVERAGE "Counts which branches the tests take" OFF)
+    option(FUZZING "Lets libFuzzer see which branches an input takes; needs clang" OFF)
+    if(COVERAGE)
+        # Without optimization, and without sanitizers, whose checks are branches, too.
+        set(instruments --coverage -fprofile-abs-path)
+        add_optimization(-O0)
+    else()
+        set(instruments -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        add_optimization(-O1)
+    endif()
+    target_compile_options(project_options INTERFACE ${instruments} -g1)
+    target_link_options(project_options INTERFACE ${instruments})
+    if(FUZZING)
+        target_compile_options(project_options INTERFACE -fsanitize=fuzzer-no-link)
+    endif()
     # What is compiled without optimization is test code. Four checks that stand at every member access would take
     # a third of its compile time; what they find the address sanitizer and the checks of the rooms find, too.
-    set(tests_own $<STREQUAL:$<TARGET_PROPERTY:OPTIMIZATION>,-O0>)
-    target_compile_options(project_options INTERFACE
-                           $<${tests_own}:-fno-sanitize=null,alignment,vptr,object-size>)
-    target_link_options(project_options INTERFACE ${sanitizers})
+    if(NOT COVERAGE)
+        set(tests_own $<STREQUAL:$<TARGET_PROPERTY:OPTIMIZATION>,-O0>)
+        target_compile_options(project_options INTERFACE
+                               $<${tests_own}:-fno-sanitize=null,alignment,vptr,object-size>)
+    endif()
 endif()
 
 # Rooms without Windows are held to stricter rules.

@@ -1,9 +1,9 @@
 #include "common/diagnostic_log.h"
 
+#include "common/product_names.h"
+
 namespace vexa {
 namespace {
-
-constexpr const wchar_t* COMPONENT_TITLE = L"VexaPPE";
 
 std::wstring padded(int number, std::size_t width) {
     std::wstring digits = std::to_wstring(number);

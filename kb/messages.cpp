@@ -1,16 +1,16 @@
 #include "kb/messages.h"
 
+#include "common/product_names.h"
+
 namespace vexa::message {
 namespace {
 
-constexpr const wchar_t* TITLE = L"Quillmark";
-
 ui::Message warning(const std::wstring& text) {
-    return {text, TITLE, ui::MessageIcon::exclamation, ui::MessageButtons::ok};
+    return {text, PRODUCT_TITLE, ui::MessageIcon::exclamation, ui::MessageButtons::ok};
 }
 
 ui::Message question(const std::wstring& text, ui::MessageAnswer defaultAnswer) {
-    return {text, TITLE, ui::MessageIcon::question, ui::MessageButtons::yesNo, defaultAnswer};
+    return {text, PRODUCT_TITLE, ui::MessageIcon::question, ui::MessageButtons::yesNo, defaultAnswer};
 }
 
 }  // namespace

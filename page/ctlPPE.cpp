@@ -5,6 +5,7 @@
 
 #include "common/guarded.h"
 #include "common/knowledgebase_names.h"
+#include "common/product_names.h"
 #include "common/raised.h"
 #include "kb/frmKBConfiguration.h"
 #include "kb/frmKnowledgeBase.h"
@@ -146,7 +147,7 @@ bool ctlPPE::connectAddIn() {
 
 void ctlPPE::reportMissingAddIn() {
     application_.screen.showMessage(
-        &window(), {L"Failed to get AddIn.", L"VexaPPE", ui::MessageIcon::none, ui::MessageButtons::ok});
+        &window(), {L"Failed to get AddIn.", COMPONENT_TITLE, ui::MessageIcon::none, ui::MessageButtons::ok});
 }
 
 void ctlPPE::loadSettings() {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/guarded.h"
+#include "common/product_names.h"
 #include "report/flat_combo.h"
 #include "report/frmSendBugReport.ids.h"
 #include "report/toolbar_buttons.h"
@@ -21,7 +22,6 @@ constexpr const wchar_t* bodyFonts[] = {L"MS Sans Serif", L"Microsoft Sans Serif
 constexpr const wchar_t* fontSizes[] = {L" 8", L"10", L"12", L"14", L"18", L"24", L"36"};
 
 // What the composer says.
-constexpr const wchar_t* MESSAGE_TITLE = L"Quillmark";
 constexpr const wchar_t* SENDING_FAILED = L"Error sending bug report: ";
 constexpr const wchar_t* NO_ADD_IN = L"The add-in is not running.";
 
@@ -231,7 +231,7 @@ MailReport frmSendBugReport::report(std::int32_t importanceCode) const {
 
 void frmSendBugReport::reportFailedSend() {
     attempt([&] {
-        application_.screen.showMessage(&window(), {SENDING_FAILED + currentErrorDescription(), MESSAGE_TITLE,
+        application_.screen.showMessage(&window(), {SENDING_FAILED + currentErrorDescription(), PRODUCT_TITLE,
                                                     ui::MessageIcon::exclamation, ui::MessageButtons::ok});
     });
 }

@@ -2,10 +2,12 @@
 // knows nothing of Windows.
 #pragma once
 
+#include "common/product_names.h"
+
 namespace com {
 
 /// The title of the page's tab and the name that users see.
-constexpr wchar_t CAPTION[] = L"Quillmark";
+constexpr const wchar_t* CAPTION = vexa::PRODUCT_TITLE;
 constexpr wchar_t PROG_ID[] = L"VexaPPE.ctlPPE";
 // The identifiers of VexaPPE.idl, as the registry spells them.
 constexpr wchar_t CLASS_ID[] = L"{A415E37F-A60D-4C4B-A34D-44D056493DA9}";
