@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "tests/windows/com/shortage.h"
+#include "tests/support/shortage.h"
 
 namespace tests {
 namespace {

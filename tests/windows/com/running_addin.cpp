@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
-#include "tests/windows/com/shortage.h"
+#include "tests/support/shortage.h"
 #include "windows/com/snapshot_enumerator.h"
 
 namespace tests {
