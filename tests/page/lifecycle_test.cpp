@@ -442,7 +442,17 @@ INSTANTIATE_TEST_SUITE_P(Sizes, PageLayout,
                                                 {10, 5, 380, 18},
                                                 {10, 24, 380, 18},
                                                 {10, 44, 40, 40},
-                                                {60, 48, 150, 31}}),
+                                                {60, 48, 150, 31}},
+                                         // Every distance to the twip.
+                                         Layout{"ByTheTwip",
+                                                1,
+                                                {4000, 4000},
+                                                1035,
+                                                {120, 30, 3760, 30},
+                                                {120, 60, 3760, 210},
+                                                {120, 285, 3760, 210},
+                                                {120, 525, 480, 480},
+                                                {720, 577, 1800, 375}}),
                          [](const auto& one) { return std::string(one.param.name); });
 
 // The page of a classic property sheet has 218 dialog units, some 354 pixels at 96 DPI.

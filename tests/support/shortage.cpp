@@ -21,5 +21,8 @@ bool shortageIsShort = false;
     if (void* block = std::malloc(size)) return block;
     throw std::bad_alloc();
 }
+[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return tests::allocationsLeft == 0 ? nullptr : std::malloc(size);
+}
 [[gnu::noinline]] void operator delete(void* block) noexcept { std::free(block); }
 [[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept { std::free(block); }
