@@ -31,7 +31,7 @@ void ProcessLock::LockForm(bool bAutoUpdate, bool bNoWrite) {
 }
 
 void ProcessLock::begin(bool bAutoUpdate, bool bNoWrite) {
-    if (!lock_) lock_.emplace();
+    if (!lock_) lock_ = Lock{};
     if (!bNoWrite)
         application_.writeInteger(application_.ProfileKey, valueName::KBProcessState,
                                   bAutoUpdate ? processState::autoUpdate : processState::command);
