@@ -50,5 +50,19 @@ INSTANTIATE_TEST_SUITE_P(
                      0}),
     [](const auto& one) { return std::string(one.param.name); });
 
+class KBRemovalWithoutASearchWindow : public KBTest {};
+
+TEST_F(KBRemovalWithoutASearchWindow, SendsNothingAtItsEnd) {
+    recordNames({L"Mail", L"News"});
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        stage->answerMessages({ui::MessageAnswer::yes});
+        user.click(form.cmdRemove);
+        addIn.finish(L"Mail", false);
+        EXPECT_FALSE(form.locked());
+    });
+    EXPECT_THAT(calls.linesWith("message"), IsEmpty());
+}
+
 }  // namespace
 }  // namespace tests

@@ -161,6 +161,13 @@ TEST_F(PageCommands, ADeadSearchWindowDoesNoHarmAndLeavesNoLine) {
     EXPECT_EQ(log().size(), lines);
 }
 
+TEST_F(PageCommands, WhereNoSearchWindowIsStoredTheMessageGoesToTheHandleZero) {
+    application.deleteValue(ROOT, L"hWndSearchCtl");
+    raise(2);
+    raise(6);
+    EXPECT_THAT(calls.linesWith("message 0 "), SizeIs(2));
+}
+
 /// The number at the end of the line.
 std::intptr_t lParamOf(const std::string& line) { return std::stoll(line.substr(line.rfind(' ') + 1)); }
 
