@@ -1,7 +1,7 @@
 // The control's edge: calls without places for their results, calls after the end, and memory that runs out.
+#include "tests/support/shortage.h"
 #include "tests/windows/com/control_test.h"
 #include "tests/windows/com/fake_bag.h"
-#include "tests/support/shortage.h"
 #include "windows/com/class_factory.h"
 #include "windows/com/runtime.h"
 
