@@ -34,10 +34,12 @@ world() {
     (cd "$drive" && find "Program Files" "Program Files (x86)" users/*/AppData/Local -name Temp -prune -o -print0 | LC_ALL=C sort -z |
         xargs -0 ls -ld --time-style=+ | sed 's/^[^ ]* *[0-9]* *[^ ]* *[^ ]* *//')
 }
-# The registry of all classes, whoever they belong to. The installer keeps (empty) keys of its own there.
+# Every value of all classes, whoever they belong to. The installer keeps keys of its own there, and takes away keys
+# that it leaves empty, also where they were empty before.
 all_classes() {
     local view
-    for view in 64 32; do registry 'HKLM\Software\Classes' $view; done | grep -v '\\Installer' | LC_ALL=C sort -u
+    for view in 64 32; do registry 'HKLM\Software\Classes' $view; done |
+        awk '/^HKEY/ { key = $0; next } NF { print key ": " $0 }' | grep -v '\\Installer' | LC_ALL=C sort -u
 }
 
 unchanged() {
