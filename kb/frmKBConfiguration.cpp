@@ -2,7 +2,7 @@
 
 #include "common/guarded.h"
 #include "common/knowledgebase_names.h"
-#include "common/raised.h"
+#include "kb/fill_progress.h"
 #include "kb/form_name.h"
 #include "kb/frmKBConfiguration.ids.h"
 #include "kb/messages.h"
@@ -26,6 +26,7 @@ frmKBConfiguration::frmKBConfiguration(Application& application, ui::Window& own
       cmdApply(window().control<ui::Button>(IDC_cmdApply)),
       cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
       lblDebugInfo(window().control<ui::Label>(IDC_lblDebugInfo)),
+      lblStatus(window().control<ui::Label>(IDC_lblStatus)),
       application_(application),
       mvarTeskAddIn(application.addIn),
       list_(application, sftKBConfiguration),
@@ -35,30 +36,34 @@ frmKBConfiguration::frmKBConfiguration(Application& application, ui::Window& own
                       if (DefaultKBChanged) DefaultKBChanged();
                   }),
       naming_(application, window(), sftKBConfiguration, list_),
-      lock_(application, window(), sftKBConfiguration, commands_) {
+      status_(lblStatus, mvarTeskAddIn ? L"" : message::addInIsMissing()),
+      lockView_(sftKBConfiguration, commands_, cmdBaseFolder, cmdApply, status_),
+      lock_(application, window(), commands_, lockView_),
+      gate_(application, window(), list_, naming_, lock_) {
     connectHandlers();
     connectAddIn();
 }
 
 void frmKBConfiguration::connectHandlers() {
-    sftKBConfiguration.onHeaderClick = [this](int column) { begin([&] { list_.sortBy(column); }); };
+    sftKBConfiguration.onHeaderClick = [this](int column) { gate_.begin([&] { list_.sortBy(column); }); };
     sftKBConfiguration.onRowClick = [this](int) { CaretChange(); };
     sftKBConfiguration.onCaretChange = [this] { CaretChange(); };
     sftKBConfiguration.onDoubleClick = [this](int row) {
-        commandOn(row, [this](int meant) { editKnowledgebase(meant); });
+        gate_.commandOn(row, [this](int meant) { editKnowledgebase(meant); });
     };
     sftKBConfiguration.onBeginEdit = [this](int row) {
-        commandOn(row, [this](int meant) { BeginEdit(meant); });
+        gate_.commandOn(row, [this](int meant) { BeginEdit(meant); });
     };
+    sftKBConfiguration.onMenu = [this] { return commands_.menu(); };
     sftKBConfiguration.onEndEdit = [this](const ui::GridEdit& edit) { EndEdit(edit); };
-    cmdAdd.onClick = [this] { command([&] { addKnowledgebase(); }); };
-    cmdEdit.onClick = [this] { command([&] { editKnowledgebase(sftKBConfiguration.currentRow()); }); };
-    cmdRename.onClick = [this] { command([&] { renameKnowledgebase(); }); };
-    cmdRemove.onClick = [this] { command([&] { removeKnowledgebase(); }); };
-    cmdRebuild.onClick = [this] { command([&] { runOnCurrent(KBEvent::rebuild, true); }); };
-    cmdUpdate.onClick = [this] { command([&] { runOnCurrent(KBEvent::update, false); }); };
+    cmdAdd.onClick = [this] { gate_.command([&] { addKnowledgebase(); }); };
+    cmdEdit.onClick = [this] { gate_.command([&] { editKnowledgebase(sftKBConfiguration.currentRow()); }); };
+    cmdRename.onClick = [this] { gate_.command([&] { renameKnowledgebase(); }); };
+    cmdRemove.onClick = [this] { gate_.command([&] { removeKnowledgebase(); }); };
+    cmdRebuild.onClick = [this] { gate_.command([&] { runOnCurrent(KBEvent::rebuild, true); }); };
+    cmdUpdate.onClick = [this] { gate_.command([&] { runOnCurrent(KBEvent::update, false); }); };
     cmdBaseFolder.onClick = [this] {
-        begin([&] {
+        gate_.begin([&] {
             if (BaseFolderRequested) BaseFolderRequested();
         });
     };
@@ -88,6 +93,7 @@ void frmKBConfiguration::trace(const std::wstring& text) { application_.WriteLog
 void frmKBConfiguration::Form_Load() {
     guarded(application_, FORM_NAME, L"Form_Load", [&] {
         trace(L", Loading...");
+        status_.sayNothingGoesOn();
         application_.writeInteger(RootKey, valueName::hWndKBEdit,
                                   static_cast<std::int32_t>(window().handle()));
         list_.hideSortArrows();
@@ -103,6 +109,7 @@ void frmKBConfiguration::Form_Load() {
             trace(L", Item " + std::to_wstring(row) + L": " + name);
             sftKBConfiguration.setCurrentRow(row);
         }
+        list_.keepOneCurrent();
         lockWhileProcessing();
         trace(L", ...load finished.");
     });
@@ -127,13 +134,17 @@ void frmKBConfiguration::UpdateListView(bool bFromLoad) {
         const std::wstring name = application_.readText(application_.ProfileKey, valueOfName, L"");
         trace(std::wstring(L", Lookup: ") + valueOfName);
         application_.WriteLogLine(L"Projectname: " + name);
-        const Raised running(running_);
+        const Raised closed = gate_.close();
         naming_.forget();
         const std::int32_t count = list_.beginFill();  // lets events run: the dialog may have closed
         if (!window().isOpen()) return;
         application_.WriteLogLine(L"UpdateListView, ProjectCount: " + std::to_wstring(count));
-        list_.fill(count, !bFromLoad);
+        {
+            FillProgress progress(application_, sftKBConfiguration, status_, count);
+            list_.fill(count, !bFromLoad, [&] { progress.rowAdded(); });
+        }
         if (list_.selectLast(name)) CaretChange();
+        if (!bFromLoad) list_.keepOneCurrent();  // a load has more to select
         lblDebugInfo.setText(std::to_wstring(list_.rowCount()));
         commands_.followList();
     });
@@ -146,37 +157,6 @@ void frmKBConfiguration::CaretChange() {
 
 // --- What the user does -----------------------------------------------------------------------------------
 
-void frmKBConfiguration::begin(const std::function<void()>& body) noexcept {
-    if (!naming_.finishEdit() || lock_.locked() || running_) return;
-    const Raised running(running_);
-    attempt(body);
-}
-
-void frmKBConfiguration::command(const std::function<void()>& body) noexcept {
-    begin([&] {
-        if (addInIsFree()) body();
-    });
-}
-
-void frmKBConfiguration::commandOn(int row, const std::function<void(int row)>& body) noexcept {
-    attempt([&] {
-        const std::wstring name = list_.nameOf(row);
-        // Asking the add-in may let events run that move the rows: the name says which one was meant.
-        command([&] {
-            const int meant = list_.stillAt(row, name);
-            if (meant != -1) body(meant);
-        });
-    });
-}
-
-bool frmKBConfiguration::addInIsFree() {
-    if (!mvarTeskAddIn) return false;
-    const bool isBusy = mvarTeskAddIn->IsAutoUpdateRunning();  // may let events run: see below
-    if (!isBusy) return !lock_.locked() && window().isOpen();
-    application_.screen.showMessage(&window(), message::autoUpdateRuns());
-    return false;
-}
-
 void frmKBConfiguration::BeginEdit(int row) {
     if (!sftKBConfiguration.row(row).enabled) return;
     sftKBConfiguration.setCurrentRow(row);
@@ -188,7 +168,7 @@ void frmKBConfiguration::guardMouse(ui::MouseEvent& event) noexcept {
     event.button = 0;
     event.modifiers = 0;
     attempt([&] {
-        cmdApply.setFocus();
+        lockView_.takeFocusAway();
         application_.DoEvents();
     });
 }
@@ -230,9 +210,8 @@ void frmKBConfiguration::removeKnowledgebase() {
 }
 
 bool frmKBConfiguration::process(KBEvent event, const std::wstring& name, bool letEventsRun) {
-    const std::wstring removing = event == KBEvent::removed ? name : std::wstring();
     // Lets events run: the command may even have ended, the dialog closed.
-    return lock_.run(letEventsRun, removing, [&] { return raiseKBClick(name, event); });
+    return lock_.run(event, name, letEventsRun, [&] { return raiseKBClick(name, event); });
 }
 
 bool frmKBConfiguration::raiseKBClick(std::wstring name, KBEvent event) {
@@ -245,7 +224,7 @@ bool frmKBConfiguration::raiseKBClick(std::wstring name, KBEvent event) {
 
 void frmKBConfiguration::EndEdit(const ui::GridEdit& edit) {
     if (!naming_.isActive() || !window().isOpen()) return;
-    const Raised running(running_);
+    const Raised closed = gate_.close();
     if (edit.cancelled) return attempt([&] { undoNaming(); });
     if (guarded(application_, FORM_NAME, L"PostEdit", [&] { PostEdit(edit); })) return;
     attempt([&] { application_.SetPointerDefault(); });
@@ -281,7 +260,7 @@ void frmKBConfiguration::finishNewProject(const Naming::Adding& added) {
     application_.SetPointerDefault();
     if (accepted) {
         autoUpdate_.offer(added.name);  // the same
-        if (window().isOpen() && !lock_.locked() && addInIsFree()) editKnowledgebase(list_.find(added.name));
+        if (window().isOpen() && !lock_.locked() && gate_.addInIsFree()) editKnowledgebase(list_.find(added.name));
     } else {
         readListAfterRefusal(added.nameBefore);
     }
@@ -301,12 +280,21 @@ void frmKBConfiguration::lockWhileProcessing() {
     if (!window().isOpen()) return;
     if (processing) {
         trace(L", locking form...");
-        lock_.LockForm(true, false);
+        lock_.LockForm(whatRuns(), true, false);
         trace(L", ...locking finished.");
         return;
     }
     // An end that nobody has seen yet: the first tick consumes it.
     if (lock_.storedState() == processState::ended) lock_.startTimer();
+}
+
+/// What is stored of a command that an earlier opening has given; an automatic update stores no name.
+std::wstring frmKBConfiguration::whatRuns() {
+    if (lock_.storedState() != processState::command) return message::somethingRuns();
+    const std::wstring& key = application_.ProfileKey;
+    return message::commandRuns(
+        static_cast<KBEvent>(application_.readInteger(key, valueName::ProjectEvent, -1)),
+        application_.readText(key, valueName::ProjectEventName, L""));
 }
 
 void frmKBConfiguration::mvarTeskAddIn_ProcessFinished(const std::wstring& strProject, bool bKeepList) {

@@ -10,10 +10,13 @@
 #include "common/addin_contract.h"
 #include "common/application.h"
 #include "kb/auto_update.h"
+#include "kb/command_gate.h"
 #include "kb/knowledgebase_list.h"
+#include "kb/lock_view.h"
 #include "kb/naming.h"
 #include "kb/process_lock.h"
 #include "kb/row_commands.h"
+#include "kb/status_line.h"
 #include "ui/form.h"
 
 namespace vexa {
@@ -41,6 +44,7 @@ public:
     ui::Button& cmdApply;
     ui::Button& cmdCancel;
     ui::Label& lblDebugInfo;
+    ui::Label& lblStatus;
 
     [[nodiscard]] bool locked() const { return lock_.locked(); }
     /// What the next click on each column header sorts by: 1 ascending, 0 descending.
@@ -56,14 +60,6 @@ private:
     void trace(const std::wstring& text);
 
     // What the user does.
-    /// Runs what the user asks for, unless a name is refused, the dialog is locked or something else is
-    /// running.
-    void begin(const std::function<void()>& body) noexcept;
-    /// Runs a command's body where the add-in is free.
-    void command(const std::function<void()>& body) noexcept;
-    /// The same for the knowledgebase of a row, which may have moved when the body runs.
-    void commandOn(int row, const std::function<void(int row)>& body) noexcept;
-    [[nodiscard]] bool addInIsFree();
     void CaretChange();
     void BeginEdit(int row);
     void EndEdit(const ui::GridEdit& edit);
@@ -93,6 +89,7 @@ private:
 
     // Processing.
     void lockWhileProcessing();
+    [[nodiscard]] std::wstring whatRuns();
     void mvarTeskAddIn_ProcessFinished(const std::wstring& strProject, bool bKeepList);
     void tmrLock_Timer();
     void endByTick();
@@ -105,9 +102,10 @@ private:
     RowCommands commands_;
     AutoUpdate autoUpdate_;
     Naming naming_;
+    StatusLine status_;
+    LockView lockView_;
     ProcessLock lock_;
-    /// Something is running that may let events run: nothing else begins.
-    bool running_ = false;
+    CommandGate gate_;
     std::unique_ptr<EventConnection> connection_;
 };
 

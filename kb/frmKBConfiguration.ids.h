@@ -14,3 +14,4 @@
 #define IDC_cmdBaseFolder 1409
 #define IDC_cmdApply 1410
 #define IDC_lblDebugInfo 1411
+#define IDC_lblStatus 1412

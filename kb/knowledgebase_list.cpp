@@ -1,5 +1,7 @@
 #include "kb/knowledgebase_list.h"
 
+#include <algorithm>
+
 #include "common/guarded.h"
 #include "common/knowledgebase_names.h"
 #include "kb/form_name.h"
@@ -28,6 +30,10 @@ void KnowledgebaseList::clear() {
 
 std::int32_t KnowledgebaseList::beginFill() {
     const std::int32_t count = knowledgebaseCount(application_);
+    if (const auto name = currentName()) {
+        nameBefore_ = *name;
+        rowBefore_ = grid_.currentRow();
+    }
     clear();
     application_.DoEvents();
     if (!complete_) return count;
@@ -36,10 +42,12 @@ std::int32_t KnowledgebaseList::beginFill() {
     return knowledgebaseCount(application_);
 }
 
-void KnowledgebaseList::fill(std::int32_t count, bool sorted) {
+void KnowledgebaseList::fill(std::int32_t count, bool sorted, const std::function<void()>& rowAdded) {
     const ui::Grid::BulkUpdate bulk(grid_);
-    for (std::int32_t index = 1; index <= count; ++index)
+    for (std::int32_t index = 1; index <= count; ++index) {
         grid_.addRow(rowOf(knowledgebaseName(application_, index, L"")));
+        rowAdded();
+    }
     if (sorted) {
         nextOrder() = nSortOrder;
         sort();
@@ -109,6 +117,12 @@ bool KnowledgebaseList::selectLast(const std::wstring& name) {
     while (row >= 0 && grid_.cellText(row, NAME_COLUMN) != name) --row;
     if (row >= 0) grid_.setCurrentRow(row);
     return row >= 0;
+}
+
+void KnowledgebaseList::keepOneCurrent() {
+    if (isEmpty() || grid_.currentRow() != -1) return;
+    const int row = find(nameBefore_);
+    grid_.setCurrentRow(row != -1 ? row : std::min(rowBefore_, rowCount() - 1));
 }
 
 // --- Order ------------------------------------------------------------------------------------------------

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,8 +23,9 @@ public:
     /// Empties the list and lets events run; afterwards the window may have closed. Returns the number of
     /// knowledgebases to fill it with.
     [[nodiscard]] std::int32_t beginFill();
-    /// Shows the records of so many knowledgebases, as the add-in has stored them or as the list was sorted.
-    void fill(std::int32_t count, bool sorted);
+    /// Shows the records of so many knowledgebases, as the add-in has stored them or as the list was sorted;
+    /// `rowAdded` is called after each.
+    void fill(std::int32_t count, bool sorted, const std::function<void()>& rowAdded);
     /// The list shows all knowledgebases: it does not from its emptying to the end of a fill.
     [[nodiscard]] bool isComplete() const { return complete_; }
     [[nodiscard]] bool isEmpty() const { return grid_.rowCount() == 0; }
@@ -47,6 +49,9 @@ public:
     [[nodiscard]] int stillAt(int row, const std::wstring& name) const;
     /// Makes the last row with exactly this name the current one. Returns whether there is one.
     bool selectLast(const std::wstring& name);
+    /// With rows one is current: where none is, the one that was current before the last fill or what has
+    /// taken its place, else the first.
+    void keepOneCurrent();
 
     // Order.
     void hideSortArrows();
@@ -73,6 +78,9 @@ private:
     Application& application_;
     ui::Grid& grid_;
     bool complete_ = false;
+    /// The current knowledgebase and its row, when the list was last filled anew.
+    std::wstring nameBefore_;
+    int rowBefore_ = 0;
     bool sortRestored_ = false;
     int nSortColumn = NAME_COLUMN;
     std::int32_t nSortOrder = 0;

@@ -43,6 +43,30 @@ ui::Message configureAutoUpdate(const std::wstring& name) {
                     ui::MessageAnswer::yes);
 }
 
+std::wstring commandRuns(KBEvent event, const std::wstring& name) {
+    const auto is = [&](const wchar_t* doing) {
+        return std::wstring(L"The add-in is ") + doing + L" '" + name + L"'...";
+    };
+    switch (event) {
+        case KBEvent::removed: return is(L"removing");
+        case KBEvent::edited: return is(L"editing");
+        case KBEvent::rebuild: return is(L"rebuilding");
+        case KBEvent::update: return is(L"updating");
+        default: return somethingRuns();
+    }
+}
+
+std::wstring somethingRuns() { return L"The add-in is working on the knowledgebases..."; }
+
+std::wstring fillRuns(std::int32_t rows, std::int32_t count) {
+    return L"Reading the knowledgebases: " + std::to_wstring(rows) + L" of " + std::to_wstring(count) +
+           L"...";
+}
+
+std::wstring addInIsMissing() {
+    return L"The add-in is not running: the list can be looked at and not changed.";
+}
+
 ui::Message driveNotAvailable(const std::wstring& drive) {
     return {L"Drive '" + drive + L"' is not available.", L"Orbisearch", ui::MessageIcon::information,
             ui::MessageButtons::ok};

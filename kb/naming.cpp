@@ -116,7 +116,8 @@ void Naming::undo() {
     const int row = adding == nullptr ? -1 : list_.find(adding->name);
     if (row == -1) return;
     list_.remove(row);
-    grid_.setCurrentRow(adding->nameBefore.empty() ? -1 : list_.find(adding->nameBefore));
+    grid_.setCurrentRow(list_.find(adding->nameBefore));
+    list_.keepOneCurrent();
 }
 
 }  // namespace vexa

@@ -5,6 +5,7 @@
 #include "common/addin_contract.h"
 #include "common/guarded.h"
 #include "kb/form_name.h"
+#include "kb/messages.h"
 
 namespace vexa {
 namespace {
@@ -13,30 +14,29 @@ constexpr int LOCK_INTERVAL = 500;  // milliseconds
 
 }  // namespace
 
-ProcessLock::ProcessLock(Application& application, ui::Window& window, ui::Grid& rows, RowCommands& commands)
+ProcessLock::ProcessLock(Application& application, ui::Window& window, RowCommands& commands, LockView& view)
     : application_(application),
       window_(window),
-      rows_(rows),
       commands_(commands),
+      view_(view),
       tmrLock_(window.createTimer()) {}
 
 // --- Locking ----------------------------------------------------------------------------------------------
 
-void ProcessLock::LockForm(bool bAutoUpdate, bool bNoWrite) {
+void ProcessLock::LockForm(const std::wstring& what, bool bAutoUpdate, bool bNoWrite) {
     guarded(application_, FORM_NAME, L"LockForm", [&] {
-        begin(bAutoUpdate, bNoWrite);
+        begin(what, bAutoUpdate, bNoWrite);
         application_.DoEvents();
         if (lock_) complete();  // else what had been running has ended meanwhile
     });
 }
 
-void ProcessLock::begin(bool bAutoUpdate, bool bNoWrite) {
+void ProcessLock::begin(const std::wstring& what, bool bAutoUpdate, bool bNoWrite) {
     if (!lock_) lock_ = Lock{};
     if (!bNoWrite)
         application_.writeInteger(application_.ProfileKey, valueName::KBProcessState,
                                   bAutoUpdate ? processState::autoUpdate : processState::command);
-    rows_.setAllRowsEnabled(false);
-    commands_.setAll(false);
+    view_.lock(what);
 }
 
 void ProcessLock::complete() {
@@ -45,11 +45,11 @@ void ProcessLock::complete() {
     startTimer();
 }
 
-bool ProcessLock::run(bool letEventsRun, const std::wstring& removing,
+bool ProcessLock::run(KBEvent event, const std::wstring& name, bool letEventsRun,
                       const std::function<bool()>& handOver) {
     bool accepted = false;
     attempt([&] {
-        lockForCommand(letEventsRun, removing);
+        lockForCommand(event, name, letEventsRun);
         accepted = handOver();
     });
     if (accepted) return true;
@@ -60,12 +60,14 @@ bool ProcessLock::run(bool letEventsRun, const std::wstring& removing,
 }
 
 /// Whatever ends while events run, the dialog is locked for the command afterwards.
-void ProcessLock::lockForCommand(bool letEventsRun, const std::wstring& removing) {
+void ProcessLock::lockForCommand(KBEvent event, const std::wstring& name, bool letEventsRun) {
+    const std::wstring what = message::commandRuns(event, name);
+    const std::wstring removing = event == KBEvent::removed ? name : std::wstring();
     lock_ = Lock{removing};
-    LockForm(false, false);
+    LockForm(what, false, false);
     if (letEventsRun) application_.DoEvents();
     if (!locked()) {
-        begin(false, false);
+        begin(what, false, false);
         complete();
     }
     lock_->removing = removing;  // the end of something else, met while events ran, is not the end of this
@@ -109,7 +111,7 @@ void ProcessLock::endRemoval(const std::wstring& project) {
 
 void ProcessLock::unlock() noexcept {
     lock_.reset();
-    attempt([&] { rows_.setAllRowsEnabled(true); });
+    attempt([&] { view_.unlock(); });
 }
 
 }  // namespace vexa

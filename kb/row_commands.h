@@ -2,7 +2,7 @@
 #pragma once
 
 #include <array>
-#include <functional>
+#include <vector>
 
 #include "kb/knowledgebase_list.h"
 #include "ui/controls.h"
@@ -22,6 +22,10 @@ public:
     RowCommands(Application& application, const KnowledgebaseList& list, const Buttons& buttons);
 
     void setAll(bool enabled);
+    /// The button that has the focus; null where none has it.
+    [[nodiscard]] ui::Button* focused() const;
+    /// Those that are enabled, as a list's menu offers them.
+    [[nodiscard]] std::vector<ui::GridCommand> menu() const;
     /// Rebuild and Update need a current knowledgebase with documents.
     void applyDocumentsRule();
     /// What the list allows: with no row Add alone, else Edit and what the documents rule says. Enables
@@ -31,6 +35,8 @@ public:
     void restore();
 
 private:
+    [[nodiscard]] std::array<ui::Button*, 6> all() const;
+
     Application& application_;
     const KnowledgebaseList& list_;
     Buttons buttons_;

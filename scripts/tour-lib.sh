@@ -55,14 +55,19 @@ open_page() {
     until_true control_there Options OK
 }
 
+# The workbench ends with its Options dialog, however that was closed.
+page_has_ended() {
+    wait_gone Options
+    until_true not_running "$workbench_process" || fail "the workbench does not end"
+    wait "$workbench_process" || fail "the workbench ended with an error"
+}
+
 control_there() { wine "$programs/locate.exe" "$1" "$2"; }
 
 # close_page BUTTON: presses OK or Cancel of the Options dialog and waits for the end of the workbench.
 close_page() {
     click "$1" Options
-    wait_gone Options
-    until_true not_running "$workbench_process" || fail "the workbench does not end"
-    wait "$workbench_process" || fail "the workbench ended with an error"
+    page_has_ended
 }
 
 # --- Mouse and keyboard -------------------------------------------------------------------------------------------
@@ -90,10 +95,29 @@ click_point() { xdotool mousemove "$1" "$2" click 1; }
 
 double_click_point() { xdotool mousemove "$1" "$2" click --repeat 2 --delay 60 1; }
 
+# From here on the mouse lies in a corner and is not touched.
+keyboard_alone() {
+    xdotool mousemove "${SCREEN%x*}" "${SCREEN#*x}"
+    click_point() { fail "the mouse is used"; }
+    double_click_point() { click_point; }
+}
+
 # press KEY ...: as xdotool names them (Tab, Return, alt+h).
 press() { xdotool key --delay 60 "$@"; }
 
 type_text() { xdotool type --delay 30 "$1"; }
+
+# --- The add-in ---------------------------------------------------------------------------------------------------
+
+# expect_call CALL: the add-in has been called so.
+expect_call() {
+    wait_text "$calls" "$1"
+    printf '   %s\n' "$1"
+}
+
+# wait_finished NUMBER: until the add-in has finished so many commands.
+finished() { [ "$(grep -c 'ProcessFinished' "$calls")" -ge "$1" ]; }
+wait_finished() { until_true finished "$1" || fail "the add-in has not finished its command $1"; }
 
 # --- Results ------------------------------------------------------------------------------------------------------
 

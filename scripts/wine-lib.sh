@@ -3,7 +3,7 @@
 # shellcheck shell=bash disable=SC2034
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 programs=$root/build/windows-x64
-SCREEN=1280x900
+SCREEN=${SCREEN:-1280x900}
 PATIENCE=30  # seconds until a wait is in vain
 display_process=
 
@@ -74,6 +74,48 @@ quietly() {
     fi
     rm "$said"
     return "$code"
+}
+
+# use_high_contrast: the system's colours of a black scheme, as Windows ships it, and no theme that paints over them.
+use_high_contrast() {
+    local name colour
+    set_value 'HKCU\Software\Microsoft\Windows\CurrentVersion\ThemeManager' ThemeActive REG_SZ 0
+    while read -r name colour; do
+        set_value 'HKCU\Control Panel\Colors' "$name" REG_SZ "$colour"
+    done <<'END'
+Window 0 0 0
+WindowText 255 255 255
+WindowFrame 255 255 255
+ButtonFace 0 0 0
+ButtonText 255 255 255
+ButtonHilight 192 192 192
+ButtonLight 255 255 255
+ButtonShadow 128 128 128
+ButtonDkShadow 255 255 255
+ButtonAlternateFace 0 0 0
+GrayText 63 242 63
+Hilight 26 235 255
+HilightText 0 0 0
+HotTrackingColor 255 255 0
+ActiveTitle 0 0 0
+GradientActiveTitle 0 0 0
+TitleText 255 255 255
+InactiveTitle 0 0 0
+GradientInactiveTitle 0 0 0
+InactiveTitleText 255 255 255
+ActiveBorder 0 0 255
+InactiveBorder 0 255 255
+Menu 0 0 0
+MenuBar 0 0 0
+MenuHilight 26 235 255
+MenuText 255 255 255
+Scrollbar 0 0 0
+Background 0 0 0
+InfoWindow 0 0 0
+InfoText 255 255 0
+AppWorkspace 0 0 0
+END
+    wineserver --wait
 }
 
 # Keeps one process of the prefix alive: a session that is just ending serves no calls between processes.

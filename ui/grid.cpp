@@ -26,7 +26,7 @@ void Grid::setSortArrow(int column, SortArrow arrow) {
 std::vector<GridCommand> Grid::menu() const {
     std::vector<GridCommand> entries;
     if (onMenu) entries = onMenu();
-    if (!onHeaderClick) return entries;
+    if (!onHeaderClick || allGreyed()) return entries;
     for (int column = 0; column < static_cast<int>(columns_.size()); ++column)
         entries.push_back({L"Sort by " + columns_[static_cast<std::size_t>(column)].caption,
                            [sort = onHeaderClick, column] { sort(column); }});
@@ -85,6 +85,8 @@ void Grid::setAllRowsEnabled(bool enabled) {
     for (GridRow& row : rows_) row.enabled = enabled;
     rowsChanged();
 }
+
+bool Grid::allGreyed() const { return !rows_.empty() && std::ranges::none_of(rows_, &GridRow::enabled); }
 
 void Grid::sort(int column,
                 const std::function<bool(const GridCell& first, const GridCell& second)>& before) {

@@ -92,6 +92,11 @@ public:
 
     /// Shows everything anew.
     virtual void refresh() = 0;
+    /// Draws the rows that are there, also during a bulk update and in a window that is still being loaded,
+    /// which becomes visible by it. No events run.
+    virtual void showSoFar() = 0;
+    /// There are rows, and all of them are greyed.
+    [[nodiscard]] bool allGreyed() const;
 
     /// The left button on a column header.
     std::function<void(int column)> onHeaderClick;
@@ -110,7 +115,8 @@ public:
     std::function<std::vector<GridCommand>()> onMenu;
     /// Enter comes to `onKeyDown` and not to the dialog's default button.
     bool wantsEnter = false;
-    /// What that menu offers: the commands, then the sort by each column, as by a click on its header.
+    /// What that menu offers: the commands, then the sort by each column, as by a click on its header, unless
+    /// all rows are greyed.
     [[nodiscard]] std::vector<GridCommand> menu() const;
 
     /// While one lives, changes of the rows are not shown; its end shows them.

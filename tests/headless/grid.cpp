@@ -5,8 +5,6 @@
 #include "tests/headless/window.h"
 
 namespace headless {
-namespace {}  // namespace
-
 bool Grid::wantsKey(const ui::KeyEvent& event) const {
     if (event.key == tests::key::enter && wantsEnter) return true;
     if (editedRow() != -1) return true;
@@ -59,6 +57,8 @@ void Grid::handleCharacter(wchar_t character) {
     }
     allSelected_ = false;
 }
+
+void Grid::showSoFar() { window().present(); }
 
 void Grid::clickRow(int row) {
     finishEdit();

@@ -10,6 +10,7 @@ class Grid : public Typed<ui::Grid> {
 public:
     using Typed::Typed;
     void refresh() override {}
+    void showSoFar() override;
 
     [[nodiscard]] bool focusable() const override { return true; }
     /// The editor takes every key; the list takes the arrows.

@@ -1,7 +1,7 @@
 // Controls that nobody can press, and the push button.
 #pragma once
 
-#include "tests/headless/item.h"
+#include "tests/headless/window.h"
 #include "tests/stage/user.h"
 #include "ui/controls.h"
 
@@ -17,8 +17,7 @@ using Picture = Typed<ui::Picture>;
 class Label : public Typed<ui::Label> {
 public:
     using Typed::Typed;
-    /// Nobody is there to hear it.
-    void announce() override {}
+    void announce() override { window().announce(state.caption); }
 };
 
 /// A control that has the focus and is pressed by click, space bar or access key.

@@ -96,6 +96,10 @@ public:
     [[nodiscard]] const std::vector<ColourQuestion>& colourQuestions() const override {
         return scripted_.colourQuestions();
     }
+    [[nodiscard]] std::vector<std::wstring> announced() override { return screen_.announced; }
+    [[nodiscard]] bool isShown(const ui::Window& window) override {
+        return dynamic_cast<const Window&>(window).isShown();
+    }
 
 private:
     void play(ui::Form& form);

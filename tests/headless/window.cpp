@@ -184,6 +184,8 @@ void Window::announceFocus() {
         focused_->control().onGotFocus();
 }
 
+void Window::announce(const std::wstring& text) { screen_.announced.push_back(text); }
+
 Item* Window::nextTabStop(const Item* from, bool forward) const {
     std::vector<Item*> order;
     for (const std::unique_ptr<Item>& item : items_) order.push_back(item.get());

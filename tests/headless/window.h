@@ -29,6 +29,11 @@ public:
     void close() override;
     [[nodiscard]] bool isOpen() const override { return open_; }
 
+    /// Shows a window that is still being loaded.
+    void present() { shown_ = true; }
+    [[nodiscard]] bool isShown() const { return shown_ && open_; }
+    /// What screen readers are to say at once.
+    void announce(const std::wstring& text);
     /// Shows a window that is not modal: a page in its container.
     void show(const ui::Size& innerSize);
     /// Shown, and no modal window over it.
@@ -102,6 +107,8 @@ public:
     [[nodiscard]] bool isClosing() const { return closing_; }
 
     double twipsPerPixel = 15;  ///< 96 DPI
+    /// What screen readers were given to say, in order.
+    std::vector<std::wstring> announced;
     std::vector<std::wstring> fontNames{L"Tahoma", L"Arial", L"Courier New", L"MS Sans Serif"};
 
 private:

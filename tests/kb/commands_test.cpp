@@ -482,7 +482,8 @@ TEST_F(KBCommands, ASlowSecondClickRenamesTheCurrentRow) {
 
 TEST_F(KBCommands, F2AndASlowSecondClickOnAGreyedRowDoNothing) {
     openWith({L"Mail"}, [&](frmKBConfiguration& form) {
-        user.clickRowAndRest(form.sftKBConfiguration, 0);
+        ASSERT_EQ(current(form), L"Mail");
+        form.sftKBConfiguration.setFocus();
         form.sftKBConfiguration.setAllRowsEnabled(false);
         user.press(form.window(), key::f2);
         EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);

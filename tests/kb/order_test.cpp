@@ -247,9 +247,12 @@ TEST_F(KBOrder, TheLockStoresWhatItIsFor) {
             vexa::RowCommands commands(
                 application, list,
                 {form.cmdAdd, form.cmdEdit, form.cmdRename, form.cmdRemove, form.cmdRebuild, form.cmdUpdate});
-            vexa::ProcessLock locking(application, form.window(), form.sftKBConfiguration, commands);
-            locking.LockForm(lock.bAutoUpdate, lock.bNoWrite);
+            vexa::StatusLine status(form.lblStatus, L"");
+            vexa::LockView view(form.sftKBConfiguration, commands, form.cmdBaseFolder, form.cmdApply, status);
+            vexa::ProcessLock locking(application, form.window(), commands, view);
+            locking.LockForm(L"Something runs.", lock.bAutoUpdate, lock.bNoWrite);
             EXPECT_TRUE(locking.locked());
+            EXPECT_EQ(form.lblStatus.text(), L"Something runs.");
             EXPECT_EQ(stored(L"KBProcessState"), lock.stored);
             EXPECT_EQ(buttons(form), "");
             EXPECT_TRUE(anyRowGreyed(form));

@@ -73,6 +73,11 @@ public:
         whenShown(Script([script](ui::Form& form) { script(dynamic_cast<Form&>(form)); }));
     }
 
+    /// What screen readers were given to say at once, in order.
+    [[nodiscard]] virtual std::vector<std::wstring> announced() = 0;
+    /// Whether the window can be seen, whoever is in front of it.
+    [[nodiscard]] virtual bool isShown(const ui::Window& window) = 0;
+
     /// What happens to open dialogs when the host closes the page: they close, the innermost first.
     virtual void closeDialogs() = 0;
 

@@ -7,6 +7,7 @@
 #include <oleacc.h>
 
 #include <string>
+#include <vector>
 
 namespace win {
 
@@ -20,10 +21,16 @@ public:
     struct Words {
         std::wstring description;
         std::wstring value;
+        /// Its text tells what goes on: readers say it when it changes.
+        bool live = false;
     };
     /// Empty words leave what the control says itself. False where the system keeps no words.
     bool tell(HWND control, const Words& words) noexcept;
     void forget(HWND control) noexcept;
+
+    /// The names of a control's parts, in their order.
+    void nameParts(HWND control, const std::vector<std::wstring>& names) noexcept;
+    void forgetParts(HWND control, std::size_t count) noexcept;
 
 private:
     [[nodiscard]] bool connected() noexcept;

@@ -196,8 +196,8 @@ void ControlBase::describe(const std::wstring& text) {
 }
 
 void ControlBase::answerReader() {
-    const Annotations::Words words{description_, accessibleValue()};
-    if (words.description.empty() && words.value.empty()) return;
+    const Annotations::Words words{description_, accessibleValue(), isLive()};
+    if (words.description.empty() && words.value.empty() && !words.live) return;
     annotated_ = dialog_.screen().annotations().tell(handle_, words);
 }
 

@@ -58,6 +58,8 @@ public:
     virtual void rescaled() {}
     /// What screen readers tell as the control's value, where the control itself tells none.
     [[nodiscard]] virtual std::wstring accessibleValue() const { return {}; }
+    /// Whether screen readers say its text by themselves when that changes.
+    [[nodiscard]] virtual bool isLive() const { return false; }
     /// Any message to the control, before it gets it; a result keeps it away from the control.
     virtual std::optional<LRESULT> onMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) {
         return std::nullopt;

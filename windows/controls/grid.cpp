@@ -42,6 +42,7 @@ Grid::Grid(Window& window, HWND handle) : ControlOf(window, handle) {
 }
 
 Grid::~Grid() {
+    forgetHeader();
     if (editor_ != nullptr) RemoveWindowSubclass(editor_, editorProcedure, EDITOR_SUBCLASS);
 }
 
@@ -101,16 +102,42 @@ void Grid::showSortArrow(int column) {
     if (sortArrow(column) == ui::SortArrow::down) item.fmt |= HDF_SORTDOWN;
     SendMessageW(header_, HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
     tellReaders();
+    if (headerNamed_) nameHeader();
 }
 
-/// What the header shows by an arrow.
+// --- Screen readers ---------------------------------------------------------------------------------------
+
+/// What the header shows by an arrow; empty where it shows none.
+std::wstring Grid::sortText(int column) const {
+    if (sortArrow(column) == ui::SortArrow::none) return {};
+    return sortArrow(column) == ui::SortArrow::up ? L", ascending" : L", descending";
+}
+
+/// What the arrow and the grey rows show.
 std::wstring Grid::accessibleValue() const {
+    std::wstring text = greyed_ ? L"Locked" : L"";
     for (int column = 0; column < static_cast<int>(columns().size()); ++column) {
-        if (sortArrow(column) == ui::SortArrow::none) continue;
-        const wchar_t* direction = sortArrow(column) == ui::SortArrow::up ? L", ascending" : L", descending";
-        return L"Sorted by " + columns()[static_cast<std::size_t>(column)].caption + direction;
+        if (sortText(column).empty()) continue;
+        if (!text.empty()) text += L". ";
+        text += L"Sorted by " + columns()[static_cast<std::size_t>(column)].caption + sortText(column);
     }
-    return {};
+    return text;
+}
+
+void Grid::nameHeader() {
+    std::vector<std::wstring> names;
+    for (int column = 0; column < static_cast<int>(columns().size()); ++column) {
+        const std::wstring sort = sortText(column);
+        names.push_back(columns()[static_cast<std::size_t>(column)].caption +
+                        (sort.empty() ? sort : L", sorted" + sort));
+    }
+    dialog().screen().annotations().nameParts(header_, names);
+    headerNamed_ = true;
+}
+
+void Grid::forgetHeader() noexcept {
+    if (std::exchange(headerNamed_, false))
+        dialog().screen().annotations().forgetParts(header_, columns().size());
 }
 
 // --- Rows -------------------------------------------------------------------------------------------------
@@ -122,6 +149,8 @@ void Grid::showRows() noexcept {
         if (selected_ >= shownRows_) selected_ = -1;
         send(LVM_SETITEMCOUNT, static_cast<WPARAM>(shownRows_));
     }
+    const bool greyed = allGreyed();
+    if (std::exchange(greyed_, greyed) != greyed) tellReaders();
     showCurrentRow();
     refresh();
 }
@@ -130,6 +159,11 @@ void Grid::showRow(int row) { send(LVM_REDRAWITEMS, static_cast<WPARAM>(row), ro
 
 void Grid::refresh() {
     if (window() != nullptr) InvalidateRect(window(), nullptr, TRUE);
+}
+
+void Grid::showSoFar() {
+    showRows();
+    dialog().present();
 }
 
 void Grid::showCurrentRow() {
@@ -184,10 +218,14 @@ LRESULT Grid::findRow(const NMLVFINDITEMW& wanted) const {
 LRESULT Grid::draw(NMLVCUSTOMDRAW& drawing) const {
     if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
     const auto row = static_cast<int>(drawing.nmcd.dwItemSpec);
-    if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || row >= rowCount() || this->row(row).enabled)
-        return CDRF_DODEFAULT;
+    if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || row >= rowCount()) return CDRF_DODEFAULT;
+    // The list view's own mark of the selected row is no more than a shade without the focus, and in some
+    // schemes nothing at all. It says of every row that it is selected, so that the program has to know.
+    const bool isCurrent = row == currentRow();
+    const bool isPale = !this->row(row).enabled;
+    if (!isPale && (!isCurrent || GetFocus() == window())) return CDRF_DODEFAULT;
     drawing.clrText = GetSysColor(COLOR_GRAYTEXT);
-    if ((drawing.nmcd.uItemState & CDIS_SELECTED) != 0) {
+    if (isCurrent) {
         // As long as the list view takes it for selected, it shows its own colours. Greyed text turned inside
         // out is as legible as greyed text is, in any scheme, and tells the row from the others.
         drawing.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
@@ -325,6 +363,8 @@ ui::Grid::EditorContent Grid::takeEditor() {
 }
 
 std::optional<LRESULT> Grid::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (asksForObject(message, lParam)) nameHeader();
+    if (message == WM_DESTROY) forgetHeader();
     if (message == EDIT_ENDED) {
         if (left_) finishEdit();
         return 0;

@@ -21,6 +21,7 @@ public:
     std::optional<LRESULT> onNotify(NMHDR& notification) override;
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void refresh() override;
+    void showSoFar() override;
     void coloursChanged() override { refresh(); }
     void rescaled() override;
     [[nodiscard]] std::wstring accessibleValue() const override;
@@ -35,6 +36,9 @@ protected:
     EditorContent takeEditor() override;
 
 private:
+    [[nodiscard]] std::wstring sortText(int column) const;
+    void nameHeader();
+    void forgetHeader() noexcept;
     void makeImages();
     void fitColumns();
     void insertColumn(int index, const ui::GridColumn& column);
@@ -59,6 +63,9 @@ private:
     // What the list view shows: asking it would make it look through its rows.
     int shownRows_ = 0;
     int selected_ = -1;
+    bool greyed_ = false;
+    /// A screen reader has asked, and the system keeps names for the header's parts.
+    bool headerNamed_ = false;
     int fittedWidth_ = 0;  ///< the inner width that the columns fill
     /// The list view is being told which row is current, and tells it back.
     bool telling_ = false;

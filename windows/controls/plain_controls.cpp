@@ -43,6 +43,7 @@ void check(HWND button, bool checked) {
 
 void Label::announce() {
     constexpr DWORD LIVE_REGION_CHANGED = 0x8019;
+    live_ = true;
     NotifyWinEvent(LIVE_REGION_CHANGED, window(), OBJID_CLIENT, CHILDID_SELF);
 }
 

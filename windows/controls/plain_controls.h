@@ -15,6 +15,10 @@ class Label : public ControlOf<ui::Label> {
 public:
     using ControlOf::ControlOf;
     void announce() override;
+    [[nodiscard]] bool isLive() const override { return live_; }
+
+private:
+    bool live_ = false;  ///< it has announced something
 };
 
 /// A button that shows a picture shows the module's icon of its own identifier, and bears its tooltip as

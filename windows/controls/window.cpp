@@ -278,6 +278,14 @@ void Window::show() {
                      reinterpret_cast<WPARAM>(GetNextDlgTabItem(handle_, nullptr, FALSE)), TRUE);
 }
 
+void Window::present() {
+    if (!IsWindowVisible(handle_)) {
+        ShowWindow(handle_, SW_SHOW);
+        SetForegroundWindow(handle_);
+    }
+    RedrawWindow(handle_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+}
+
 void Window::pump() {
     MSG message;
     while (isOpen()) {

@@ -48,6 +48,8 @@ public:
     /// The control that has the focus, or will have it once the window is shown.
     [[nodiscard]] HWND focus() const;
     void setFocus(HWND control);
+    /// Draws the window as it is by now, also while it is being loaded; no events run.
+    void present();
     /// Keys that mean the dialog, whichever of its controls has the focus.
     [[nodiscard]] bool wantsKey(const MSG& message) const;
     /// True where the key was one of those.

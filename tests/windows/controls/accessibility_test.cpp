@@ -1,4 +1,8 @@
 // What screen readers are told of every control of the page and of every dialog.
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include <algorithm>
 #include <iomanip>
 #include <iostream>
@@ -113,6 +117,42 @@ TEST_F(AccessibilityOfOne, TheListTellsItsSort) {
         user.clickHeader(form.sftKBConfiguration, 2);
         EXPECT_NE(annotations.wordsFor(windowOf(form.sftKBConfiguration)).value, before);
     });
+}
+
+TEST_F(AccessibilityOfOne, TheListsHeadersTellTheSortOfTheirColumn) {
+    open<vexa::frmKBConfiguration>([&](vexa::frmKBConfiguration& form) {
+        const HWND list = windowOf(form.sftKBConfiguration);
+        const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+        user.clickHeader(form.sftKBConfiguration, 2);
+        ask(form.sftKBConfiguration);
+        EXPECT_THAT(annotations.wordsFor(header).parts,
+                    testing::ElementsAre(L"Knowledgebase", L"Last Update", L"Size, sorted, descending",
+                                         L"Documents"));
+        user.clickHeader(form.sftKBConfiguration, 0);
+        EXPECT_EQ(annotations.wordsFor(header).parts[2], L"Size");
+        EXPECT_THAT(annotations.wordsFor(header).parts[0], HasSubstr(L", sorted, "));
+    });
+    EXPECT_EQ(annotations.kept(), 0U);
+}
+
+TEST_F(AccessibilityOfOne, ALockedListTellsThatItIs) {
+    open<vexa::frmKBConfiguration>([&](vexa::frmKBConfiguration& form) {
+        form.sftKBConfiguration.setAllRowsEnabled(false);
+        EXPECT_THAT(ask(form.sftKBConfiguration).value, testing::StartsWith(L"Locked. Sorted by "));
+        form.sftKBConfiguration.setAllRowsEnabled(true);
+        EXPECT_THAT(annotations.wordsFor(windowOf(form.sftKBConfiguration)).value,
+                    testing::StartsWith(L"Sorted by "));
+    });
+}
+
+TEST_F(AccessibilityOfOne, TheStatusLineIsReadOutWhenItChanges) {
+    open<vexa::frmKBConfiguration>([&](vexa::frmKBConfiguration& form) {
+        user.clickRow(form.sftKBConfiguration, 0);
+        user.click(form.cmdUpdate);
+        EXPECT_EQ(ask(form.lblStatus).name, form.lblStatus.text());
+        EXPECT_TRUE(annotations.wordsFor(windowOf(form.lblStatus)).live);
+    });
+    EXPECT_EQ(annotations.kept(), 0U);
 }
 
 TEST_F(AccessibilityOfOne, NothingIsKeptForADialogThatNobodyAsks) {

@@ -74,10 +74,21 @@ STDMETHODIMP AnnotationsStandIn::QueryInterface(REFIID identifier, void** object
 
 STDMETHODIMP AnnotationsStandIn::SetHwndPropStr(HWND window, DWORD object, DWORD child, MSAAPROPID property,
                                                 LPCWSTR text) {
-    if (!IsWindow(window) || object != static_cast<DWORD>(OBJID_CLIENT) || child != CHILDID_SELF)
-        return E_INVALIDARG;
+    if (!IsWindow(window) || object != static_cast<DWORD>(OBJID_CLIENT)) return E_INVALIDARG;
+    if (child != CHILDID_SELF) {
+        if (property != PROPID_ACC_NAME) return E_INVALIDARG;
+        auto& parts = words_[window].parts;
+        parts.resize(std::max<std::size_t>(parts.size(), child));
+        parts[child - 1] = text;
+        return S_OK;
+    }
     if (property == PROPID_ACC_DESCRIPTION) words_[window].description = text;
     if (property == PROPID_ACC_VALUE) words_[window].value = text;
+    return S_OK;
+}
+
+STDMETHODIMP AnnotationsStandIn::SetHwndProp(HWND window, DWORD, DWORD, MSAAPROPID, VARIANT value) {
+    words_[window].live = value.vt == VT_I4 && value.lVal == 1;
     return S_OK;
 }
 

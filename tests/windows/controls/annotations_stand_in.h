@@ -9,6 +9,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace tests {
 
@@ -22,6 +23,8 @@ public:
     struct Words {
         std::wstring description;
         std::wstring value;
+        std::vector<std::wstring> parts;  ///< the names of its parts
+        bool live = false;
     };
     /// What is kept for a window now.
     [[nodiscard]] Words wordsFor(HWND window) const;
@@ -40,6 +43,8 @@ public:
 
     STDMETHODIMP SetHwndPropStr(HWND window, DWORD object, DWORD child, MSAAPROPID property,
                                 LPCWSTR text) override;
+    STDMETHODIMP SetHwndProp(HWND window, DWORD object, DWORD child, MSAAPROPID property,
+                             VARIANT value) override;
     STDMETHODIMP ClearHwndProps(HWND window, DWORD object, DWORD child, const MSAAPROPID* properties,
                                 int count) override;
 
@@ -50,7 +55,6 @@ public:
         return E_NOTIMPL;
     }
     STDMETHODIMP ClearProps(const BYTE*, DWORD, const MSAAPROPID*, int) override { return E_NOTIMPL; }
-    STDMETHODIMP SetHwndProp(HWND, DWORD, DWORD, MSAAPROPID, VARIANT) override { return E_NOTIMPL; }
     STDMETHODIMP SetHwndPropServer(HWND, DWORD, DWORD, const MSAAPROPID*, int, IAccPropServer*,
                                    AnnoScope) override {
         return E_NOTIMPL;

@@ -210,6 +210,23 @@ TEST_P(Contrast, GreyedRowsAreLegibleAndTheSelectedOneIsTold) {
     });
 }
 
+TEST_P(Contrast, TheCurrentRowIsToldAlsoWithoutTheFocus) {
+    open<vexa::frmKBConfiguration>([&](vexa::frmKBConfiguration& form) {
+        form.sftKBConfiguration.setCurrentRow(0);
+        form.cmdCancel.setFocus();
+        const HWND list = windowOf(form.sftKBConfiguration);
+        NMLVCUSTOMDRAW drawing{};
+        drawing.nmcd.hdr = {list, static_cast<UINT_PTR>(GetDlgCtrlID(list)), static_cast<UINT>(NM_CUSTOMDRAW)};
+        drawing.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
+        drawing.nmcd.uItemState = CDIS_SELECTED;
+        drawing.clrTextBk = GetSysColor(COLOR_WINDOW);
+        SendMessageW(GetParent(list), WM_NOTIFY, drawing.nmcd.hdr.idFrom, reinterpret_cast<LPARAM>(&drawing));
+        EXPECT_GE(contrast(drawing.clrText, drawing.clrTextBk), TEXT);
+        EXPECT_GE(contrast(drawing.clrTextBk, GetSysColor(COLOR_WINDOW)), GLYPH);
+        EXPECT_EQ(drawing.nmcd.uItemState, 0U) << "the list view would show its own colours";
+    });
+}
+
 INSTANTIATE_TEST_SUITE_P(Schemes, Contrast, testing::ValuesIn(SCHEMES),
                          [](const auto& scheme) { return std::string(scheme.param.name); });
 

@@ -14,6 +14,7 @@
 #include "tests/support/recording_ports.h"
 #include "tests/support/scripted_screen.h"
 #include "tests/support/text.h"
+#include "tests/windows/stage/announcements.h"
 #include "tests/windows/stage/container.h"
 #include "tests/windows/stage/messages.h"
 #include "tests/windows/stage/scratch_folder.h"
@@ -130,6 +131,13 @@ public:
     [[nodiscard]] const std::vector<ColourQuestion>& colourQuestions() const override {
         return scripted_.colourQuestions();
     }
+    [[nodiscard]] std::vector<std::wstring> announced() override {
+        deliverMessages();
+        return announcements_.heard();
+    }
+    [[nodiscard]] bool isShown(const ui::Window& window) override {
+        return IsWindowVisible(reinterpret_cast<HWND>(window.handle())) != FALSE;
+    }
 
 private:
     void play(ui::Form& form);
@@ -154,6 +162,7 @@ private:
     WindowsUser user_;
     vexa::Application application_{ports_.platform(), scripted_};
     std::deque<Script> scripts_;
+    Announcements announcements_;
     std::vector<std::unique_ptr<Container>> containers_;
     std::unique_ptr<ui::Window> owner_;
 };

@@ -1,0 +1,45 @@
+#include "kb/fill_progress.h"
+
+#include "common/guarded.h"
+#include "kb/messages.h"
+
+namespace vexa {
+namespace {
+
+// Milliseconds. What is done sooner than the first needs no sign; a sign takes some time itself.
+constexpr std::int64_t FIRST_SIGN = 100;
+constexpr std::int64_t BETWEEN_SIGNS = 250;
+
+}  // namespace
+
+FillProgress::FillProgress(Application& application, ui::Grid& rows, StatusLine& status, std::int32_t count)
+    : application_(application),
+      rows_(rows),
+      status_(status),
+      count_(count),
+      nextSign_(application.platform.clock.milliseconds() + FIRST_SIGN) {}
+
+FillProgress::~FillProgress() {
+    if (!shown_) return;
+    attempt([&] { status_.show(textBefore_); });
+    attempt([&] { application_.SetPointerDefault(); });
+}
+
+void FillProgress::rowAdded() {
+    Clock& clock = application_.platform.clock;
+    if (clock.milliseconds() < nextSign_) return;
+    attempt([&] { show(); });
+    nextSign_ = clock.milliseconds() + BETWEEN_SIGNS;
+}
+
+void FillProgress::show() {
+    if (!shown_) {
+        shown_ = true;
+        textBefore_ = status_.text();
+        application_.SetPointerHourglass();
+    }
+    status_.show(message::fillRuns(rows_.rowCount(), count_));
+    rows_.showSoFar();
+}
+
+}  // namespace vexa
