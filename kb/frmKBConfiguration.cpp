@@ -260,7 +260,8 @@ void frmKBConfiguration::finishNewProject(const Naming::Adding& added) {
     application_.SetPointerDefault();
     if (accepted) {
         autoUpdate_.offer(added.name);  // the same
-        if (window().isOpen() && !lock_.locked() && gate_.addInIsFree()) editKnowledgebase(list_.find(added.name));
+        if (window().isOpen() && !lock_.locked() && gate_.addInIsFree())
+            editKnowledgebase(list_.find(added.name));
     } else {
         readListAfterRefusal(added.nameBefore);
     }

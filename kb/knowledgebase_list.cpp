@@ -176,6 +176,8 @@ void KnowledgebaseList::restoreSort() {
         nSortType = nSortOrder == ASCENDING ? sortRule().ascending : sortRule().descending;
     sortRestored_ = true;
     showSortArrow();
+    // The order that the first opening begins with is that of the next click: the names themselves ascend.
+    if (!saved) grid_.setSortArrow(nSortColumn, ui::SortArrow::up);
     nNextOrder.assign(nNextOrder.size(), DESCENDING);
     nextOrder() = nSortOrder;
     sort();

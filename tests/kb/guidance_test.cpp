@@ -91,17 +91,15 @@ TEST_P(KBEachSaidCommand, SaysNothingWhereItNeverReachesTheAddIn) {
 
 INSTANTIATE_TEST_SUITE_P(
     Commands, KBEachSaidCommand,
-    testing::Values(SaidCommand{"Edit", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdEdit; },
-                                L"The add-in is editing 'Mail'..."},
-                    SaidCommand{"Remove",
-                                [](frmKBConfiguration& form) -> ui::Button& { return form.cmdRemove; },
-                                L"The add-in is removing 'Mail'..."},
-                    SaidCommand{"Rebuild",
-                                [](frmKBConfiguration& form) -> ui::Button& { return form.cmdRebuild; },
-                                L"The add-in is rebuilding 'Mail'..."},
-                    SaidCommand{"Update",
-                                [](frmKBConfiguration& form) -> ui::Button& { return form.cmdUpdate; },
-                                L"The add-in is updating 'Mail'..."}),
+    testing::Values(
+        SaidCommand{"Edit", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdEdit; },
+                    L"The add-in is editing 'Mail'..."},
+        SaidCommand{"Remove", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdRemove; },
+                    L"The add-in is removing 'Mail'..."},
+        SaidCommand{"Rebuild", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdRebuild; },
+                    L"The add-in is rebuilding 'Mail'..."},
+        SaidCommand{"Update", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdUpdate; },
+                    L"The add-in is updating 'Mail'..."}),
     [](const auto& test) { return std::string(test.param.name); });
 
 TEST_F(KBGuidance, AnAddInThatWorksAtLoadIsSaidToWork) {
@@ -281,8 +279,7 @@ TEST_F(KBGuidance, TheMenuHoldsTheCommandsThatAreAllowedAndTheSort) {
     };
     open([&](frmKBConfiguration& form) {
         choose(form, L"Mail");
-        EXPECT_EQ(menuOf(form),
-                  with({L"&Add", L"&Edit", L"Re&name", L"Re&move", L"Re&build", L"&Update"}));
+        EXPECT_EQ(menuOf(form), with({L"&Add", L"&Edit", L"Re&name", L"Re&move", L"Re&build", L"&Update"}));
         choose(form, L"Empty");
         EXPECT_EQ(menuOf(form), with({L"&Add", L"&Edit", L"Re&name", L"Re&move"}));
         user.click(form.cmdEdit);

@@ -199,7 +199,7 @@ TEST_F(KBOrder, WhileLockedTheListCanBeReadButNothingElse) {
         lock(form);
         for (const int header : {0, 1, 2, 3}) user.clickHeader(list, header);
         EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
-        EXPECT_EQ(list.sortArrow(0), ui::SortArrow::down);
+        EXPECT_EQ(list.sortArrow(0), ui::SortArrow::up);
         EXPECT_EQ(form.nextOrders(), (std::vector<std::int32_t>{0, 0, 0, 0}));
         user.clickRow(list, 1);
         EXPECT_EQ(current(form), L"News");

@@ -31,6 +31,7 @@ public:
     void setDescription(const std::wstring&) override {}
     [[nodiscard]] std::intptr_t handle() const override { return 1; }
     void refresh() override {}
+    void showSoFar() override {}
 
     using Grid::editEnded;
     using Grid::EditorContent;

@@ -216,7 +216,8 @@ TEST_P(Contrast, TheCurrentRowIsToldAlsoWithoutTheFocus) {
         form.cmdCancel.setFocus();
         const HWND list = windowOf(form.sftKBConfiguration);
         NMLVCUSTOMDRAW drawing{};
-        drawing.nmcd.hdr = {list, static_cast<UINT_PTR>(GetDlgCtrlID(list)), static_cast<UINT>(NM_CUSTOMDRAW)};
+        drawing.nmcd.hdr = {list, static_cast<UINT_PTR>(GetDlgCtrlID(list)),
+                            static_cast<UINT>(NM_CUSTOMDRAW)};
         drawing.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
         drawing.nmcd.uItemState = CDIS_SELECTED;
         drawing.clrTextBk = GetSysColor(COLOR_WINDOW);
