@@ -626,7 +626,9 @@ class AttachmentSettingsTable : public AttachmentSettings,
                                 public testing::WithParamInterface<DialogRow<frmAttachment>> {};
 
 TEST_P(AttachmentSettingsTable, WritesAndStoresOnOkAndForgetsOnCancel) {
-    const auto& [before, deed, confirmed] = GetParam();
+    const Before& before = std::get<0>(GetParam());
+    const auto& deed = std::get<1>(GetParam());
+    const bool confirmed = std::get<2>(GetParam());
     setExtensions(L"doc;pdf;", L"pdf;");
     before.prepare(settings);
     Settings expected = settings;

@@ -313,7 +313,9 @@ std::vector<Deed<frmDispMatches>> highlightDeeds() {
 class HighlightsTable : public Highlights, public testing::WithParamInterface<DialogRow<frmDispMatches>> {};
 
 TEST_P(HighlightsTable, StoresOnOkAndForgetsOnCancel) {
-    const auto& [before, deed, confirmed] = GetParam();
+    const Before& before = std::get<0>(GetParam());
+    const auto& deed = std::get<1>(GetParam());
+    const bool confirmed = std::get<2>(GetParam());
     before.prepare(settings);
     const Settings old = settings;
     Settings expected = old;

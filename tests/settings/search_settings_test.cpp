@@ -513,7 +513,9 @@ class SearchSettingsTable : public SearchSettings,
                             public testing::WithParamInterface<DialogRow<frmSettings>> {};
 
 TEST_P(SearchSettingsTable, StoresOnOkAndForgetsOnCancel) {
-    const auto& [before, deed, confirmed] = GetParam();
+    const Before& before = std::get<0>(GetParam());
+    const auto& deed = std::get<1>(GetParam());
+    const bool confirmed = std::get<2>(GetParam());
     before.prepare(settings);
     settings.DefaultProject = L"Mail";
     const Settings old = settings;
