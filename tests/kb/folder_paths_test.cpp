@@ -104,6 +104,30 @@ TEST_F(FolderPaths, FromTheRootTheLeftKeyLeadsNowhere) {
     EXPECT_THAT(stage->messages(), IsEmpty());
 }
 
+TEST_F(FolderPaths, ARowThatIsNotThereOpensNothing) {
+    openOn(stage->folder().substr(0, stage->folder().size() - 1), [&](frmKnowledgeBase& form) {
+        const std::wstring before = form.folder();
+        for (const int row : {-1, form.dirVexaBaseDir.rowCount()}) form.dirVexaBaseDir.onDoubleClick(row);
+        EXPECT_EQ(form.folder(), before);
+    });
+    EXPECT_THAT(stage->messages(), IsEmpty());
+}
+
+TEST_F(FolderPaths, TheListWorksWhereNobodyListens) {
+    openOn(L"Z:\\no\\such", [&](frmKnowledgeBase& form) {
+        vexa::FolderList list(form.dirVexaBaseDir, application.platform.files);
+        list.showPath(L"Z:\\other\\way");
+        EXPECT_EQ(list.path(), L"Z:\\other\\way");
+        calls.failCallsWith("files subfolders");
+        form.dirVexaBaseDir.onDoubleClick(0);
+        calls.forgetFaults();
+        EXPECT_EQ(list.path(), L"Z:\\other\\way") << "it cannot be read, and nobody wants to know";
+        form.dirVexaBaseDir.onDoubleClick = nullptr;
+        form.dirVexaBaseDir.onKeyDown = nullptr;
+    });
+    EXPECT_THAT(stage->messages(), IsEmpty());
+}
+
 TEST_F(FolderPaths, AFolderAboveThatCannotBeReadIsSaid) {
     openOn(L"Z:\\no\\such", [&](frmKnowledgeBase& form) {
         calls.failCallsWith("files subfolders");

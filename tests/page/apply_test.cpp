@@ -199,9 +199,15 @@ TEST_F(PageStart, LeavesThePageCleanAndTellsTheHostNothing) {
 }
 
 TEST_F(PageStart, MarkChangedWhileThePageLoadsDoesNothing) {
+    stage->setValue(PROFILE, L"MaxEntries", 33);
     create();
-    calls.during("registry query Software\\Norvane\\Quillmark\\MaxEntries", [&] { page->MarkChanged(); });
+    bool marked = false;
+    calls.during("registry query Software\\Norvane\\Quillmark\\MaxEntries", [&] {
+        page->MarkChanged();
+        marked = true;
+    });
     page->UserControl_Initialize();
+    EXPECT_TRUE(marked);
     EXPECT_FALSE(page->PropertyPage_Dirty());
     EXPECT_THAT(calls.linesWith("site OnStatusChange"), IsEmpty());
 }

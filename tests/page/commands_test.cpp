@@ -454,6 +454,14 @@ TEST_F(PageCommands, AnAddInThatGoesAwayWhileSearchingGivesTheButtonsBack) {
     EXPECT_EQ(buttonStates(), allOn);
 }
 
+TEST_F(PageCommands, AnAddInThatIsGoneSearchesNoMore) {
+    stage->addIn().searching = true;
+    user.wait(260);
+    application.addIn.reset();
+    user.wait(260);
+    EXPECT_EQ(buttonStates(), allOn);
+}
+
 TEST_F(PageCommands, DisabledButtonsTakeNoClick) {
     stage->addIn().searching = true;
     user.wait(260);

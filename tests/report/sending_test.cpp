@@ -101,6 +101,16 @@ TEST_F(ReportSending, ASingleBlankAsRecipientIsSentAsTyped) {
     EXPECT_EQ(sent().to, L" ");
 }
 
+TEST_F(ReportSending, AnotherButtonSendsNothingAndThePointerComesBack) {
+    storeRecipient(L"help@tarnwell.example");
+    open([&](frmSendBugReport& form) {
+        calls.clear();
+        form.tbrBugReport.onButtonClick(SEND_BUTTON + 1);
+        EXPECT_EQ(calls.lines(), std::vector<std::string>{"pointer 0"});
+        EXPECT_TRUE(form.tbrBugReport.buttonEnabled(SEND_BUTTON));
+    });
+}
+
 TEST_F(ReportSending, WithoutARecipientTheButtonDoesNothing) {
     open([&](frmSendBugReport& form) {
         form.txtTo.setText(L"");

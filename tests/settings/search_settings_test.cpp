@@ -548,6 +548,17 @@ INSTANTIATE_TEST_SUITE_P(All, SearchSettingsTable, everyRow(searchesBefore(), se
 
 // --- Bad input --------------------------------------------------------------------------------------------
 
+TEST_F(SearchSettings, WhereNoKnowledgebaseIsSelectedOkStoresNone) {
+    setKnowledgebases({L"Mail"});
+    setText(L"DefaultProject", L"Mail");
+    openSearch([&](frmSettings& form) {
+        form.cboDefaultKB.select(-1);
+        user.click(form.cmdOk);
+    });
+    EXPECT_EQ(settings.DefaultProject, L"");
+    EXPECT_TRUE(application.flags.defaultKnowledgebaseChanged);
+}
+
 TEST_F(SearchSettings, ABrokenCountOfKnowledgebasesIsNone) {
     for (const std::int32_t count : {-1, -2147483647 - 1}) {
         setInteger(L"ProjectCount", count);
