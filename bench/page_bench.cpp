@@ -7,6 +7,7 @@
 #include "bench/bare_calls.h"
 #include "bench/pages.h"
 #include "bench/ratio.h"
+#include "tests/support/known_settings.h"
 
 namespace {
 
@@ -35,37 +36,11 @@ public:
     const std::unique_ptr<vexa::ctlPPE> page = pages_.make();
 };
 
-const char* const READ_AT_START[] = {"CurrentProfile",
-                                     "LogPath",
-                                     "VexaBaseDir",
-                                     "Projectname",
-                                     "DefaultProject",
-                                     "ProjectCount",
-                                     "MaxEntries",
-                                     "MinRel",
-                                     "LoggingInformation",
-                                     "AutoInfo",
-                                     "AutoFindUnread",
-                                     "AutoFindAll",
-                                     "AutoFindDelay",
-                                     "FindShortcut",
-                                     "AutoAddUnreadMail",
-                                     "AutoAddSentMail",
-                                     "DisplayHotSpots",
-                                     "DisplayTextMarks",
-                                     "KeepHighlights",
-                                     "ColorHotSpots",
-                                     "Penalty0",
-                                     "Penalty1",
-                                     "Penalty2",
-                                     "Penalty3",
-                                     "Penalty4",
-                                     "Penalty5",
-                                     "AddAttachments",
-                                     "AddAllAttachments",
-                                     "AddSizelimitedAttachments",
-                                     "AttachmentsMaxSize",
-                                     "AddAttachmentsToQuery"};
+std::vector<std::string> readAtStart() {
+    std::vector<std::string> names{"CurrentProfile", "LogPath"};
+    for (const std::string& name : tests::namesAsRead()) names.push_back(name);
+    return names;
+}
 
 using bench::bareAppend;
 using bench::bareRead;
@@ -102,7 +77,8 @@ void bareStart(Fixture& fixture) {
     const HWND page = reinterpret_cast<HWND>(fixture.page->window().handle());
     KillTimer(page, 7);
     SetTimer(page, 7, 250, nullptr);
-    for (const char* name : READ_AT_START) bareRead(HKEY_CURRENT_USER, PROFILE, name);
+    static const std::vector<std::string> names = readAtStart();
+    for (const std::string& name : names) bareRead(HKEY_CURRENT_USER, PROFILE, name.c_str());
     bareRule(false);
     EnableWindow(reinterpret_cast<HWND>(fixture.page->cmdWizard.handle()), TRUE);
     bareWriteNumber(HKEY_CURRENT_USER, PROFILE, "hWndProperties", 1);
@@ -117,8 +93,9 @@ void bareApply(Fixture& fixture) {
     bareLog(fixture.application);
     bareWrite(HKEY_CURRENT_USER, PROFILE, "VexaBaseDir", REG_SZ, "", 1);
     bareWrite(HKEY_CURRENT_USER, PROFILE, "DefaultProject", REG_SZ, "default", 8);
-    for (int written = 2; written < 27; ++written)
-        bareWriteNumber(HKEY_CURRENT_USER, PROFILE, READ_AT_START[written + 4], 1);
+    static const std::vector<std::string> names = tests::namesAsWritten();
+    for (std::size_t written = 2; written < names.size(); ++written)
+        bareWriteNumber(HKEY_CURRENT_USER, PROFILE, names[written].c_str(), 1);
 }
 
 void addEmptyKnowledgebases(int count) {

@@ -8,36 +8,10 @@ log=(--log "$(windows_path "$calls")")
 # The calls that were noted, without the time and without the poll of the add-in.
 noted_calls() { cut -f2- "$calls" | grep -v $'^page > add-in\tIs' | tr '\t' ' ' | sed 's/ *$//'; }
 
+# The base folder is the sample's; logging is shared by all profiles.
 written_settings() {
-    cat <<'END'
-Software\Norvane\Quillmark\Default\AddAllAttachments = 1
-Software\Norvane\Quillmark\Default\AddAttachments = 1
-Software\Norvane\Quillmark\Default\AddAttachmentsToQuery = 0
-Software\Norvane\Quillmark\Default\AddSizelimitedAttachments = 0
-Software\Norvane\Quillmark\Default\AttachmentsMaxSize = 1024
-Software\Norvane\Quillmark\Default\AutoAddSentMail = 0
-Software\Norvane\Quillmark\Default\AutoAddUnreadMail = 0
-Software\Norvane\Quillmark\Default\AutoFindAll = 0
-Software\Norvane\Quillmark\Default\AutoFindDelay = 10
-Software\Norvane\Quillmark\Default\AutoFindUnread = 1
-Software\Norvane\Quillmark\Default\AutoInfo = 0
-Software\Norvane\Quillmark\Default\ColorHotSpots = 65535
-Software\Norvane\Quillmark\Default\DefaultProject = "default"
-Software\Norvane\Quillmark\Default\DisplayHotSpots = 1
-Software\Norvane\Quillmark\Default\DisplayTextMarks = 0
-Software\Norvane\Quillmark\Default\FindShortcut = 0
-Software\Norvane\Quillmark\Default\KeepHighlights = 0
-Software\Norvane\Quillmark\Default\MaxEntries = 20
-Software\Norvane\Quillmark\Default\MinRel = 40
-Software\Norvane\Quillmark\Default\Penalty0 = 65280
-Software\Norvane\Quillmark\Default\Penalty1 = 16776960
-Software\Norvane\Quillmark\Default\Penalty2 = 16711680
-Software\Norvane\Quillmark\Default\Penalty3 = 65535
-Software\Norvane\Quillmark\Default\Penalty4 = 16711935
-Software\Norvane\Quillmark\Default\Penalty5 = 255
-Software\Norvane\Quillmark\Default\VexaBaseDir = "C:\Quillmark"
-Software\Norvane\Quillmark\LoggingInformation = 1
-END
+    known_settings | sed -e 's/^VexaBaseDir = .*/VexaBaseDir = "C:\\Quillmark"/' -e 's/^/Default\\/' \
+        -e 's/^Default\\\(LoggingInformation\)/\1/' -e 's/^/Software\\Norvane\\Quillmark\\/'
 }
 
 hold_prefix

@@ -36,6 +36,12 @@ check() {
     fi
 }
 
+# The settings that Apply writes, with their standards, from the tests' own list: Name = 20, Name = "text".
+known_settings() {
+    sed -nE 's/^ *\{"(\w+)", L?("[^"]*"|[0-9]+), [1-9][0-9]*\},$/\1 = \2/p' \
+        "$(dirname "${BASH_SOURCE[0]}")/../support/known_settings.h"
+}
+
 same() { diff -u "$1" "$2"; }
 
 finish() {
