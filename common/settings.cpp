@@ -14,7 +14,7 @@ constexpr std::int32_t TRUE_VALUE = -1;
 const auto& catalogue() {
     using S = Settings;
     using K = SettingKey;
-    static const std::array<Setting, 29> table{{
+    static const auto table = std::to_array<Setting>({
         {valueName::VexaBaseDir, K::profile, &S::VexaBaseDir, L"", 1,
          L"base folder of the knowledgebase files"},
         {valueName::Projectname, K::profile, &S::Projectname, L"default", 0,
@@ -58,7 +58,7 @@ const auto& catalogue() {
          L"size limit of attachments in KB", Bounds{1, 65000}},
         {L"AddAttachmentsToQuery", K::profile, &S::AddAttachmentsToQuery, 0, 27,
          L"add file text to the query of the automatic search"},
-    }};
+    });
     return table;
 }
 

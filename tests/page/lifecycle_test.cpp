@@ -216,20 +216,6 @@ TEST_F(PageLifeCycle, TheStartTakesItsStepsInOrder) {
     EXPECT_EQ(steps, expected);
 }
 
-TEST_F(PageLifeCycle, TheStartReadsThirtyOneSettingsInTheirOrder) {
-    stage->setValue(ROOT, L"Unrelated", 1);
-    start();
-    std::vector<std::string> opened = calls.linesWith("registry query");
-    // A value that is missing is asked once; the rule's own readings come after the settings.
-    ASSERT_GE(opened.size(), 31U);
-    EXPECT_EQ(opened[0], "registry query Software\\Norvane\\Quillmark\\CurrentProfile");
-    EXPECT_EQ(opened[1], "registry query Software\\Norvane\\Quillmark\\LogPath");
-    std::size_t position = 2;
-    for (const vexa::Setting& setting : vexa::settingsCatalogue())
-        EXPECT_EQ(opened[position++], "registry query Software\\Norvane\\Quillmark\\" + narrow(setting.name));
-    EXPECT_EQ(position, 31U);
-}
-
 TEST_F(PageLifeCycle, AStoredValueThatDoesNotConvertLeavesTheDefault) {
     stage->setValue(PROFILE, L"MaxEntries", L"many");
     stage->setValue(PROFILE, L"MinRel", vexa::Bytes{1, 2, 3, 4});

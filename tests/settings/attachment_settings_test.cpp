@@ -1,6 +1,7 @@
 // The attachment settings dialog.
 #include "tests/settings/settings_test_base.h"
 #include "tests/stage/dialog_table.h"
+#include "tests/support/known_settings.h"
 
 namespace tests {
 namespace {
@@ -409,17 +410,11 @@ TEST_F(AttachmentSettings, OkWritesTheSixValuesInTheirOrder) {
         user.click(form.cmdOk);
     });
     const std::string key = "registry set Software\\Norvane\\Quillmark\\";
-    EXPECT_THAT(calls.linesWith("registry set"),
-                ElementsAre(key + "SelectedExtensions = pdf;", key + "AddAttachments = 1",
-                            key + "AddAllAttachments = 1", key + "AddSizelimitedAttachments = 0",
-                            key + "AttachmentsMaxSize = 99", key + "AddAttachmentsToQuery = 0"));
-}
-
-TEST_F(AttachmentSettings, UnchangedValuesAreWrittenToo) {
-    open([&](frmAttachment& form) { user.click(form.cmdOk); });
-    for (const wchar_t* name : {L"AddAttachments", L"AddAllAttachments", L"AddSizelimitedAttachments",
-                                L"AttachmentsMaxSize", L"AddAttachmentsToQuery"})
-        EXPECT_TRUE(stage->value(SETTINGS_KEY, name).has_value()) << narrow(name);
+    std::vector<std::string> expected{key + "SelectedExtensions = pdf;"};
+    const char* value[] = {"1", "1", "0", "99", "0"};
+    for (const std::string& name : namesOfAttachments())
+        expected.push_back(key + name + " = " + value[expected.size() - 1]);
+    EXPECT_EQ(calls.linesWith("registry set"), expected) << "unchanged ones, too";
 }
 
 TEST_F(AttachmentSettings, CancelWritesNothing) {
@@ -640,15 +635,14 @@ TEST_P(AttachmentSettingsTable, WritesAndStoresOnOkAndForgetsOnCancel) {
     EXPECT_EQ(settings, expected);
     EXPECT_EQ(application.flags, ChangeFlags());
     EXPECT_EQ(storedText(L"SelectedExtensions"), L"pdf;");
-    const auto stored = [&](const wchar_t* name) { return stage->value(SETTINGS_KEY, name); };
-    const auto written = [&](std::int32_t number) {
-        return confirmed ? std::optional<vexa::Value>(number) : std::nullopt;
-    };
-    EXPECT_EQ(stored(L"AddAttachments"), written(expected.AddAttachments));
-    EXPECT_EQ(stored(L"AddAllAttachments"), written(expected.AddAllAttachments));
-    EXPECT_EQ(stored(L"AddSizelimitedAttachments"), written(expected.AddSizelimitedAttachments));
-    EXPECT_EQ(stored(L"AttachmentsMaxSize"), written(expected.AttachmentsMaxSize));
-    EXPECT_EQ(stored(L"AddAttachmentsToQuery"), written(expected.AddAttachmentsToQuery));
+    const std::int32_t values[] = {expected.AddAttachments, expected.AddAllAttachments,
+                                   expected.AddSizelimitedAttachments, expected.AttachmentsMaxSize,
+                                   expected.AddAttachmentsToQuery};
+    std::size_t index = 0;
+    for (const std::string& name : namesOfAttachments()) {
+        const std::optional<vexa::Value> written(values[index++]);
+        EXPECT_EQ(stage->value(SETTINGS_KEY, fromUtf8(name)), confirmed ? written : std::nullopt) << name;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, AttachmentSettingsTable, everyRow(attachmentsBefore(), attachmentDeeds()),

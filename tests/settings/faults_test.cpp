@@ -1,6 +1,7 @@
 // One run per outside call in which just that call fails: the settings dialogs load what they can, and OK
 // writes what it can.
 #include "tests/settings/settings_test_base.h"
+#include "tests/support/known_settings.h"
 
 namespace tests {
 namespace {
@@ -22,7 +23,7 @@ struct Scene : SettingsScene {
         limitSize();
     }
 
-    [[nodiscard]] bool stored(const wchar_t* name) { return stage->value(SETTINGS_KEY, name).has_value(); }
+    [[nodiscard]] bool stored(const std::wstring& name) { return stage->value(SETTINGS_KEY, name).has_value(); }
 };
 
 /// Plays `deed` on fresh scenes: first without a fault, then once for each of its calls with that call
@@ -178,9 +179,8 @@ TEST(SettingsFaults, EachCallOfTheAttachmentDialogsOkMayFailAndTheOtherValuesAre
         },
         [](Scene& scene, const std::string& failed) {
             int missing = 0;
-            for (const wchar_t* name : {L"AddAttachments", L"AddAllAttachments", L"AddSizelimitedAttachments",
-                                        L"AttachmentsMaxSize", L"AddAttachmentsToQuery"})
-                missing += scene.stored(name) ? 0 : 1;
+            for (const std::string& name : namesOfAttachments())
+                missing += scene.stored(fromUtf8(name)) ? 0 : 1;
             const bool writeFailed =
                 failed.starts_with("registry create") || failed.starts_with("registry set");
             EXPECT_LE(missing, writeFailed ? 1 : 0);

@@ -2,6 +2,7 @@
 // list, and the tests take names and orders from here alone.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -61,10 +62,18 @@ inline constexpr const char* SETTING_OF_THE_ROOT_KEY = "LoggingInformation";
 }
 
 [[nodiscard]] inline std::vector<std::string> namesAsWritten() {
-    std::vector<std::string> names(27);
+    std::map<int, std::string> names;
     for (const KnownSetting& setting : knownSettings())
-        if (setting.written > 0) names.at(static_cast<std::size_t>(setting.written) - 1) = setting.name;
-    return names;
+        if (setting.written > 0) names[setting.written] = setting.name;
+    std::vector<std::string> ordered;
+    for (const auto& [position, name] : names) ordered.push_back(name);
+    return ordered;
+}
+
+/// Those that the attachment dialog writes at once, in its order.
+[[nodiscard]] inline std::vector<std::string> namesOfAttachments() {
+    const std::vector<std::string> names = namesAsWritten();
+    return {names.end() - 5, names.end()};
 }
 
 }  // namespace tests
