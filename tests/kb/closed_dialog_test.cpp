@@ -92,6 +92,17 @@ TEST_F(KBClosed, WhileTheAddInIsAskedWhetherItUpdatesGivesNoCommand) {
     EXPECT_EQ(stored(L"KBProcessState"), MISSING);
 }
 
+TEST_F(KBClosed, WhileItIsLockedLooksForNoEndAnyMore) {
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdUpdate);
+        user.closeWindow(form.window());
+        stage->setValue(KEY, L"KBProcessState", 3);
+        user.wait(1000);
+        EXPECT_EQ(stored(L"KBProcessState"), 3) << "no tick has consumed it";
+    });
+}
+
 TEST_F(KBClosed, AfterANewFolderHasBeenNamedCreatesNone) {
     application.settings.VexaBaseDir = stage->folder() + L"Base";
     stage->createFolder(stage->folder() + L"Base");

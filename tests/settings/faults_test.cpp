@@ -23,7 +23,9 @@ struct Scene : SettingsScene {
         limitSize();
     }
 
-    [[nodiscard]] bool stored(const std::wstring& name) { return stage->value(SETTINGS_KEY, name).has_value(); }
+    [[nodiscard]] bool stored(const std::wstring& name) {
+        return stage->value(SETTINGS_KEY, name).has_value();
+    }
 };
 
 /// Plays `deed` on fresh scenes: first without a fault, then once for each of its calls with that call
