@@ -80,11 +80,13 @@ TEST_F(Soak, PagesLeaveNothingBehind) {
 }
 
 TEST_F(Soak, DialogsLeaveNothingBehind) {
-    prepare();
     for (const Situation& situation : situations()) {
         if (situation.templates.empty()) continue;
         const testing::ScopedTrace trace(__FILE__, __LINE__, situation.name);
-        expectNothingLeft(situation.name, situation.templates, [&] { play(situation, [] {}); });
+        expectNothingLeft(situation.name, situation.templates, [&] {
+            prepare();
+            play(situation, [] {});
+        });
     }
 }
 

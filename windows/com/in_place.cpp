@@ -25,13 +25,6 @@ void unlessRefused(HRESULT answer) {
     if (answer != E_NOTIMPL) check(answer);
 }
 
-HRESULT tellActivated(const Ptr<IOleInPlaceSite>& site) {
-    const auto newer = site.as<IOleInPlaceSiteEx>();
-    if (!newer) return site->OnInPlaceActivate();
-    BOOL needsNoRedraw = FALSE;
-    return newer->OnInPlaceActivateEx(&needsNoRedraw, 0);
-}
-
 }  // namespace
 
 /// One stay in a container's window, from the question whether the control may come to the word that it has
@@ -39,8 +32,13 @@ HRESULT tellActivated(const Ptr<IOleInPlaceSite>& site) {
 struct InPlace::Stay {
     enum class Ui { inactive, active, leaving };
 
-    explicit Stay(Ptr<IOleInPlaceSite> container)
-        : site(std::move(container)), focusSite(site.as<IOleControlSite>()) {}
+    explicit Stay(Ptr<IOleInPlaceSite> container) : site(std::move(container)) {}
+
+    HRESULT tellActivated() const {
+        if (!newerSite) return site->OnInPlaceActivate();
+        BOOL needsNoRedraw = FALSE;
+        return newerSite->OnInPlaceActivateEx(&needsNoRedraw, 0);
+    }
 
     void enableModeless(bool enable) noexcept {
         if (enable == !modelessDisabled || !frame) return;
@@ -55,7 +53,8 @@ struct InPlace::Stay {
     }
 
     const Ptr<IOleInPlaceSite> site;
-    const Ptr<IOleControlSite> focusSite;
+    Ptr<IOleInPlaceSiteEx> newerSite;
+    Ptr<IOleControlSite> focusSite;
     Ptr<IOleInPlaceFrame> frame;
     Ptr<IOleInPlaceUIWindow> document;
     std::unique_ptr<HostWindow> window;
@@ -110,10 +109,14 @@ std::shared_ptr<InPlace::Stay> InPlace::beginStay() {
 }
 
 void InPlace::enter(Stay& stay, HWND parent, const RECT* place) {
+    // Questions for interfaces are calls, too: the stay is known by now, and nobody has been told of it yet.
+    stay.newerSite = stay.site.as<IOleInPlaceSiteEx>();
+    stay.focusSite = stay.site.as<IOleControlSite>();
+    goOnWith(stay);
     unlessRefused(stay.site->CanInPlaceActivate());
     goOnWith(stay);
     stay.announced = true;
-    const HRESULT answer = tellActivated(stay.site);
+    const HRESULT answer = stay.tellActivated();
     goOnWith(stay);
     stay.announced = false;
     unlessRefused(answer);

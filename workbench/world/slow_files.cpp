@@ -1,10 +1,10 @@
 #include "workbench/world/slow_files.h"
 
-#include <cstring>
 #include <string>
 
 #include "workbench/addin/contract.h"
 #include "workbench/addin/store.h"
+#include "workbench/world/imports.h"
 
 namespace workbench {
 namespace {
@@ -45,54 +45,15 @@ HANDLE WINAPI slowFindFirstFileEx(const wchar_t* path, FINDEX_INFO_LEVELS level,
     return systems(&FindFirstFileExW, "FindFirstFileExW")(path, level, found, search, filter, flags);
 }
 
-struct Replacement {
-    const char* name;
-    void* function;
-};
-
-const Replacement REPLACEMENTS[] = {
-    {"GetFileAttributesW", reinterpret_cast<void*>(slowGetFileAttributes)},
-    {"FindFirstFileW", reinterpret_cast<void*>(slowFindFirstFile)},
-    {"FindFirstFileExW", reinterpret_cast<void*>(slowFindFirstFileEx)},
-    {"GetFileAttributesExW", reinterpret_cast<void*>(slowGetFileAttributesEx)},
-};
-
-template <class Type>
-Type* at(HMODULE library, DWORD offset) {
-    return reinterpret_cast<Type*>(reinterpret_cast<BYTE*>(library) + offset);
-}
-
-void replace(IMAGE_THUNK_DATA& slot, void* function) {
-    DWORD protection = 0;
-    if (!VirtualProtect(&slot, sizeof slot, PAGE_READWRITE, &protection)) return;
-    slot.u1.Function = reinterpret_cast<ULONG_PTR>(function);
-    VirtualProtect(&slot, sizeof slot, protection, &protection);
-}
-
-void replaceImport(HMODULE library, const IMAGE_THUNK_DATA& name, IMAGE_THUNK_DATA& slot) {
-    if (IMAGE_SNAP_BY_ORDINAL(name.u1.Ordinal)) return;
-    const auto* import = at<IMAGE_IMPORT_BY_NAME>(library, static_cast<DWORD>(name.u1.AddressOfData));
-    for (const Replacement& replacement : REPLACEMENTS)
-        if (std::strcmp(reinterpret_cast<const char*>(import->Name), replacement.name) == 0)
-            replace(slot, replacement.function);
-}
-
 }  // namespace
 
 void setBaseFolderTime(unsigned milliseconds) { baseFolderTime = milliseconds; }
 
 void slowDownFilesOf(HMODULE library) {
-    if (library == nullptr) return;
-    const auto* headers =
-        at<IMAGE_NT_HEADERS>(library, static_cast<DWORD>(at<IMAGE_DOS_HEADER>(library, 0)->e_lfanew));
-    const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    if (directory.VirtualAddress == 0) return;
-    for (auto* from = at<IMAGE_IMPORT_DESCRIPTOR>(library, directory.VirtualAddress); from->Name != 0;
-         ++from) {
-        const auto* name = at<IMAGE_THUNK_DATA>(library, from->OriginalFirstThunk);
-        auto* slot = at<IMAGE_THUNK_DATA>(library, from->FirstThunk);
-        for (; name->u1.AddressOfData != 0; ++name, ++slot) replaceImport(library, *name, *slot);
-    }
+    replaceImports(library, {{"GetFileAttributesW", reinterpret_cast<void*>(slowGetFileAttributes)},
+                             {"FindFirstFileW", reinterpret_cast<void*>(slowFindFirstFile)},
+                             {"FindFirstFileExW", reinterpret_cast<void*>(slowFindFirstFileEx)},
+                             {"GetFileAttributesExW", reinterpret_cast<void*>(slowGetFileAttributesEx)}});
 }
 
 }  // namespace workbench

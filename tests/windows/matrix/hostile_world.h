@@ -3,10 +3,13 @@
 #pragma once
 
 #include <functional>
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "tests/windows/com/control_test.h"
+#include "tests/windows/stage/scratch_folder.h"
 
 namespace tests {
 
@@ -20,13 +23,13 @@ struct Situation {
     std::vector<int> templates = {};
 };
 
-/// A window that gets the messages for the add-in's search window.
-class SearchWindow {
+/// A window without a place on the screen, for what is sent or posted to it.
+class MessageWindow {
 public:
-    explicit SearchWindow(std::function<void(UINT message)> heard);
-    SearchWindow(const SearchWindow&) = delete;
-    SearchWindow& operator=(const SearchWindow&) = delete;
-    ~SearchWindow();
+    explicit MessageWindow(std::function<void(UINT message)> heard);
+    MessageWindow(const MessageWindow&) = delete;
+    MessageWindow& operator=(const MessageWindow&) = delete;
+    ~MessageWindow();
     [[nodiscard]] HWND window() const { return window_; }
 
 private:
@@ -58,14 +61,20 @@ public:
     [[nodiscard]] FakeContainer& host() { return container; }
 
     // --- Playing.
+    /// Milliseconds for what has been provoked, before what is open is closed.
+    ULONGLONG timeToCome = 0;
     /// Brings the page to the host's window, active, with nothing open; a new one where the last has ended.
     void prepare();
     /// Runs `act` in the situation, inside its innermost modal loop, and then ends everything that is open.
     void play(const Situation& situation, const std::function<void()>& act);
     /// The next call of this name runs `reaction` inside it, once.
-    void arm(const std::string& call, std::function<void()> reaction);
-    [[nodiscard]] bool hasReacted() const { return armed_.empty(); }
+    void arm(const std::string& call, std::function<void()> reaction) { armed_[call] = std::move(reaction); }
+    [[nodiscard]] bool hasReacted(const std::string& call) const { return !armed_.contains(call); }
     void disarm() { armed_.clear(); }
+    /// Somebody whom the control calls has been called.
+    void called(const std::string& call);
+    /// The calls that have come, by their names.
+    [[nodiscard]] const std::set<std::string>& heard() const { return heard_; }
     /// Looks for what must hold between two combinations.
     void verifyAtRest();
     /// Ends the control, and looks for what is left of it.
@@ -75,27 +84,39 @@ public:
     static void pump();
     /// The dialogs and questions that are open, the innermost last.
     [[nodiscard]] std::vector<HWND> openDialogs() const;
+    /// What has been provoked comes at the latest when the dialogs end, which may be now.
+    void waitNoLonger() { actedAt_ = 0; }
     /// Presses a button of the page or of a dialog, later.
     void press(HWND parent, int button) const { PostMessageW(GetDlgItem(parent, button), BM_CLICK, 0, 0); }
 
 private:
     class Sink;
 
-    void called(const std::string& call);
+    void furnish();
+    [[nodiscard]] bool isFurnished() const;
     [[nodiscard]] bool bringIn();
     void connectSinks();
     void verifyPairs() const;
+    void verifyOrder(const std::string& call) const;
     void step();
+    bool goDeeper(const std::vector<HWND>& dialogs);
+    bool dismissNext(const std::vector<HWND>& dialogs);
+    /// Has `step` called when what is posted now has been handled, inside whatever loop runs by then.
+    void goOn() const { PostMessageW(prompter_.window(), WM_USER, 0, 0); }
     static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) noexcept;
 
-    SearchWindow searchWindow_{[this](UINT message) { called("message " + std::to_string(message)); }};
+    MessageWindow searchWindow_{[this](UINT message) { called("message " + std::to_string(message)); }};
     std::unique_ptr<Sink> sink_;
-    std::string armed_;
-    std::function<void()> reaction_;
+    std::map<std::string, std::function<void()>> armed_;
+    std::set<std::string> heard_;
+    ScratchFolder baseFolder_;
     // The script of `play`.
+    MessageWindow prompter_{[this](UINT) { step(); }};
     const Situation* situation_ = nullptr;
     const std::function<void()>* act_ = nullptr;
     std::size_t pressed_ = 0;
+    ULONGLONG began_ = 0;
+    ULONGLONG actedAt_ = 0;
     HWND dismissed_ = nullptr;
     ULONGLONG dismissedAt_ = 0;
 };

@@ -1,14 +1,19 @@
 #include "tests/windows/matrix/tables.h"
 
+#include <commctrl.h>
+
 #include <thread>
 
 #include "kb/frmKBConfiguration.ids.h"
 #include "kb/frmKnowledgeBase.ids.h"
+#include "kb/frmNewFolder.ids.h"
+#include "kb/frmSelectDefaultKB.ids.h"
 #include "page/ctlPPE.ids.h"
+#include "report/frmSendBugReport.ids.h"
 #include "settings/frmAttachment.ids.h"
 #include "settings/frmDispMatches.ids.h"
 #include "settings/frmSettings.ids.h"
-#include "tests/windows/com/fake_bag.h"
+#include "tests/windows/matrix/hostile_storage.h"
 #include "ui/dialog_ids.h"
 
 namespace tests {
@@ -16,10 +21,14 @@ namespace {
 
 using World = HostileWorld;
 
-// Its place among the situations.
-constexpr std::size_t KNOWLEDGEBASES = 2;
+constexpr UINT_PTR POLL = 1;      // the page's only timer
+constexpr WORD SEND = 1;          // the report's first button
+constexpr WPARAM WIZARD_ON = 20;  // the key by which the add-in offers the wizard
 
-constexpr UINT_PTR POLL = 1;  // the page's only timer
+/// Tells the dialogs of an end, whenever their thread hears of it.
+void raiseOnAnotherThread(World& world) {
+    std::thread([&] { world.runningAddIn().raiseProcessFinished(L"Mail", false); }).join();
+}
 
 // --- Provocations -----------------------------------------------------------------------------------------
 
@@ -50,6 +59,11 @@ void setExtent(World& world) {
     world.object()->SetExtent(DVASPECT_CONTENT, &size);
 }
 
+void enterSiteAnew(World& world) {
+    world.object()->SetClientSite(nullptr);
+    if (world.isThere()) world.object()->SetClientSite(world.host().site());
+}
+
 void closeAndSave(World& world) { world.object()->Close(OLECLOSE_SAVEIFDIRTY); }
 
 void leaveSite(World& world) { world.object()->SetClientSite(nullptr); }
@@ -62,13 +76,67 @@ void pressKey(World& world) {
 
 void poll(World& world) { SendMessageW(world.pageWindow(), WM_TIMER, POLL, 0); }
 
-/// Opens a dialog where none is open; where one is, its end makes the call.
-void openDialog(World& world) {
-    if (world.openDialogs().empty()) world.press(world.pageWindow(), IDC_cmdDispMatches);
+/// Opens a dialog where none is open. Its beginning or its end makes the call.
+std::function<void(World&)> openAndClose(int button) {
+    return [button](World& world) {
+        if (world.openDialogs().empty()) world.press(world.pageWindow(), button);
+        world.waitNoLonger();
+    };
 }
 
-void openKnowledgebases(World& world) {
-    if (world.openDialogs().empty()) world.press(world.pageWindow(), IDC_cmdKnowledgeBase);
+/// Presses a button of the innermost dialog.
+std::function<void(World&)> inDialog(int button) {
+    return [button](World& world) {
+        const std::vector<HWND> dialogs = world.openDialogs();
+        if (!dialogs.empty()) world.press(dialogs.back(), button);
+    };
+}
+
+/// Ends the naming of a knowledgebase, where one is being named.
+void enterName(World& world) {
+    const std::vector<HWND> dialogs = world.openDialogs();
+    const HWND list = dialogs.empty() ? nullptr : GetDlgItem(dialogs.back(), IDC_sftKBConfiguration);
+    const auto editor = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETEDITCONTROL, 0, 0));
+    SetWindowTextW(editor, L"Post");
+    if (editor != nullptr) PostMessageW(editor, WM_KEYDOWN, VK_RETURN, 1);
+}
+
+void removeAndFinish(World& world) {
+    // On another thread, so that it is heard when the command has been handed over.
+    world.arm("NotifyKbRemoved", [&] { raiseOnAnotherThread(world); });
+    inDialog(IDYES)(world);
+}
+
+void sendReport(World& world) {
+    const std::vector<HWND> dialogs = world.openDialogs();
+    const HWND toolbar = dialogs.empty() ? nullptr : GetDlgItem(dialogs.back(), IDC_tbrBugReport);
+    if (toolbar != nullptr) PostMessageW(dialogs.back(), WM_COMMAND, SEND, reinterpret_cast<LPARAM>(toolbar));
+}
+
+void startWizard(World& world) {
+    SendMessageW(GetDlgItem(world.pageWindow(), IDC_cmdMsg), WM_KEYDOWN, WIZARD_ON, 1);
+    if (world.pageWindow() != nullptr) world.press(world.pageWindow(), IDC_cmdWizard);
+}
+
+void loadBag(World& world) {
+    HostileBag bag(world);
+    HostileErrorLog log(world);
+    world.raw<IPersistPropertyBag>()->Load(&bag, &log);
+}
+
+void saveBag(World& world) {
+    HostileBag bag(world);
+    world.raw<IPersistPropertyBag>()->Save(&bag, TRUE, TRUE);
+}
+
+void loadStream(World& world) {
+    HostileStream stream(world);
+    world.raw<IPersistStreamInit>()->Load(&stream);
+}
+
+void saveStream(World& world) {
+    HostileStream stream(world);
+    world.raw<IPersistStreamInit>()->Save(&stream, TRUE);
 }
 
 // --- Preparations -----------------------------------------------------------------------------------------
@@ -112,10 +180,6 @@ std::function<void(World&)> on(Act act) {
     };
 }
 
-void raiseOnAnotherThread(World& world) {
-    std::thread([&] { world.runningAddIn().raiseProcessFinished(L"Mail", false); }).join();
-}
-
 void disableAndEnableRoot(World& world) {
     EnableWindow(world.hostWindow(), FALSE);
     EnableWindow(world.hostWindow(), TRUE);
@@ -127,15 +191,26 @@ const std::vector<Situation>& situations() {
     static const std::vector<Situation> all{
         {"nothing open", {}, 0},
         {"the highlight settings", {IDC_cmdDispMatches}, 1, {IDD_frmDispMatches}},
-        {"the knowledgebases", {IDC_cmdKnowledgeBase}, 1, {IDD_frmKBConfiguration}},
-        {"a question", {IDC_cmdKnowledgeBase, IDC_KB_cmdRemove}, 2},
+        {"the colour chooser", {IDC_cmdDispMatches, IDC_lblSelHotspotColor}, 2},
         {"the search settings", {IDC_cmdSettings}, 1, {IDD_frmSettings}},
         {"the attachment settings", {IDC_cmdAttachments}, 1, {IDD_frmAttachment}},
+        {"the report", {IDC_cmdSettings, IDC_cmdSendLog}, 2, {IDD_frmSettings, IDD_frmSendBugReport}},
+        {"the knowledgebases", {IDC_cmdKnowledgeBase}, 1, {IDD_frmKBConfiguration}},
+        {"a new name", {IDC_cmdKnowledgeBase, IDC_KB_cmdAdd}, 1},
+        {"another name", {IDC_cmdKnowledgeBase, IDC_cmdRename}, 1},
+        {"a question", {IDC_cmdKnowledgeBase, IDC_KB_cmdRemove}, 2},
+        {"the choice of the auto-update knowledgebase",
+         {IDC_cmdKnowledgeBase, IDC_KB_cmdRemove, IDYES},
+         2,
+         {IDD_frmKBConfiguration, IDD_frmSelectDefaultKB}},
         {"the base folder",
          {IDC_cmdKnowledgeBase, IDC_cmdBaseFolder},
          2,
          {IDD_frmKBConfiguration, IDD_frmKnowledgeBase}},
-        {"the report", {IDC_cmdSettings, IDC_cmdSendLog}, 2},
+        {"a new folder",
+         {IDC_cmdKnowledgeBase, IDC_cmdBaseFolder, IDC_cmdNewDirectory},
+         3,
+         {IDD_frmKBConfiguration, IDD_frmKnowledgeBase, IDD_frmNewFolder}},
     };
     return all;
 }
@@ -143,6 +218,10 @@ const std::vector<Situation>& situations() {
 const std::vector<Call>& calls() {
     static const std::vector<Call> all{
         {"QueryInterface IOleInPlaceSite", {}, activateAnew},
+        {"QueryInterface IOleInPlaceSiteEx", {}, activateAnew},
+        {"QueryInterface IOleControlSite", {}, activateAnew},
+        {"QueryInterface PropertyPageSite", {}, enterSiteAnew},
+        {"QueryInterface IDispatch", {}, apply},
         {"CanInPlaceActivate", {}, activateAnew},
         {"OnInPlaceActivateEx", {}, activateAnew},
         {"GetWindow", {}, activateAnew},
@@ -153,12 +232,12 @@ const std::vector<Call>& calls() {
         {"SetActiveObject", {}, uiActivateAnew},
         {"OnFocus(TRUE)", {}, uiActivateAnew},
         {"SetActiveObject(NULL)", {}, uiDeactivate},
-        {"OnFocus(FALSE)", {}, uiDeactivate},
+        {"OnFocus(FALSE)", {}, uiDeactivate, {NOTHING_OPEN}},
         {"OnUIDeactivate", {}, uiDeactivate},
-        {"EnableModeless(FALSE)", {}, openDialog},
-        {"EnableModeless(TRUE)", {}, openDialog},
+        {"EnableModeless(FALSE)", {}, openAndClose(IDC_cmdDispMatches), {NOTHING_OPEN}},
+        {"EnableModeless(TRUE)", {}, openAndClose(IDC_cmdDispMatches)},
         {"TranslateAccelerator", {}, pressKey},
-        {"OnStatusChange", editHighlights, openDialog},
+        {"OnStatusChange", editHighlights, openAndClose(IDC_cmdDispMatches)},
         {"DISPLAYNAME", {}, apply},
         {"FONT", {}, initNew},
         {"OnRequestEdit", {}, setColour},
@@ -173,10 +252,25 @@ const std::vector<Call>& calls() {
         {"SetLogging", editLogging, apply},
         {"SetFindShortcut", chooseOther(IDC_cboSearchShortcut), apply},
         {"SetDefaultKnowledgebase", chooseOther(IDC_cboDefaultKB), apply},
-        {"EnumConnectionPoints", {}, openKnowledgebases, KNOWLEDGEBASES},
-        {"GetConnectionInterface", {}, openKnowledgebases, KNOWLEDGEBASES},
-        {"Advise", {}, openKnowledgebases, KNOWLEDGEBASES},
-        {"Unadvise", {}, openKnowledgebases, KNOWLEDGEBASES},
+        {"EnumConnectionPoints", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN, KNOWLEDGEBASES}},
+        {"GetConnectionInterface", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN, KNOWLEDGEBASES}},
+        {"Advise", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN, KNOWLEDGEBASES}},
+        {"Unadvise", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN, KNOWLEDGEBASES}},
+        {"IsAutoUpdateRunning", {}, inDialog(IDC_cmdRebuild), {KNOWLEDGEBASES}},
+        {"NotifyKbRebuild", {}, inDialog(IDC_cmdRebuild), {KNOWLEDGEBASES}},
+        {"NotifyKbUpdate", {}, inDialog(IDC_cmdUpdate), {KNOWLEDGEBASES}},
+        {"NotifyKbAdded", {}, enterName, {NEW_NAME}},
+        {"NotifyKbRenamed", {}, enterName, {OTHER_NAME}},
+        {"NotifyKbRemoved", {}, inDialog(IDYES), {QUESTION}},
+        {"SendMail", {}, sendReport, {REPORT}},
+        {"message 1127", {}, startWizard, {NOTHING_OPEN}},
+        {"message 1139", {}, inDialog(IDC_cmdEdit), {KNOWLEDGEBASES}},
+        {"message 256", {}, removeAndFinish, {QUESTION}},
+        {"a bag's Read", {}, loadBag},
+        {"a bag's Write", {}, saveBag},
+        {"AddError", {}, loadBag},
+        {"a stream's Read", {}, loadStream},
+        {"a stream's Write", {}, saveStream},
     };
     return all;
 }

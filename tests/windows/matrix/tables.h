@@ -6,6 +6,23 @@
 
 namespace tests {
 
+/// Places among the situations.
+enum Place : std::size_t {
+    NOTHING_OPEN,
+    HIGHLIGHTS,
+    COLOUR_CHOOSER,
+    SEARCH_SETTINGS,
+    ATTACHMENT_SETTINGS,
+    REPORT,
+    KNOWLEDGEBASES,
+    NEW_NAME,
+    OTHER_NAME,
+    QUESTION,
+    AUTO_UPDATE_CHOOSER,
+    BASE_FOLDER,
+    NEW_FOLDER,
+};
+
 /// One outgoing call of the control.
 struct Call {
     const char* name;
@@ -13,8 +30,8 @@ struct Call {
     std::function<void(HostileWorld&)> ready;
     /// Makes the control call, where it is there by then. What is open is closed afterwards.
     std::function<void(HostileWorld&)> provoke;
-    /// The dialog that stands for all of them, by its place among the situations.
-    std::size_t dialog = 1;
+    /// Where it comes for sure: the situations that stand for all. In others it may.
+    std::vector<Place> where = {NOTHING_OPEN, HIGHLIGHTS};
 };
 
 /// One thing that a host does inside a call.

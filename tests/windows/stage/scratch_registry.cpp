@@ -82,6 +82,10 @@ void ScratchRegistry::put(const std::wstring& key, const std::wstring& name, con
     put(key, name, stored.type, stored.data);
 }
 
+void ScratchRegistry::remove(const std::wstring& key, const std::wstring& name) {
+    RegDeleteKeyValueW(HKEY_CURRENT_USER, key.c_str(), name.c_str());
+}
+
 std::optional<vexa::Value> ScratchRegistry::get(const std::wstring& key, const std::wstring& name) const {
     HKEY opened = nullptr;
     if (RegOpenKeyExA(HKEY_CURRENT_USER, win::toAnsi(key).c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS)

@@ -20,6 +20,7 @@ public:
     /// Creates the key where it is missing.
     void put(const std::wstring& key, const std::wstring& name, std::uint32_t type, const vexa::Bytes& data);
     void put(const std::wstring& key, const std::wstring& name, const vexa::Value& value);
+    void remove(const std::wstring& key, const std::wstring& name);
     /// Texts up to their first NUL; what is neither a text nor a 32-bit number comes as bytes.
     [[nodiscard]] std::optional<vexa::Value> get(const std::wstring& key, const std::wstring& name) const;
 
