@@ -42,6 +42,7 @@ INT_PTR CALLBACK failureTextProcedure(HWND dialog, UINT message, WPARAM wParam, 
 }  // namespace
 
 MainWindow::MainWindow(const CommandLine& line) : line_(line) {
+    if (line.addInRuns) searchWindow_.emplace(standIn_, calls_);
     standIn_.behaviour = line.behaviour;
     standIn_.raiseProcessFinished = [this](const std::wstring& project, bool keepList) {
         standIn_.world.raise([automation = automation_, project, keepList] {
@@ -58,7 +59,7 @@ MainWindow::MainWindow(const CommandLine& line) : line_(line) {
     view_.create(handle());
     if (line.addInRuns) runningObject_.start();
     ShowWindow(handle(), SW_SHOW);
-    searchWindow_.show();
+    showSearchWindow();
     markMenu();
     if (line.showOptions) PostMessageW(handle(), WM_COMMAND, IDM_showOptions, 0);
 }
@@ -202,9 +203,18 @@ void MainWindow::startOrStopAddIn() {
     const bool starts = !runningObject_.running();
     standIn_.behaviour.away = !starts;
     if (starts)
-        runningObject_.start();
+        startAddIn();
     else
         runningObject_.stop();
+}
+
+void MainWindow::startAddIn() {
+    if (!searchWindow_) searchWindow_.emplace(standIn_, calls_);
+    runningObject_.start();
+}
+
+void MainWindow::showSearchWindow() {
+    if (searchWindow_) searchWindow_->show();
 }
 
 void MainWindow::command(int identifier) {
@@ -216,7 +226,7 @@ void MainWindow::command(int identifier) {
         case IDM_closeOptions: return options_ ? options_->close() : void();
         case IDM_sample: return fillWithSample();
         case IDM_clearList: return calls_.clear();
-        case IDM_showSearchWindow: return searchWindow_.show();
+        case IDM_showSearchWindow: return showSearchWindow();
         case IDM_exit: DestroyWindow(handle()); return;
         case IDM_running: return startOrStopAddIn();
         case IDM_searching: return flip(behaviour.searching);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "workbench/addin/automation.h"
 #include "workbench/addin/registration.h"
@@ -25,7 +26,9 @@ public:
 private:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void command(int identifier);
+    void startAddIn();
     void startOrStopAddIn();
+    void showSearchWindow();
     void showOptions();
     void optionsClosed();
     void setFailure(std::size_t operation);
@@ -43,7 +46,8 @@ private:
     StandIn standIn_{calls_};
     com::Ptr<Automation> automation_ = com::Ptr<Automation>::attach(new Automation(standIn_, calls_));
     RunningObject runningObject_{static_cast<IOlAddIn&>(*automation_.get())};
-    SearchWindow searchWindow_{standIn_, calls_};
+    /// None until the stand-in runs for the first time: it would answer for an add-in that is tried.
+    std::optional<SearchWindow> searchWindow_;
     CallView view_{calls_};
     std::shared_ptr<OptionsDialog> options_;
     std::wstring failureText_ = L"The stand-in add-in was told to fail.";
