@@ -100,6 +100,11 @@ keyboard_alone() {
     xdotool mousemove "${SCREEN%x*}" "${SCREEN#*x}"
     click_point() { fail "the mouse is used"; }
     double_click_point() { click_point; }
+    # Keys go to the window below as soon as that is drawn as the active one.
+    wait_gone() {
+        until_true not_visible "$1" || fail "the window \"$1\" does not close"
+        until_true settled || say "the screen does not come to rest"
+    }
 }
 
 # press KEY ...: as xdotool names them (Tab, Return, alt+h).

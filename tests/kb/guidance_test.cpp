@@ -123,6 +123,17 @@ TEST_F(KBGuidance, ACommandThatAnEarlierOpeningGaveIsStillNamed) {
     });
 }
 
+TEST_F(KBGuidance, LongRightToLeftAndCombiningNamesAreShownAndSaidWhole) {
+    const Names unusual{std::wstring(255, L'W'), L"\x05E9\x05DC\x05D5\x05DD (1)", L"Cafe\x0301 R&D"};
+    for (const std::wstring& name : unusual)
+        open([&](frmKBConfiguration& form) {
+            rename(form, L"Mail", name);
+            ASSERT_NE(rowOf(form, name), -1);
+            user.click(form.cmdEdit);
+            EXPECT_EQ(form.lblStatus.text(), L"The add-in is editing '" + name + L"'...");
+        });
+}
+
 TEST_F(KBGuidance, WithoutAnAddInTheStatusLineSaysWhatIsPossible) {
     application.addIn.reset();
     open([&](frmKBConfiguration& form) {
