@@ -107,6 +107,16 @@ keyboard_alone() {
     }
 }
 
+# Presses the host's Apply by its access key, once there is something to apply, and waits until that is done.
+applied() { [ "$(grep -c 'Apply returned' "$calls")" -ge "$1" ]; }
+apply_by_key() {
+    local before
+    before=$(grep -c 'Apply returned' "$calls" || true)
+    until_true enabled_there Apply Options || fail "there is nothing to apply"
+    press alt+y
+    until_true applied $((before + 1)) || fail "nothing was applied"
+}
+
 # press KEY ...: as xdotool names them (Tab, Return, alt+h).
 press() { xdotool key --delay 60 "$@"; }
 
