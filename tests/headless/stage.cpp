@@ -11,6 +11,7 @@
 #include "tests/headless/machine.h"
 #include "tests/headless/user.h"
 #include "tests/headless/window.h"
+#include "tests/stage/patience.h"
 #include "tests/support/recording_ports.h"
 #include "tests/support/scripted_screen.h"
 #include "tests/support/text.h"
@@ -186,3 +187,5 @@ void HeadlessStage::play(ui::Form& form) {
 }  // namespace headless
 
 std::unique_ptr<tests::Stage> tests::Stage::create() { return std::make_unique<headless::HeadlessStage>(); }
+
+int tests::intervalsToWait() { return 1; }

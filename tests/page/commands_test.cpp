@@ -3,6 +3,7 @@
 #include "kb/frmKBConfiguration.h"
 #include "settings/frmDispMatches.h"
 #include "tests/page/page_test_base.h"
+#include "tests/stage/patience.h"
 
 namespace tests {
 namespace {
@@ -20,9 +21,10 @@ protected:
         calls.clear();
     }
 
-    /// Within a few polls: a rule that took long is left out of some.
+    /// At the next poll, as far as the stage's time is exact: a rule that took long is left out of some.
     bool wizardBecomes(bool offered) {
-        for (int polls = 0; polls < 20 && page->cmdWizard.enabled() != offered; ++polls) user.wait(260);
+        for (int polls = 0; polls < intervalsToWait() && page->cmdWizard.enabled() != offered; ++polls)
+            user.wait(260);
         return page->cmdWizard.enabled() == offered;
     }
 

@@ -29,7 +29,7 @@ std::size_t countGdiObjects() {
 
 bool isOwnWindow(HWND window) {
     DWORD process = 0;
-    return IsWindow(window) && GetWindowThreadProcessId(window, &process) && process == GetCurrentProcessId();
+    return GetWindowThreadProcessId(window, &process) && process == GetCurrentProcessId();
 }
 
 bool isIcon(HICON icon) {
@@ -40,12 +40,19 @@ bool isIcon(HICON icon) {
     return true;
 }
 
-/// The low words of user handles are their places in a table.
+/// The low words of user handles are their places in a table. Free places are used again before new ones, so
+/// many in a row without anything are its end.
 void countUserObjects(ResourceCount& count) {
-    for (ULONG_PTR place = 0x20; place < 0xFFEE; place += 2) {
-        count.windows += isOwnWindow(reinterpret_cast<HWND>(place));
-        count.menus += IsMenu(reinterpret_cast<HMENU>(place)) != FALSE;
-        count.icons += isIcon(reinterpret_cast<HICON>(place));
+    constexpr ULONG_PTR MANY = 8192;
+    ULONG_PTR lastUsed = 0x20;
+    for (ULONG_PTR place = 0x20; place < 0xFFEE && place - lastUsed < MANY; place += 2) {
+        const bool window = IsWindow(reinterpret_cast<HWND>(place)) != FALSE;
+        const bool menu = !window && IsMenu(reinterpret_cast<HMENU>(place));
+        const bool icon = !window && !menu && isIcon(reinterpret_cast<HICON>(place));
+        if (window || menu || icon) lastUsed = place;
+        count.windows += window && isOwnWindow(reinterpret_cast<HWND>(place));
+        count.menus += menu;
+        count.icons += icon;
     }
 }
 

@@ -16,10 +16,10 @@ namespace tests {
 /// What the page has open, by the buttons that lead there: the first on the page, each further one in the
 /// innermost dialog; and how many dialogs are open then, one in the other.
 struct Situation {
-    const char* name;
-    std::vector<int> buttons;
-    std::size_t depth;
-    /// What the open dialogs are made from.
+    const char* name = "";
+    std::vector<int> buttons = {};
+    std::size_t depth = 0;
+    /// What the open dialogs are made from, and the page where it has to be a new one each time.
     std::vector<int> templates = {};
 };
 

@@ -202,7 +202,7 @@ const std::vector<Situation>& situations() {
         {"the choice of the auto-update knowledgebase",
          {IDC_cmdKnowledgeBase, IDC_KB_cmdRemove, IDYES},
          2,
-         {IDD_frmKBConfiguration, IDD_frmSelectDefaultKB}},
+         {IDD_ctlPPE, IDD_frmKBConfiguration, IDD_frmSelectDefaultKB}},
         {"the base folder",
          {IDC_cmdKnowledgeBase, IDC_cmdBaseFolder},
          2,

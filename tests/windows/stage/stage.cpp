@@ -11,6 +11,7 @@
 
 #include "common/CTimer.h"
 #include "page/ctlPPE.ids.h"
+#include "tests/stage/patience.h"
 #include "tests/support/recording_ports.h"
 #include "tests/support/scripted_screen.h"
 #include "tests/support/text.h"
@@ -205,5 +206,7 @@ void WindowsStage::playNext(ui::Form& form, const std::string& caption) {
 }  // namespace
 
 std::unique_ptr<Stage> Stage::create() { return std::make_unique<WindowsStage>(); }
+
+int intervalsToWait() { return 20; }
 
 }  // namespace tests
