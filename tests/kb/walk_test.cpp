@@ -192,6 +192,7 @@ private:
         SCOPED_TRACE(testing::Message() << "step " << steps_ << ", choice " << last_);
         expectNoInvalidName(form);
         EXPECT_EQ(form.locked(), buttons(form).empty() && !namesNewRow(form));
+        expectGuidance(form);
         if (form.locked()) {
             EXPECT_TRUE(form.sftKBConfiguration.rowCount() == 0 || anyRowGreyed(form));
             EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1) << "nothing is named while locked";
@@ -208,6 +209,13 @@ private:
         return form.sftKBConfiguration.rowCount() > static_cast<int>(records_.size());
     }
 
+    /// What goes on is said, and what commands act on is seen.
+    void expectGuidance(const frmKBConfiguration& form) {
+        EXPECT_EQ(form.locked(), !form.lblStatus.text().empty());
+        EXPECT_EQ(form.locked(), !form.cmdBaseFolder.enabled());
+        EXPECT_TRUE(form.locked() || !form.cmdApply.visible());
+        EXPECT_EQ(form.sftKBConfiguration.currentRow() == -1, form.sftKBConfiguration.rowCount() == 0);
+    }
     void expectNoInvalidName(frmKBConfiguration& form) {
         std::set<std::wstring> lower;
         for (const std::wstring& name : names(form)) {
