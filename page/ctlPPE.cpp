@@ -26,6 +26,10 @@ constexpr int POLL_INTERVAL = 250;     // milliseconds
 constexpr const wchar_t* SEARCHING = L"The add-in is searching. Please wait until it has finished.";
 constexpr const wchar_t* NO_WIZARD = L"Offered while no knowledgebase has content and the add-in is idle.";
 
+ui::Message addInMissing() {
+    return {L"Failed to get AddIn.", COMPONENT_TITLE, ui::MessageIcon::none, ui::MessageButtons::ok};
+}
+
 /// Runs steps one by one and keeps the first error, so that it can be reported when all have run.
 class FirstError {
 public:
@@ -91,7 +95,7 @@ void ctlPPE::connectHandlers() {
     cmdAttachments.onClick = [this] { showSettingsDialog<frmAttachment>(L"cmdAttachments_Click"); };
     cmdDispMatches.onClick = [this] { showSettingsDialog<frmDispMatches>(L"cmdDispMatches_Click"); };
     cmdWizard.onClick = [this] { cmdWizard_Click(); };
-    cmdWizard.onGotFocus = [this] { cmdWizard_GotFocus(); };
+    cmdWizard.onGotFocus = [this] { application_.WriteLogLine(L"ctlPPEcmdWizard got focus."); };
     cmdMsg.onKeyDown = [this](const ui::KeyEvent& event) { cmdMsg_KeyDown(event); };
     cmdMsg.onMouseMove = [this](const ui::MouseEvent& event) { cmdMsg_MouseMove(event); };
     tmrChkSearching_->onTimer = [this] { tmrChkSearching_Timer(); };
@@ -114,7 +118,7 @@ void ctlPPE::UserControl_Initialize() noexcept {
             tmrChkSearching_->setInterval(POLL_INTERVAL);
             tmrChkSearching_->setEnabled(true);
         } else {
-            reportMissingAddIn();
+            application_.screen.showMessage(&window(), addInMissing());
         }
     });
     IsLoading_ = true;
@@ -143,11 +147,6 @@ bool ctlPPE::connectAddIn() {
     }
     if (found) application_.addIn = found;
     return found != nullptr;
-}
-
-void ctlPPE::reportMissingAddIn() {
-    application_.screen.showMessage(
-        &window(), {L"Failed to get AddIn.", COMPONENT_TITLE, ui::MessageIcon::none, ui::MessageButtons::ok});
 }
 
 void ctlPPE::loadSettings() {
@@ -272,10 +271,6 @@ void ctlPPE::cmdWizard_Click() {
                 : L"default";
         forwardEvent(false, knowledgebase, static_cast<std::int32_t>(KBEvent::wizard));
     });
-}
-
-void ctlPPE::cmdWizard_GotFocus() {
-    attempt([&] { application_.WriteLogLine(L"ctlPPEcmdWizard got focus."); });
 }
 
 // --- Button state -----------------------------------------------------------------------------------------

@@ -65,7 +65,6 @@ private:
     void connectHandlers();
     /// Whether this start has found the add-in.
     bool connectAddIn();
-    void reportMissingAddIn();
     void loadSettings();
     /// Runs every step and then throws the first error that any of them met.
     void apply();
@@ -102,14 +101,10 @@ private:
     void connectKBForm(frmKBConfiguration& form);
     void showBaseFolder(ui::Window& owner);
     void cmdWizard_Click();
-    void cmdWizard_GotFocus();
     void cmdMsg_KeyDown(const ui::KeyEvent& event);
     void cmdMsg_MouseMove(const ui::MouseEvent& event);
     void tmrChkSearching_Timer();
     bool forwardEvent(bool flag, const std::wstring& knowledgebase, std::int32_t action);
-    bool passOn(bool flag, const std::wstring& knowledgebase, KBEvent event);
-    bool notifyAddIn(AddIn& addIn, const std::wstring& knowledgebase, KBEvent event);
-    bool tellSearchWindow(std::uint32_t message, std::intptr_t lParam);
 
     Application& application_;
     PageSite& site_;
