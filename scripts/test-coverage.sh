@@ -15,7 +15,7 @@ test_coverage() {
 
 # "file:line:column never true" of every branch that no test takes.
 missed_branches() {
-    llvm-cov show "$1" -instr-profile "$2" --show-branches=count --show-line-counts=false "${@:3}" |
+    llvm-cov show "$1" -instr-profile "$2" --show-branches=count --show-instantiations=false --show-line-counts=false "${@:3}" |
         awk -v root="$PWD/" '
             /^\/.*:$/ { sub(root, ""); sub(/:$/, ""); file = $0 }
             /Branch \(.*: 0[],]/ {

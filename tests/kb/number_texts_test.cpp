@@ -32,8 +32,24 @@ TEST(KBNumberEdges, DigitsThatADoubleCannotHoldStillCount) {
 TEST(KBDateEdges, TheFirstAndTheLastDayAreShownWhole) {
     EXPECT_EQ(vexa::dateText(-657434.999), L"01/01/0100 11:58:34 PM");
     EXPECT_EQ(vexa::dateText(2958465.99998), L"12/31/9999 11:59:58 PM");
-    EXPECT_THROW(static_cast<void>(vexa::dateText(-657435)), vexa::Error);
-    EXPECT_THROW(static_cast<void>(vexa::dateText(2958466)), vexa::Error);
+}
+
+/// What the log is told.
+template <class Deed>
+std::wstring errorOf(Deed deed) {
+    try {
+        static_cast<void>(deed());
+        return L"(none)";
+    } catch (const vexa::Error& error) {
+        return error.description();
+    }
+}
+
+TEST(KBDateEdges, WhatLiesOutsideOverflowsAndWhatIsNoDateMismatches) {
+    for (const double serial : {-657435.0, 2958466.0, 2958465.999999})
+        EXPECT_EQ(errorOf([&] { return vexa::dateText(serial); }), L"Overflow") << serial;
+    for (const wchar_t* text : {L"1/1/2020", L"02/30/2020 12:00:00 PM", L"xx/01/2020 12:00:00 PM"})
+        EXPECT_EQ(errorOf([&] { return vexa::dateFromText(text); }), L"Type mismatch") << toUtf8(text);
 }
 
 }  // namespace
