@@ -1,4 +1,5 @@
-// Every check box of the settings dialogs, those to come included: each stores one setting of its own.
+// Every check box of the settings dialogs, those to come included, stores one setting of its own. Headless
+// alone: real windows hand out any button as a check box.
 #include <stdexcept>
 
 #include "settings/frmAttachment.ids.h"
