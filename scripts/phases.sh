@@ -14,11 +14,22 @@ start() {
     local name=$1
     shift
     mkdir -p build/log
+    rm -f "build/log/$name.code"
     set -m
-    { [ -z "${build_lock:-}" ] || exec {build_lock}>&-; "$@"; } >"build/log/$name.log" 2>&1 </dev/null &
+    run_phase "$@" >"build/log/$name.log" 2>&1 </dev/null &
     set +m
     phase_process[$name]=$!
     phase_start[$name]=$SECONDS
+}
+
+# Its exit code is kept in a file: of a child that ended long ago the shell may have forgotten it, since it starts
+# thousands meanwhile and the system numbers them round and round.
+run_phase() {
+    local code=0
+    [ -z "${build_lock:-}" ] || exec {build_lock}>&-
+    "$@" || code=$?
+    printf '%s\n' "$code" >"build/log/$name.code.new"
+    mv "build/log/$name.code.new" "build/log/$name.code"
 }
 
 # "57/122", or nothing where a phase does not count.
@@ -46,11 +57,11 @@ show_progress() {
 # is printed.
 await() {
     local name=$1 code=0
-    while kill -0 "${phase_process[$name]}" 2>/dev/null; do
+    while [ ! -e "build/log/$name.code" ] && kill -0 "${phase_process[$name]}" 2>/dev/null; do
         show_progress
         sleep 0.3
     done
-    wait "${phase_process[$name]}" || code=$?
+    code=$(cat "build/log/$name.code" 2>/dev/null || echo 1)
     unset "phase_process[$name]"
     [ ! -t 1 ] || printf '\r\033[K'
     phase_report+=$(printf '%-24s %5s s' "$name" $((SECONDS - phase_start[$name])))$'\n'

@@ -70,6 +70,7 @@ public:
     /// The next call of this name runs `reaction` inside it, once.
     void arm(const std::string& call, std::function<void()> reaction) { armed_[call] = std::move(reaction); }
     [[nodiscard]] bool hasReacted(const std::string& call) const { return !armed_.contains(call); }
+    [[nodiscard]] bool isArmed() const { return !armed_.empty(); }
     void disarm() { armed_.clear(); }
     /// Somebody whom the control calls has been called.
     void called(const std::string& call);

@@ -74,7 +74,16 @@ void pressKey(World& world) {
     world.raw<IOleInPlaceActiveObject>()->TranslateAccelerator(&key);
 }
 
-void poll(World& world) { SendMessageW(world.pageWindow(), WM_TIMER, POLL, 0); }
+/// Until the page asks: after a rule that took some time it leaves it out for nine times as long.
+void poll(World& world) {
+    constexpr ULONGLONG PATIENCE = 5000;  // milliseconds
+    const ULONGLONG end = GetTickCount64() + PATIENCE;
+    SendMessageW(world.pageWindow(), WM_TIMER, POLL, 0);
+    while (world.isArmed() && world.pageWindow() != nullptr && GetTickCount64() < end) {
+        Sleep(10);
+        SendMessageW(world.pageWindow(), WM_TIMER, POLL, 0);
+    }
+}
 
 /// Opens a dialog where none is open. Its beginning or its end makes the call.
 std::function<void(World&)> openAndClose(int button) {
@@ -252,9 +261,9 @@ const std::vector<Call>& calls() {
         {"SetLogging", editLogging, apply},
         {"SetFindShortcut", chooseOther(IDC_cboSearchShortcut), apply},
         {"SetDefaultKnowledgebase", chooseOther(IDC_cboDefaultKB), apply},
-        {"EnumConnectionPoints", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN, KNOWLEDGEBASES}},
-        {"GetConnectionInterface", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN, KNOWLEDGEBASES}},
-        {"Advise", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN, KNOWLEDGEBASES}},
+        {"EnumConnectionPoints", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN}},
+        {"GetConnectionInterface", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN}},
+        {"Advise", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN}},
         {"Unadvise", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN, KNOWLEDGEBASES}},
         {"IsAutoUpdateRunning", {}, inDialog(IDC_cmdRebuild), {KNOWLEDGEBASES}},
         {"NotifyKbRebuild", {}, inDialog(IDC_cmdRebuild), {KNOWLEDGEBASES}},

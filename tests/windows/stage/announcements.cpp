@@ -4,6 +4,8 @@ namespace tests {
 namespace {
 
 constexpr DWORD LIVE_REGION_CHANGED = 0x8019;
+/// The latest are kept: what is counted over many openings does not grow by them.
+constexpr std::size_t MOST_KEPT = 16;
 
 Announcements* listener = nullptr;
 
@@ -23,7 +25,10 @@ Announcements::~Announcements() {
 void CALLBACK Announcements::hear(HWINEVENTHOOK, DWORD, HWND window, LONG, LONG, DWORD, DWORD) noexcept {
     wchar_t text[400] = L"";
     GetWindowTextW(window, text, 400);
-    if (listener != nullptr) listener->heard_.emplace_back(text);
+    if (listener == nullptr) return;
+    std::vector<std::wstring>& heard = listener->heard_;
+    if (heard.size() == MOST_KEPT) heard.erase(heard.begin());
+    heard.emplace_back(text);
 }
 
 }  // namespace tests
