@@ -1,6 +1,7 @@
 // The host closes the page while the knowledgebase dialog, or something that it has opened, is open: every
 // dialog closes as by its close box, the innermost first, and nothing is asked or sent any more.
 #include "kb/frmKnowledgeBase.h"
+#include "kb/frmNewFolder.h"
 #include "kb/frmSelectDefaultKB.h"
 #include "tests/kb/kb_test_base.h"
 
@@ -199,6 +200,101 @@ TEST_F(KBHostCloses, APressOnThePageWhileTheDialogLoadsOpensNoSecondOne) {
         EXPECT_EQ(addIn.connections(), 1u);
     });
     EXPECT_EQ(presses, 1);
+}
+
+TEST_F(KBHostCloses, InTheCallThatRefusesANameReadsNoListAnew) {
+    for (const bool adding : {true, false}) {
+        open([&](frmKBConfiguration& form) {
+            choose(form, L"Mail");
+            user.click(adding ? form.cmdAdd : form.cmdRename);
+            calls.clear();
+            calls.failCallsWith("addin Notify");
+            hostClosesDuring("addin Notify");
+            enter(form, L"Post");
+            EXPECT_FALSE(form.window().isOpen());
+        });
+        calls.forgetFaults();
+        EXPECT_THAT(calls.linesWith("addin Notify"), testing::SizeIs(1));
+        EXPECT_THAT(log(), Not(Contains("frmKBConfiguration, Lookup: ProjectEventName")));
+        EXPECT_THAT(stage->messages(), IsEmpty());
+    }
+}
+
+TEST_F(KBHostCloses, WhileTheListIsReadAnewAfterARefusalSelectsNothing) {
+    application.settings.ProjectCount = 2;
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdRename);
+        calls.failCallsWith("addin Notify");
+        hostClosesDuring("doevents");
+        enter(form, L"Post");
+        EXPECT_FALSE(form.window().isOpen());
+        EXPECT_EQ(form.sftKBConfiguration.currentRow(), -1);
+    });
+    calls.forgetFaults();
+    EXPECT_EQ(application.settings.ProjectCount, 2) << "not what the emptied list holds";
+}
+
+TEST_F(KBHostCloses, WhileTheAddInHearsOfTheFirstKnowledgebaseOffersNothing) {
+    recordNames({});
+    open([&](frmKBConfiguration& form) {
+        user.click(form.cmdAdd);
+        hostClosesDuring("addin Notify");
+        enter(form, L"Archive");
+    });
+    EXPECT_THAT(stage->messages(), IsEmpty());
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbAdded(Archive)")) << "no folders are chosen any more";
+    EXPECT_EQ(application.settings.DefaultProject, L"default");
+}
+
+TEST_F(KBHostCloses, WhileTheAddInHearsOfTheRemovalOfTheAutoUpdateKnowledgebaseShowsNoChooser) {
+    application.settings.DefaultProject = L"Mail";
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        stage->answerMessages({ui::MessageAnswer::yes});
+        hostClosesDuring("addin NotifyKbRemoved");
+        user.click(form.cmdRemove);
+    });
+    EXPECT_EQ(application.settings.DefaultProject, L"");
+    EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRemoved(Mail)", "addin SetDefaultKnowledgebase()"));
+}
+
+TEST_F(KBHostCloses, WhileTheAddInIsAskedWhetherItUpdatesGivesNoCommand) {
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        hostClosesDuring("addin IsAutoUpdateRunning");
+        user.click(form.cmdUpdate);
+        EXPECT_FALSE(form.locked());
+    });
+    EXPECT_THAT(sent(), IsEmpty());
+    EXPECT_EQ(stored(L"KBProcessState"), MISSING);
+}
+
+TEST_F(KBHostCloses, WhileItIsLockedLooksForNoEndAnyMore) {
+    open([&](frmKBConfiguration& form) {
+        choose(form, L"Mail");
+        user.click(form.cmdUpdate);
+        user.closeWindow(form.window());
+        stage->setValue(KEY, L"KBProcessState", 3);
+        user.wait(1000);
+        EXPECT_EQ(stored(L"KBProcessState"), 3) << "no tick has consumed it";
+    });
+}
+
+TEST_F(KBHostCloses, AfterANewFolderHasBeenNamedCreatesNone) {
+    application.settings.VexaBaseDir = stage->folder() + L"Base";
+    stage->createFolder(stage->folder() + L"Base");
+    stage->whenShown<vexa::frmKnowledgeBase>([&](vexa::frmKnowledgeBase& form) {
+        stage->whenShown<vexa::frmNewFolder>([&](vexa::frmNewFolder& question) {
+            user.type(question.txtFolderName, L"Gamma");
+            user.click(question.cmdOk);
+            stage->closeDialogs();
+        });
+        user.click(form.cmdNewDirectory);
+        EXPECT_FALSE(form.window().isOpen());
+    });
+    vexa::frmKnowledgeBase(application, stage->owner()).Show();
+    EXPECT_THAT(calls.linesWith("files createFolder"), IsEmpty());
 }
 
 }  // namespace
