@@ -76,8 +76,8 @@ void pressKey(World& world) {
 
 /// Until the page asks: after a rule that took some time it leaves it out for nine times as long.
 void poll(World& world) {
-    constexpr ULONGLONG PATIENCE = 5000;  // milliseconds
-    const ULONGLONG end = GetTickCount64() + PATIENCE;
+    constexpr ULONGLONG UNTIL_IT_ASKS = 5000;  // milliseconds
+    const ULONGLONG end = GetTickCount64() + UNTIL_IT_ASKS;
     SendMessageW(world.pageWindow(), WM_TIMER, POLL, 0);
     while (world.isArmed() && world.pageWindow() != nullptr && GetTickCount64() < end) {
         Sleep(10);
