@@ -4,33 +4,18 @@
 
 #include "common/guarded.h"
 #include "common/product_names.h"
-#include "report/flat_combo.h"
 #include "report/frmSendBugReport.ids.h"
 #include "report/toolbar_buttons.h"
 
 namespace vexa {
 namespace {
 
-constexpr int MINIMUM_WIDTH = 320;   // pixels
-constexpr int MARGIN = 60;           // twips
-constexpr int HOVER_INTERVAL = 150;  // milliseconds
-constexpr int BODY_FONT_SIZE = 8;    // points
-/// The design's font, then what stands in for it where the screen lacks it.
-constexpr const wchar_t* bodyFonts[] = {L"MS Sans Serif", L"Microsoft Sans Serif", L"Tahoma", L"Arial"};
-
-/// The blank keeps the column of numbers aligned.
-constexpr const wchar_t* fontSizes[] = {L" 8", L"10", L"12", L"14", L"18", L"24", L"36"};
+constexpr int MINIMUM_WIDTH = 320;  // pixels
+constexpr int MARGIN = 60;          // twips
 
 // What the composer says.
 constexpr const wchar_t* SENDING_FAILED = L"Error sending bug report: ";
 constexpr const wchar_t* NO_ADD_IN = L"The add-in is not running.";
-
-/// One of the screen's fonts, so that the combo can show it.
-std::wstring bodyFont(const std::vector<std::wstring>& fonts) {
-    for (const wchar_t* font : bodyFonts)
-        if (std::ranges::find(fonts, font) != fonts.end()) return font;
-    return fonts.empty() ? bodyFonts[0] : fonts.front();
-}
 
 }  // namespace
 
@@ -44,37 +29,33 @@ frmSendBugReport::frmSendBugReport(Application& application, ui::Window& owner)
       txtCc(window().control<ui::TextBox>(IDC_txtCc)),
       txtSubject(window().control<ui::TextBox>(IDC_txtSubject)),
       rtfBody(window().control<ui::RichText>(IDC_rtfBody)),
-      application_(application) {
+      application_(application),
+      formatting_(application.screen, tbrProperties, cboFontname, cboFontsize, rtfBody),
+      hoverLook_(application, cboFontname, cboFontsize) {
     tbrBugReport.setButtons(sendButtons());
-    tbrProperties.setButtons(propertyButtons());
     connectHandlers();
 }
 
-frmSendBugReport::~frmSendBugReport() { stopHoverTimer(); }
-
 void frmSendBugReport::connectHandlers() {
     tbrBugReport.onButtonClick = [this](int button) { tbrBugReport_ButtonClick(button); };
-    tbrProperties.onButtonClick = [this](int button) { tbrProperties_ButtonClick(button); };
-    tbrProperties.onMenuClick = [this](const std::wstring& key) { tbrProperties_ButtonMenuClick(key); };
-    cboFontname.onClick = [this] { cboFontname_Click(); };
-    cboFontsize.onClick = [this] { cboFontsize_Click(); };
     txtTo.onChange = [this] { txtTo_Change(); };
     for (ui::TextBox* field : {&txtTo, &txtCc, &txtSubject})
         field->onGotFocus = [this, field] { field_GotFocus(*field); };
     window().onRescale = [this] { rescaled(); };
-    rtfBody.onGotFocus = [this] { enableFormatting(true); };
-    rtfBody.onSelectionChange = [this] { rtfBody_SelChange(); };
+    rtfBody.onGotFocus = [this] { formatting_.enable(true); };
+    rtfBody.onSelectionChange = [this] { formatting_.followSelection(); };
 }
 
 // --- Opening, sizes and closing ---------------------------------------------------------------------------
 
 void frmSendBugReport::Form_Load() {
-    using Step = void (frmSendBugReport::*)();
-    constexpr Step steps[] = {&frmSendBugReport::readRecipient,  &frmSendBugReport::txtTo_Change,
-                              &frmSendBugReport::rescaled,       &frmSendBugReport::disableFormatting,
-                              &frmSendBugReport::fillFontnames,  &frmSendBugReport::fillFontsizes,
-                              &frmSendBugReport::startHoverTimer};
-    for (const Step step : steps) attempt([&] { (this->*step)(); });
+    attempt([&] { readRecipient(); });
+    txtTo_Change();
+    rescaled();
+    formatting_.enable(false);
+    attempt([&] { formatting_.fillFontnames(); });
+    attempt([&] { formatting_.fillFontsizes(); });
+    attempt([&] { hoverLook_.start(); });
     Form_Resize();
 }
 
@@ -85,37 +66,11 @@ void frmSendBugReport::readRecipient() {
 /// What the controls' own sizes decide, which change with the resolution.
 void frmSendBugReport::rescaled() {
     attempt([&] { setMinimumSize(); });
-    attempt([&] { placeCombos(); });
+    attempt([&] { formatting_.placeCombos(); });
 }
 
 void frmSendBugReport::setMinimumSize() {
     minimumSize_ = {MINIMUM_WIDTH, rtfBody.bounds().top + 3 * txtSubject.bounds().height};
-}
-
-void frmSendBugReport::placeCombos() {
-    placeCombo(cboFontname, propertyButton::fontname);
-    placeCombo(cboFontsize, propertyButton::fontsize);
-}
-
-void frmSendBugReport::placeCombo(ui::ComboBox& combo, int button) {
-    const ui::Rect before = combo.bounds();
-    tbrProperties.setButtonWidth(button, before.width);
-    const ui::Rect toolbar = tbrProperties.bounds();
-    const ui::Rect place = tbrProperties.buttonBounds(button);
-    combo.move({toolbar.left + place.left, toolbar.top + place.top, place.width, before.height});
-}
-
-void frmSendBugReport::fillFontnames() {
-    std::vector<std::wstring> fonts;
-    attempt([&] { fonts = application_.screen.fonts(); });
-    rtfBody.setDefaultFont(bodyFont(fonts), BODY_FONT_SIZE);
-    for (const std::wstring& font : fonts) cboFontname.add(font);
-    selectFontname(rtfBody.fontName());
-}
-
-void frmSendBugReport::fillFontsizes() {
-    for (const wchar_t* size : fontSizes) cboFontsize.add(size);
-    selectFontsize(rtfBody.fontSize());
 }
 
 void frmSendBugReport::Form_Resize() {
@@ -143,61 +98,24 @@ void frmSendBugReport::layOut() {
     for (ui::TextBox* field : {&txtSubject, &txtCc, &txtTo}) widen(*field, field->bounds().height);
 }
 
-void frmSendBugReport::Form_QueryUnload() { stopHoverTimer(); }
+void frmSendBugReport::Form_QueryUnload() { hoverLook_.stop(); }
 
 // --- Address and subject ----------------------------------------------------------------------------------
 
 void frmSendBugReport::field_GotFocus(ui::TextBox& field) {
     attempt([&] { field.select(0, static_cast<int>(field.text().size())); });
-    enableFormatting(false);
+    formatting_.enable(false);
 }
 
 void frmSendBugReport::txtTo_Change() {
     attempt([&] { tbrBugReport.setButtonEnabled(SEND_BUTTON, !txtTo.text().empty()); });
 }
 
-void frmSendBugReport::enableFormatting(bool on) {
-    attempt([&] {
-        for (int button = propertyButton::fontname; button <= tbrProperties.count(); ++button)
-            tbrProperties.setButtonEnabled(button, on);
-        for (ui::ComboBox* combo : {&cboFontname, &cboFontsize}) combo->setEnabled(on);
-    });
-}
-
-// --- The hover timer --------------------------------------------------------------------------------------
-
-void frmSendBugReport::startHoverTimer() {
-    hoverTimer_ = CTimer::create(application_.platform.timers);
-    hoverTimer_->Interval = HOVER_INTERVAL;
-    hoverTimer_->Notify = [this] { hoverTimer_Notify(); };
-    hoverTimer_->StartTimer();
-}
-
-void frmSendBugReport::stopHoverTimer() noexcept {
-    if (!hoverTimer_) return;
-    attempt([&] { hoverTimer_->StopTimer(); });
-    // The timer stays in its slot and a tick may be on its way: neither may reach a closed window.
-    hoverTimer_->Notify = nullptr;
-    hoverTimer_.reset();
-}
-
-void frmSendBugReport::hoverTimer_Notify() {
-    attempt([&] { drawFlat(cboFontname); });
-    attempt([&] { drawFlat(cboFontsize); });
-}
-
-void frmSendBugReport::drawFlat(ui::ComboBox& combo) {
-    const auto state = hoverState(combo);
-    if (!state) return;
-    const ui::Rect bounds = combo.bounds();
-    combo.draw(flatCombo(*state, {bounds.width, bounds.height}, application_.screen.scrollThumbWidth()));
-}
-
 // --- Sending ----------------------------------------------------------------------------------------------
 
 void frmSendBugReport::tbrBugReport_ButtonClick(int button) {
     try {
-        const std::int32_t code = importance();
+        const std::int32_t code = formatting_.importance();
         if (button == SEND_BUTTON && !sending_) send(code);
     } catch (...) {
         reportFailedSend();
@@ -216,12 +134,6 @@ void frmSendBugReport::send(std::int32_t importanceCode) {
     addIn->SendMail(mail);
     sending_ = false;
     Unload();
-}
-
-std::int32_t frmSendBugReport::importance() const {
-    if (tbrProperties.pressed(propertyButton::highImportance)) return 2;
-    if (tbrProperties.pressed(propertyButton::lowImportance)) return 1;
-    return 0;
 }
 
 MailReport frmSendBugReport::report(std::int32_t importanceCode) const {
