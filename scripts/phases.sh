@@ -16,19 +16,19 @@ start() {
     mkdir -p build/log
     rm -f "build/log/$name.code"
     set -m
+    phase_start[$name]=$SECONDS
     run_phase "$@" >"build/log/$name.log" 2>&1 </dev/null &
     set +m
     phase_process[$name]=$!
-    phase_start[$name]=$SECONDS
 }
 
-# Its exit code is kept in a file: of a child that ended long ago the shell may have forgotten it, since it starts
-# thousands meanwhile and the system numbers them round and round.
+# Its exit code and its seconds are kept in a file: of a child that ended long ago the shell may have forgotten the
+# code, since it starts thousands meanwhile and the system numbers them round and round.
 run_phase() {
     local code=0
     [ -z "${build_lock:-}" ] || exec {build_lock}>&-
     "$@" || code=$?
-    printf '%s\n' "$code" >"build/log/$name.code.new"
+    printf '%s %s\n' "$code" $((SECONDS - phase_start[$name])) >"build/log/$name.code.new"
     mv "build/log/$name.code.new" "build/log/$name.code"
 }
 
@@ -42,6 +42,7 @@ progress() {
 show_progress() {
     local name count line=
     for name in "${!phase_process[@]}"; do
+        [ ! -e "build/log/$name.code" ] || continue
         count=$(progress "$name")
         line="$line$name ${count:+$count, }$((SECONDS - phase_start[$name])) s   "
     done
@@ -56,16 +57,16 @@ show_progress() {
 # await NAME: shows all phases until this one has ended; its exit code is the phase's. The end of a failed phase's log
 # is printed.
 await() {
-    local name=$1 code=0
+    local name=$1 code seconds
     while [ ! -e "build/log/$name.code" ] && kill -0 "${phase_process[$name]}" 2>/dev/null; do
         show_progress
         sleep 0.3
     done
-    code=$(cat "build/log/$name.code" 2>/dev/null || echo 1)
+    read -r code seconds 2>/dev/null <"build/log/$name.code" || code=1
     unset "phase_process[$name]"
     [ ! -t 1 ] || printf '\r\033[K'
-    phase_report+=$(printf '%-24s %5s s' "$name" $((SECONDS - phase_start[$name])))$'\n'
-    step "$name: $((SECONDS - phase_start[$name])) s"
+    phase_report+=$(printf '%-24s %5s s' "$name" "${seconds:-?}")$'\n'
+    step "$name: ${seconds:-?} s"
     [ "$code" = 0 ] || tail -n 60 "build/log/$name.log" >&2
     return "$code"
 }
