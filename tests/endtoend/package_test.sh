@@ -6,14 +6,22 @@ source "$(dirname "$0")/lib.sh"
 cd "$root"
 source packaging/registration_rows.sh
 
+# A new Windows: a run that was broken off may have left something installed.
+release_prefix
+rm -rf "$WINEPREFIX"
+use_prefix "$(basename "$0" .sh)"
+
 drive=$WINEPREFIX/drive_c
 version=$(scripts/version)
 packages=$work/packages
 older=$work/older
+REBOOT_REQUIRED=3010  # of which a process of this system keeps the lower byte
+HUNG=124              # what timeout says of what it has ended
 
 # --- Looking ------------------------------------------------------------------------------------------------------
 
-registry() { wine_program reg query "$1" /s "/reg:${2:-64}" 2>/dev/null | tr -d '\r' || true; }
+# What is not there, and what is empty, gives nothing.
+registry() { wine_program reg query "$1" /s "/reg:${2:-64}" 2>/dev/null | tr -d '\r' | sed '/^reg: /d; /^$/d' || true; }
 
 # Everything of ours that is registered. HIVE VIEW
 classes() {
@@ -29,6 +37,7 @@ world() {
     classes HKLM 64
     classes HKLM 32
     classes HKCU 64
+    classes HKCU 32
     registry 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' 64
     registry 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' 32
     (cd "$drive" && find "Program Files" "Program Files (x86)" users/*/AppData/Local -name Temp -prune -o -print0 | LC_ALL=C sort -z |
@@ -70,7 +79,11 @@ apps_entry() { registry 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstal
 msi() { timeout 120 wine msiexec "$1" "$(windows_path "$2")" "${@:3}" /qn; }
 installs() { msi /i "$@"; }
 removes() { msi /x "$@"; }
-refuses() { ! msi /i "$@"; }
+refuses() {
+    local code=0
+    msi /i "$@" || code=$?
+    [ "$code" != 0 ] && [ "$code" != "$HUNG" ]
+}
 set_windows() { wine_program reg add 'HKCU\Software\Wine' /v Version /d "$1" /f >/dev/null; }
 
 shows_the_page() {
@@ -101,7 +114,6 @@ set_windows win10
 workbench --register --sample
 world >"$work/start"
 all_classes >"$work/all-classes"
-settings | sort >"$work/settings"
 
 check "a damaged package is refused" refuses "$work/damaged.msi"
 check "the package for 32-bit Windows is refused on a 64-bit one" refuses "$packages/VexaPPE-$version-x86.msi"
@@ -110,28 +122,68 @@ check "a Windows that is too old is refused" refuses "$all"
 set_windows win10
 check "what was refused has changed nothing" unchanged "$work/start"
 
+# What stands in the way of a file stands for a folder that nobody may write to.
+program_folder="$drive/Program Files/Norvane/Quillmark"
+mkdir -p "$program_folder/VexaPPE.ocx"
+check "where the control cannot be written nothing is installed" refuses "$all"
+rm -r "$drive/Program Files/Norvane"
+check "and nothing is left of the attempt" unchanged "$work/start"
+
 check "an earlier version installs, from a folder with blanks and letters outside ASCII" installs "$odd_folder/Übung 1.msi"
 check "its 64-bit rows are there" rows_are_there HKLM x64 64 'C:\Program Files\Norvane\Quillmark'
 check "its 32-bit rows are there" rows_are_there HKLM x86 32 'C:\Program Files (x86)\Norvane\Quillmark'
 check "it stands among the programs" apps_entry 'Quillmark options page'
 check "with its version" grep -q '0\.9\.0' "$work/entry"
 check "the page is made by its name and shown" shows_the_page
-settings | sort >"$work/settings"
+# But for the windows that are there while the page is.
+lasting_settings() { settings | grep -v hWnd | sort; }
+lasting_settings >"$work/settings"
 
-check "this version replaces it" installs "$all"
+# Somebody has the page open: the process holds the file, as Outlook does.
+installed="$program_folder/VexaPPE.ocx"
+repair() { installs "$all" REINSTALL=ALL REINSTALLMODE=amus; }
+show_and_hold() {
+    wine "$programs/workbench.exe" --show-options --log "$(windows_path "$work/held")" >/dev/null 2>&1 &
+    page_process=$!
+    until_true grep -q 'page > add-in' "$work/held"
+}
+goes_on() {
+    local lines
+    lines=$(wc -l <"$work/held")
+    more_lines() { [ "$(wc -l <"$work/held")" -gt "$lines" ]; }
+    until_true more_lines
+}
+# The file's own version is the earlier one, too: the installer goes by it.
+perl -0777 -pi -e 's/(\xbd\x04\xef\xfe.{4}).{8}/$1\x09\0\0\0\0\0\0\0/s' "$installed"
+cp "$installed" "$work/earlier.ocx"
+check "a page is shown, and stays" show_and_hold
+waits_for_restart() {
+    local code=0
+    installs "$@" || code=$?
+    [ "$code" = $((REBOOT_REQUIRED % 256)) ]
+}
+check "this version installs meanwhile, and asks for a new start" waits_for_restart "$all"
+check "the page that is shown goes on" goes_on
+check "with its own file" cmp "$installed" "$work/earlier.ocx"
+kill "$page_process" && wait "$page_process" 2>/dev/null || true
+restart_windows() {
+    release_prefix
+    hold_prefix
+    wine_program wineboot --restart
+}
+check "Windows starts anew" restart_windows
+check "this version's file is there" cmp build/windows-x64/VexaPPE.ocx "$installed"
 check "the 64-bit rows are there" rows_are_there HKLM x64 64 'C:\Program Files\Norvane\Quillmark'
 check "the 32-bit rows are there" rows_are_there HKLM x86 32 'C:\Program Files (x86)\Norvane\Quillmark'
 apps_entry 'Quillmark options page'
 check "the program's entry tells this version" grep -q "DisplayVersion.*$version" "$work/entry"
 one_entry() { [ "$(registry 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' | grep -c 'DisplayName.*Quillmark')" = 1 ]; }
 check "and there is one entry" one_entry
-settings | sort >"$work/settings-after"
+lasting_settings >"$work/settings-after"
 check "the settings are as they were" same "$work/settings" "$work/settings-after"
 check "the page is shown" shows_the_page
 world >"$work/installed"
 
-repair() { installs "$all" REINSTALL=ALL REINSTALLMODE=amus; }
-installed="$drive/Program Files/Norvane/Quillmark/VexaPPE.ocx"
 rm "$installed"
 check "a file that was deleted is repaired" repair
 check "it is the control" cmp build/windows-x64/VexaPPE.ocx "$installed"
@@ -159,10 +211,16 @@ check "its rows replace those" rows_are_there HKLM x64 64 'C:\Program Files\Norv
 check "removal works then, too" removes "$all"
 check "and leaves nothing" unchanged "$work/start"
 
-check "the package for one user installs" installs "$packages/VexaPPE-$version-user-x64.msi"
-check "its rows are the user's" rows_are_there HKCU x64 64 "C:\\users\\$(whoami)\\AppData\\Local\\Programs\\Norvane\\Quillmark\\x64"
-check "removal works" removes "$packages/VexaPPE-$version-user-x64.msi"
-check "and leaves nothing" unchanged "$work/start"
+for bitness in x64 x86; do
+    package=$packages/VexaPPE-$version-user-$bitness.msi
+    folder="C:\\users\\$(whoami)\\AppData\\Local\\Programs\\Norvane\\Quillmark\\$bitness"
+    view=64
+    [ "$bitness" = x64 ] || view=32
+    check "the $bitness package for one user installs" installs "$package"
+    check "its rows are the user's" rows_are_there HKCU $bitness $view "$folder"
+    check "removal works" removes "$package"
+    check "and leaves nothing" unchanged "$work/start"
+done
 all_classes >"$work/all-classes-after"
 check "the other classes of the machine are as they were" same "$work/all-classes" "$work/all-classes-after"
 finish

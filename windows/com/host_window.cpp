@@ -4,6 +4,7 @@
 
 #include "windows/com/boundary.h"
 #include "windows/com/names.h"
+#include "windows/controls/dpi.h"
 #include "windows/platform/module.h"
 
 namespace com {
@@ -34,6 +35,7 @@ HostWindow::HostWindow(HWND parent) {
 
 void HostWindow::create(DWORD style, DWORD extendedStyle, HWND parent) {
     registerWindowClass(procedure);
+    const win::MixedResolutions mixed;
     handle_ = CreateWindowExW(extendedStyle, CLASS_NAME, CAPTION, style, 0, 0, 0, 0, parent, nullptr,
                               win::thisModule(), nullptr);
     if (handle_ == nullptr) throw Failure(HRESULT_FROM_WIN32(GetLastError()));

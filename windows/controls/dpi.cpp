@@ -1,5 +1,6 @@
 #include "windows/controls/dpi.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace win {
@@ -64,6 +65,14 @@ int dpiOf(HWND window) noexcept {
     return dpi > 0 ? dpi : systemDpi();
 }
 
+int wantedTextScale() noexcept {
+    DWORD percent = 0;
+    DWORD size = sizeof percent;
+    const LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Accessibility",
+                                        L"TextScaleFactor", RRF_RT_REG_DWORD, nullptr, &percent, &size);
+    return status == ERROR_SUCCESS ? static_cast<int>(std::clamp<DWORD>(percent, 100, 225)) : 100;
+}
+
 int systemMetric(int index, int dpi) noexcept {
     static const auto ask = userFunction<int(WINAPI*)(int, UINT)>("GetSystemMetricsForDpi");
     if (ask != nullptr) return ask(index, static_cast<UINT>(dpi));
@@ -74,6 +83,22 @@ void keepDialogScaling(HWND dialog) noexcept {
     constexpr int EVERYTHING = 7;  // DDC_DISABLE_ALL, _RESIZE and _CONTROL_RELAYOUT
     static const auto tell = userFunction<BOOL(WINAPI*)(HWND, int, int)>("SetDialogDpiChangeBehavior");
     if (tell != nullptr) tell(dialog, EVERYTHING, EVERYTHING);
+}
+
+namespace {
+
+/// DPI_HOSTING_BEHAVIOR: what it was before, negative where the system has none.
+int setHostingBehaviour(int behaviour) noexcept {
+    static const auto set = userFunction<int(WINAPI*)(int)>("SetThreadDpiHostingBehavior");
+    return set != nullptr ? set(behaviour) : -1;
+}
+
+}  // namespace
+
+MixedResolutions::MixedResolutions() noexcept : before_(setHostingBehaviour(1)) {}
+
+MixedResolutions::~MixedResolutions() {
+    if (before_ >= 0) setHostingBehaviour(before_);
 }
 
 void scaleControls(HWND window, int from, int to, HFONT font) noexcept {

@@ -153,6 +153,7 @@ bool isEnter(LPARAM lParam) {
 RichText::RichText(Window& dialogWindow, HWND handle) : ControlOf(dialogWindow, handle) {
     send(EM_EXLIMITTEXT, 0, MOST_CHARACTERS);
     send(EM_SETEVENTMASK, 0, ENM_SELCHANGE);
+    send(EM_SETZOOM, static_cast<WPARAM>(dialog().textScale()), 100);
 }
 
 std::optional<LRESULT> RichText::onNotify(NMHDR& notification) {

@@ -62,7 +62,10 @@ Window::Window(Screen& screen, Role role, int templateIdentifier, HWND parent, W
         throwLastError();
     tooltips_ = std::make_unique<Tooltips>(screen_.context(), handle_);
     dpi_ = firstDpi_ = dpiOf(handle_);
-    if (role_ == Role::dialog) keepDialogScaling(handle_);
+    if (role_ == Role::dialog) {
+        keepDialogScaling(handle_);
+        enlargeForText();
+    }
     showIcon();
     // A page lies on a tab and shows the tab's own background.
     if (role_ == Role::page) EnableThemeDialogTexture(handle_, ETDT_ENABLETAB);

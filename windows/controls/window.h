@@ -56,8 +56,10 @@ public:
     bool takeKey(WPARAM key);
     /// A system metric at the window's resolution.
     [[nodiscard]] int metric(int index) const;
-    /// Pixels per inch of the window's monitor.
+    /// Pixels per inch of the window's monitor, more where the user wants bigger text.
     [[nodiscard]] int dpi() const { return dpi_; }
+    /// Percent.
+    [[nodiscard]] int textScale() const { return textScale_; }
     /// Scales the controls to another resolution.
     void takeDpi(int dpi);
     [[nodiscard]] int templateIdentifier() const { return templateIdentifier_; }
@@ -89,6 +91,7 @@ private:
     void vanished();
     void resized();
     void monitorChanged(int dpi, const RECT& place);
+    void enlargeForText();
     void refreshColours();
     void tellColours();
     void showIcon();
@@ -104,6 +107,8 @@ private:
     HWND handle_ = nullptr;
     int dpi_ = 0;
     int firstDpi_ = 0;  ///< the one for which the system made the window
+    /// Percent. A page keeps to the text of the dialog around it, in which it has a fixed room.
+    int textScale_ = 100;
     /// The controls' font once they have been scaled; else null.
     HFONT font_ = nullptr;
     bool open_ = true;

@@ -1,4 +1,5 @@
 // How a window follows the system's colours and the resolution of its monitor.
+#include <algorithm>
 #include <utility>
 
 #include "windows/controls/dpi.h"
@@ -34,10 +35,33 @@ int Window::metric(int index) const { return systemMetric(index, dpi_); }
 double Window::magnification() const { return static_cast<double>(dpi_) / systemDpi(); }
 
 void Window::monitorChanged(int dpi, const RECT& place) {
-    takeDpi(dpi);
+    takeDpi(MulDiv(dpi, textScale_, 100));
     SetWindowPos(handle_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
                  SWP_NOZORDER | SWP_NOACTIVATE);
     resized();
+}
+
+/// Bigger text is a higher resolution of all that the dialog holds, as far as the monitor has room for it.
+void Window::enlargeForText() {
+    RECT outer{};
+    RECT inner{};
+    MONITORINFO monitor{sizeof monitor, {}, {}, 0};
+    GetWindowRect(handle_, &outer);
+    GetClientRect(handle_, &inner);
+    GetMonitorInfoW(MonitorFromWindow(handle_, MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT& room = monitor.rcWork;
+    const SIZE size{outer.right - outer.left, outer.bottom - outer.top};
+    const auto most = [](int available, int frame, int content) {
+        return content > 0 ? (available - frame) * 100 / content : 100;
+    };
+    const int fitting = std::min(most(room.right - room.left, size.cx - inner.right, inner.right),
+                                 most(room.bottom - room.top, size.cy - inner.bottom, inner.bottom));
+    textScale_ = std::clamp(fitting, 100, wantedTextScale());
+    if (textScale_ == 100) return;
+    const auto grown = [&](int content) { return MulDiv(content, textScale_ - 100, 100); };
+    SetWindowPos(handle_, nullptr, 0, 0, size.cx + grown(inner.right), size.cy + grown(inner.bottom),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    takeDpi(MulDiv(dpi_, textScale_, 100));
 }
 
 void Window::takeDpi(int dpi) {

@@ -138,6 +138,66 @@ TEST_P(Resolution, EverythingInAnOpenDialogFollowsItsMonitor) {
 
 INSTANTIATE_TEST_SUITE_P(Dialogs, Resolution, testing::ValuesIn(PRODUCT_DIALOGS), dialogName);
 
+// --- Bigger text ------------------------------------------------------------------------------------------
+
+/// The user's wish, in percent, for as long as it lives.
+class BiggerText {
+public:
+    explicit BiggerText(DWORD percent) {
+        EXPECT_EQ(RegSetKeyValueW(HKEY_CURRENT_USER, KEY, VALUE, REG_DWORD, &percent, sizeof percent), ERROR_SUCCESS);
+    }
+    BiggerText(const BiggerText&) = delete;
+    BiggerText& operator=(const BiggerText&) = delete;
+    ~BiggerText() { RegDeleteKeyValueW(HKEY_CURRENT_USER, KEY, VALUE); }
+
+private:
+    static constexpr const wchar_t* KEY = L"Software\\Microsoft\\Accessibility";
+    static constexpr const wchar_t* VALUE = L"TextScaleFactor";
+};
+
+SIZE innerSizeOf(HWND window) {
+    RECT inner{};
+    GetClientRect(window, &inner);
+    return {inner.right, inner.bottom};
+}
+
+TEST_P(Resolution, BiggerTextEnlargesTheDialogAndAllThatItHolds) {
+    Sizes before;
+    SIZE innerBefore{};
+    SIZE frame{};
+    inDialog([&](ui::Form&, HWND dialog) {
+        before = measure(dialog);
+        innerBefore = innerSizeOf(dialog);
+        frame = sizingFrame(dialog);
+    });
+    for (const DWORD percent : {DWORD{125}, DWORD{150}}) {
+        SCOPED_TRACE(percent);
+        const BiggerText wish(percent);
+        const double factor = percent / 100.0;
+        inDialog([&](ui::Form&, HWND dialog) {
+            const SIZE inner = innerSizeOf(dialog);
+            EXPECT_NEAR(inner.cx, innerBefore.cx * factor, 2);
+            EXPECT_NEAR(inner.cy, innerBefore.cy * factor, 2);
+            expectScaled(before, measure(dialog), frame, factor);
+        });
+    }
+}
+
+TEST_P(Resolution, BiggerTextLeavesTheDialogOnTheScreen) {
+    const BiggerText wish(225);
+    inDialog([&](ui::Form&, HWND dialog) {
+        EXPECT_TRUE(fitsTheScreen(dialog, 1.0));
+        const SIZE inner = innerSizeOf(dialog);
+        for (const HWND control : controlsOf(dialog)) {
+            RECT place{};
+            GetWindowRect(control, &place);
+            MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+            EXPECT_LE(place.right, inner.cx) << GetDlgCtrlID(control);
+            EXPECT_LE(place.bottom, inner.cy) << GetDlgCtrlID(control);
+        }
+    });
+}
+
 class PageResolution : public ProductDialogs {};
 
 TEST_F(PageResolution, ThePageLaysItsRowsOutForItsMonitor) {
