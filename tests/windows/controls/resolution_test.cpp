@@ -144,7 +144,8 @@ INSTANTIATE_TEST_SUITE_P(Dialogs, Resolution, testing::ValuesIn(PRODUCT_DIALOGS)
 class BiggerText {
 public:
     explicit BiggerText(DWORD percent) {
-        EXPECT_EQ(RegSetKeyValueW(HKEY_CURRENT_USER, KEY, VALUE, REG_DWORD, &percent, sizeof percent), ERROR_SUCCESS);
+        EXPECT_EQ(RegSetKeyValueW(HKEY_CURRENT_USER, KEY, VALUE, REG_DWORD, &percent, sizeof percent),
+                  ERROR_SUCCESS);
     }
     BiggerText(const BiggerText&) = delete;
     BiggerText& operator=(const BiggerText&) = delete;
