@@ -84,7 +84,7 @@ print_timings() {
 # What still runs ends with the command.
 end_phases() {
     local name
-    for name in "${!phase_process[@]}"; do kill -- "-${phase_process[$name]}" 2>/dev/null; done
+    for name in "${!phase_process[@]}"; do kill -- "-${phase_process[$name]}" 2>/dev/null || true; done
     wait
 }
 trap end_phases EXIT
