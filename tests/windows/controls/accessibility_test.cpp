@@ -4,13 +4,11 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <iomanip>
-#include <iostream>
-#include <set>
 
 #include "settings/frmDispMatches.ids.h"
 #include "tests/windows/controls/annotations_stand_in.h"
 #include "tests/windows/controls/product_dialogs.h"
+#include "tests/windows/controls/reader_table.h"
 #include "tests/windows/stage/user.h"
 
 namespace tests {
@@ -20,37 +18,13 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-bool canHaveFocus(HWND window) {
-    const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
-    const bool stop = (style & WS_TABSTOP) != 0;
-    const auto code = static_cast<UINT>(SendMessageW(window, WM_GETDLGCODE, 0, 0));
-    return stop || (code & DLGC_RADIOBUTTON) != 0;
-}
-
-/// The table of one window: every control that can have the focus, whichever tab it is on. None is without a
-/// name, and no two are told alike.
-void printAndCheck(const char* dialogName, HWND dialog, const AnnotationsStandIn& annotations) {
-    std::set<std::wstring> told;
-    for (const HWND control : controlsOf(dialog)) {
-        if (!canHaveFocus(control)) continue;
-        const Told row = askReader(control, annotations);
-        std::wcout << std::left << std::setw(20) << dialogName << std::setw(16) << classOf(control)
-                   << std::setw(12) << row.role << std::setw(32) << row.name << std::setw(46)
-                   << row.description << std::setw(32) << row.value << row.state << L"\n";
-        EXPECT_THAT(row.name, Not(IsEmpty())) << dialogName << " " << GetDlgCtrlID(control);
-        EXPECT_TRUE(told.insert(classOf(control) + L"|" + row.name).second)
-            << dialogName << ": two controls are told alike: " << GetDlgCtrlID(control);
-    }
-    EXPECT_FALSE(told.empty());
-}
-
 class Accessibility : public EachProductDialog {
 protected:
     AnnotationsStandIn annotations;
 };
 
 TEST_P(Accessibility, EveryControlThatCanHaveTheFocusIsToldByAName) {
-    inDialog([&](ui::Form&, HWND dialog) { printAndCheck(GetParam().name, dialog, annotations); });
+    inDialog([&](ui::Form&, HWND dialog) { expectEachNamed(GetParam().name, dialog, annotations); });
     EXPECT_EQ(annotations.kept(), 0U) << "words are taken back before their window goes";
     EXPECT_EQ(annotations.forgotten(), 0U);
 }
