@@ -49,7 +49,7 @@ bool measure(const Pair& pair) {
 
 bool measureGrowth(const std::string& name, double goal, int small, int large,
                    const std::function<std::function<void()>(int size)>& prepare) {
-    constexpr int ROUNDS = 9;
+    constexpr int ROUNDS = 5;
     const auto timeOf = [&](int size) {
         const auto deed = prepare(size);
         deed();
