@@ -1,14 +1,18 @@
 #include "kb/fill_progress.h"
 
+#include <algorithm>
+
 #include "common/guarded.h"
 #include "kb/messages.h"
 
 namespace vexa {
 namespace {
 
-// Milliseconds. What is done sooner than the first needs no sign; a sign takes some time itself.
+// Milliseconds. What is done sooner than the first needs no sign.
 constexpr std::int64_t FIRST_SIGN = 100;
 constexpr std::int64_t BETWEEN_SIGNS = 250;
+/// A sign takes some time itself: after one that took t the next one waits this many t.
+constexpr std::int64_t REST = 24;
 
 }  // namespace
 
@@ -27,9 +31,11 @@ FillProgress::~FillProgress() {
 
 void FillProgress::rowAdded() {
     Clock& clock = application_.platform.clock;
-    if (clock.milliseconds() < nextSign_) return;
+    const std::int64_t begin = clock.milliseconds();
+    if (begin < nextSign_) return;
     attempt([&] { show(); });
-    nextSign_ = clock.milliseconds() + BETWEEN_SIGNS;
+    const std::int64_t end = clock.milliseconds();
+    nextSign_ = end + std::max(BETWEEN_SIGNS, REST * (end - begin));
 }
 
 void FillProgress::show() {

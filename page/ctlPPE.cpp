@@ -305,11 +305,13 @@ void ctlPPE::offerWizard(bool offered) {
 void ctlPPE::explainRows() {
     const wchar_t* reason = cmdSettings.enabled() ? NO_WIZARD : SEARCHING;
     for (Row& row : rows_) {
-        const std::wstring text = row.button.enabled() ? row.purpose : reason;
+        const wchar_t* const now = row.button.enabled() ? nullptr : reason;
         // Screen readers and the screen are spared what they know.
-        if (row.description.text() == text) continue;
+        if (now == row.reason) continue;
+        const std::wstring text = now != nullptr ? now : row.purpose;
         row.description.setText(text);
         row.button.setDescription(text);
+        row.reason = now;
     }
 }
 

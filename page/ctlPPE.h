@@ -60,6 +60,8 @@ private:
         ui::Button& button;
         /// What the button is for, as the template says it.
         std::wstring purpose = description.text();
+        /// What the description says instead while the button is disabled; else null.
+        const wchar_t* reason = nullptr;
     };
 
     void connectHandlers();

@@ -93,9 +93,11 @@ void Grid::sort(int column,
     dropEdit();
     std::vector<std::size_t> order(rows_.size());
     std::iota(order.begin(), order.end(), 0U);
-    std::ranges::stable_sort(order, [&](std::size_t first, std::size_t second) {
-        return before(cellOf(rows_[first], column), cellOf(rows_[second], column));
-    });
+    std::vector<const GridCell*> cells;
+    cells.reserve(rows_.size());
+    for (const GridRow& row : rows_) cells.push_back(&cellOf(row, column));
+    std::ranges::stable_sort(
+        order, [&](std::size_t first, std::size_t second) { return before(*cells[first], *cells[second]); });
     std::vector<GridRow> sorted;
     sorted.reserve(rows_.size());
     for (const std::size_t row : order) sorted.push_back(std::move(rows_[row]));
