@@ -58,9 +58,12 @@ void Window::enlargeForText() {
                                  most(room.bottom - room.top, size.cy - inner.bottom, inner.bottom));
     textScale_ = std::clamp(fitting, 100, wantedTextScale());
     if (textScale_ == 100) return;
-    const auto grown = [&](int content) { return MulDiv(content, textScale_ - 100, 100); };
-    SetWindowPos(handle_, nullptr, 0, 0, size.cx + grown(inner.right), size.cy + grown(inner.bottom),
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const SIZE more{MulDiv(inner.right, textScale_ - 100, 100), MulDiv(inner.bottom, textScale_ - 100, 100)};
+    // It grows to all sides, as far as the room goes.
+    const int left = std::clamp(outer.left - more.cx / 2, room.left, room.right - size.cx - more.cx);
+    const int top = std::clamp(outer.top - more.cy / 2, room.top, room.bottom - size.cy - more.cy);
+    SetWindowPos(handle_, nullptr, left, top, size.cx + more.cx, size.cy + more.cy,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
     takeDpi(MulDiv(dpi_, textScale_, 100));
 }
 

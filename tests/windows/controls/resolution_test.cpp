@@ -187,7 +187,13 @@ TEST_P(Resolution, BiggerTextEnlargesTheDialogAndAllThatItHolds) {
 TEST_P(Resolution, BiggerTextLeavesTheDialogOnTheScreen) {
     const BiggerText wish(225);
     inDialog([&](ui::Form&, HWND dialog) {
-        EXPECT_TRUE(fitsTheScreen(dialog, 1.0));
+        RECT outer{};
+        RECT room{};
+        RECT common{};
+        GetWindowRect(dialog, &outer);
+        SystemParametersInfoW(SPI_GETWORKAREA, 0, &room, 0);
+        IntersectRect(&common, &outer, &room);
+        EXPECT_TRUE(EqualRect(&common, &outer));
         const SIZE inner = innerSizeOf(dialog);
         for (const HWND control : controlsOf(dialog)) {
             RECT place{};
