@@ -166,12 +166,15 @@ TEST_P(Resolution, BiggerTextEnlargesTheDialogAndAllThatItHolds) {
     Sizes before;
     SIZE innerBefore{};
     SIZE frame{};
+    std::vector<DWORD> wishes{125, 150};
     inDialog([&](ui::Form&, HWND dialog) {
         before = measure(dialog);
         innerBefore = innerSizeOf(dialog);
         frame = sizingFrame(dialog);
+        std::erase_if(wishes, [&](DWORD percent) { return !fitsTheScreen(dialog, percent / 100.0); });
     });
-    for (const DWORD percent : {DWORD{125}, DWORD{150}}) {
+    EXPECT_FALSE(wishes.empty());
+    for (const DWORD percent : wishes) {
         SCOPED_TRACE(percent);
         const BiggerText wish(percent);
         const double factor = percent / 100.0;
