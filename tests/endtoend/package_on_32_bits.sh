@@ -4,6 +4,7 @@ set -euo pipefail
 programs=${1:?"the folder of VexaPPE.ocx and workbench.exe"}
 cd "$(dirname "$0")/../.."
 source packaging/registration_rows.sh
+source tests/endtoend/registered_rows.sh
 version=$(scripts/version)
 # Only what lies in the tree of the sources is seen in that Windows.
 work=$programs/package-test
@@ -30,15 +31,8 @@ installed_files() { find "$prefix/drive_c" -iname VexaPPE.ocx; }
 
 # rows_are_there HIVE ROOT FOLDER: what the class itself says in the control's own table, for the file in this folder.
 rows_are_there() {
-    local sharing key name value
     registered "$1" >"$work/classes"
-    while IFS='|' read -r sharing key name value; do
-        case $key in *'\CLSID\'*) ;; *) continue ;; esac
-        KEY="$2\\$key" NAME=${name:-(Default)} VALUE=$value awk -f tests/endtoend/registry_row.awk "$work/classes" || {
-            echo "missing ($sharing): $key, ${name:-(Default)} = $value"
-            return 1
-        }
-    done < <("$work/registration_rows" win32 "$3\\VexaPPE.ocx")
+    rows_are_in "$work/classes" "$2" win32 "$3\\VexaPPE.ocx" '\CLSID\'
 }
 # The page is made by its name, from where it is installed.
 page_applies() {

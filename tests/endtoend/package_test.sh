@@ -5,6 +5,7 @@ export LC_ALL=C.UTF-8
 source "$(dirname "$0")/lib.sh"
 cd "$root"
 source packaging/registration_rows.sh
+source tests/endtoend/registered_rows.sh
 
 # A new Windows: a run that was broken off may have left something installed.
 release_prefix
@@ -58,18 +59,12 @@ unchanged() {
 
 # rows_are_there HIVE BITNESS VIEW FOLDER: every row of the control's own table, for the file in this folder.
 rows_are_there() {
-    local hive=$1 platform=win64 view=$3 sharing key name value
+    local hive=$1 platform=win64 view=$3
     local root_name=HKEY_LOCAL_MACHINE
     [ "$2" = x64 ] || platform=win32
     [ "$hive" = HKLM ] || root_name=HKEY_CURRENT_USER
     classes "$hive" "$view" >"$work/classes"
-    while IFS='|' read -r sharing key name value; do
-        KEY="$root_name\\$key" NAME=${name:-(Default)} VALUE=$value awk -f tests/endtoend/registry_row.awk \
-            "$work/classes" || {
-            echo "missing ($sharing): $key, ${name:-(Default)} = $value"
-            return 1
-        }
-    done < <("$work/registration_rows" "$platform" "$4\\VexaPPE.ocx")
+    rows_are_in "$work/classes" "$root_name" "$platform" "$4\\VexaPPE.ocx"
 }
 
 apps_entry() { registry 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' 64 | grep -A40 "$1" >"$work/entry"; }

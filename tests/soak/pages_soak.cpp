@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cstring>
 #include <iostream>
 #include <ranges>
@@ -98,23 +97,16 @@ bool leadsThrough(const Situation& situation, const Situation& other) {
 }
 
 /// Each way to dialogs of the program: an inner one's opening is one of the outer ones, too.
-std::vector<Situation> ownDialogs() {
-    std::vector<Situation> own = situations();
-    std::erase_if(own, [](const Situation& situation) { return situation.templates.empty(); });
-    const std::vector<Situation> all = own;
-    std::erase_if(own, [&](const Situation& each) {
+std::vector<Situation> waysToDialogs() {
+    const std::vector<Situation> all = ownDialogs();
+    std::vector<Situation> ways = all;
+    std::erase_if(ways, [&](const Situation& each) {
         return std::ranges::any_of(all, [&](const Situation& other) { return leadsThrough(other, each); });
     });
-    return own;
+    return ways;
 }
 
-std::string nameOf(const testing::TestParamInfo<Situation>& situation) {
-    std::string name = situation.param.name;
-    std::erase_if(name, [](char each) { return !std::isalnum(static_cast<unsigned char>(each)); });
-    return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Each, SoakOf, testing::ValuesIn(ownDialogs()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, SoakOf, testing::ValuesIn(waysToDialogs()), situationName);
 
 // The counts see a leak of each kind, so that equal counts mean something.
 TEST_F(Soak, CountsNoticeEachKindOfLeak) {

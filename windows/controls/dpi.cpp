@@ -13,6 +13,12 @@ Function userFunction(const char* name) noexcept {
     return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(user, name)));
 }
 
+/// DPI_HOSTING_BEHAVIOR: what it was before, negative where the system has none.
+int setHostingBehaviour(int behaviour) noexcept {
+    static const auto set = userFunction<int(WINAPI*)(int)>("SetThreadDpiHostingBehavior");
+    return set != nullptr ? set(behaviour) : -1;
+}
+
 BOOL CALLBACK noteChild(HWND child, LPARAM list) noexcept {
     try {
         reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
@@ -84,16 +90,6 @@ void keepDialogScaling(HWND dialog) noexcept {
     static const auto tell = userFunction<BOOL(WINAPI*)(HWND, int, int)>("SetDialogDpiChangeBehavior");
     if (tell != nullptr) tell(dialog, EVERYTHING, EVERYTHING);
 }
-
-namespace {
-
-/// DPI_HOSTING_BEHAVIOR: what it was before, negative where the system has none.
-int setHostingBehaviour(int behaviour) noexcept {
-    static const auto set = userFunction<int(WINAPI*)(int)>("SetThreadDpiHostingBehavior");
-    return set != nullptr ? set(behaviour) : -1;
-}
-
-}  // namespace
 
 MixedResolutions::MixedResolutions() noexcept : before_(setHostingBehaviour(1)) {}
 

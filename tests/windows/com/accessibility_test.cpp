@@ -25,20 +25,7 @@ TEST_P(AccessibleDialogs, EveryControlThatCanHaveTheFocusIsToldByAName) {
     play(GetParam(), [&] { expectEachNamed(GetParam().name, openDialogs().back(), annotations); });
 }
 
-/// Those made from templates of the program.
-std::vector<Situation> ownDialogs() {
-    std::vector<Situation> own = situations();
-    std::erase_if(own, [](const Situation& each) { return each.templates.empty() || each.depth == 0; });
-    return own;
-}
-
-std::string nameOf(const testing::TestParamInfo<Situation>& situation) {
-    std::string name = situation.param.name;
-    std::erase_if(name, [](char each) { return !std::isalnum(static_cast<unsigned char>(each)); });
-    return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Each, AccessibleDialogs, testing::ValuesIn(ownDialogs()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, AccessibleDialogs, testing::ValuesIn(ownDialogs()), situationName);
 
 }  // namespace
 }  // namespace tests

@@ -224,6 +224,18 @@ const std::vector<Situation>& situations() {
     return all;
 }
 
+std::vector<Situation> ownDialogs() {
+    std::vector<Situation> own = situations();
+    std::erase_if(own, [](const Situation& each) { return each.templates.empty(); });
+    return own;
+}
+
+std::string situationName(const testing::TestParamInfo<Situation>& situation) {
+    std::string name = situation.param.name;
+    std::erase_if(name, [](char each) { return !std::isalnum(static_cast<unsigned char>(each)); });
+    return name;
+}
+
 const std::vector<Call>& calls() {
     static const std::vector<Call> all{
         {"QueryInterface IOleInPlaceSite", {}, activateAnew},

@@ -41,6 +41,10 @@ struct Reaction {
 };
 
 [[nodiscard]] const std::vector<Situation>& situations();
+/// Those whose dialogs are made from templates of the program.
+[[nodiscard]] std::vector<Situation> ownDialogs();
+/// A situation's name as that of a test.
+[[nodiscard]] std::string situationName(const testing::TestParamInfo<Situation>& situation);
 [[nodiscard]] const std::vector<Call>& calls();
 [[nodiscard]] const std::vector<Reaction>& reactions();
 
