@@ -1,14 +1,20 @@
-# add_program_test(NAME TARGET [SHARDS COUNT]): a test program as CTest tests, each playing its share. Native ones run as
-# they are, Windows ones under Wine, each in a prefix of its own: of a prefix only one process can be the running add-in
-# or have the focus, and the control is registered there once.
+# add_program_test(NAME TARGET [SHARDS COUNT] [HEAP_CHECKS]): a test program as CTest tests, each playing its share. Native
+# ones run as they are, Windows ones under Wine, each in a prefix of its own: of a prefix only one process can be the
+# running add-in or have the focus, and the control is registered there once. Heap checks are Wine's.
 function(add_program_test name target)
-    cmake_parse_arguments(PARSE_ARGV 2 test "" SHARDS "")
+    cmake_parse_arguments(PARSE_ARGV 2 test HEAP_CHECKS SHARDS "")
+    set(scripts ${PROJECT_SOURCE_DIR}/scripts)
     if(NOT WIN32)
         set(runner "")
     elseif(CMAKE_SIZEOF_VOID_P EQUAL 8)
-        set(runner ${PROJECT_SOURCE_DIR}/scripts/wine-run)
+        set(runner ${scripts}/wine-run)
+        set(checked_runner ${scripts}/wine-run-checked)
     else()
-        set(runner ${PROJECT_SOURCE_DIR}/scripts/wine-root-run x86)
+        set(runner ${scripts}/wine-root-run x86)
+        set(checked_runner ${scripts}/wine-run-checked --root x86)
+    endif()
+    if(test_HEAP_CHECKS)
+        set(runner ${checked_runner})
     endif()
     if(NOT test_SHARDS)
         set(test_SHARDS 1)
@@ -23,6 +29,25 @@ function(add_program_test name target)
         set_tests_properties(${shard} PROPERTIES TIMEOUT 1500 LABELS program ENVIRONMENT
             "TEST_PREFIX=${shard};GTEST_TOTAL_SHARDS=${test_SHARDS};GTEST_SHARD_INDEX=${index}")
     endforeach()
+endfunction()
+
+# Two at a time of the tests that run Windows programs, which wait more than they work, share a processor
+# (scripts/processor.sh). For all tests of the calling folder.
+if(WIN32)
+    cmake_host_system_information(RESULT processors QUERY NUMBER_OF_LOGICAL_CORES)
+    math(EXPR last_processor "${processors} - 1")
+    foreach(number RANGE ${last_processor})
+        list(APPEND allotted "{ \"id\": \"${number}\", \"slots\": 2 }")
+    endforeach()
+    list(JOIN allotted ", " allotted)
+    file(WRITE ${PROJECT_BINARY_DIR}/processors.json
+         "{ \"version\": { \"major\": 1, \"minor\": 0 }, \"local\": [ { \"processors\": [ ${allotted} ] } ] }\n")
+endif()
+function(allot_processors)
+    if(WIN32)
+        get_property(tests DIRECTORY PROPERTY TESTS)
+        set_tests_properties(${tests} PROPERTIES RESOURCE_GROUPS processors:1)
+    endif()
 endfunction()
 
 # What nearly every test includes: for test programs and, in native builds, for what they run on.

@@ -9,7 +9,7 @@ namespace vexa {
 namespace {
 
 // Milliseconds. What is done sooner than the first needs no sign.
-constexpr std::int64_t FIRST_SIGN = 100;
+constexpr std::int64_t FIRST_SIGN = 50;
 constexpr std::int64_t BETWEEN_SIGNS = 250;
 /// A sign takes some time itself: after one that took t the next one waits this many t.
 constexpr std::int64_t REST = 24;

@@ -2,6 +2,8 @@
 # in it.
 # shellcheck shell=bash disable=SC2034
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+source "$root/scripts/processor.sh"
+stay_on_one_processor
 programs=$root/build/windows-x64
 SCREEN=${SCREEN:-1280x900}
 PATIENCE=30  # seconds until a wait is in vain

@@ -1,41 +1,34 @@
 #include "windows/com/page_host.h"
 
-#include <commctrl.h>
-
 #include "common/guarded.h"
 #include "page/ctlPPE.ids.h"
 #include "windows/com/boundary.h"
 #include "windows/com/runtime.h"
 
 namespace com {
-namespace {
-
-constexpr UINT_PTR WATCH = 1;
-
-}  // namespace
 
 // --- Life -------------------------------------------------------------------------------------------------
 
-PageHost::Busy::Busy(PageHost& host) : host_(host) {
-    host_.whole_.AddRef();
-    ++host_.running_;
+void PageHost::begin() noexcept {
+    whole_.AddRef();
+    ++running_;
 }
 
-PageHost::Busy::~Busy() {
-    if (--host_.running_ == 0 && !host_.open_) host_.destroyWindows();
-    host_.whole_.Release();
+void PageHost::end() noexcept {
+    if (--running_ == 0 && !open_) destroyWindows();
+    whole_.Release();
 }
 
 void PageHost::start() {
     runtime_ = &Runtime::enter(*this);
     parking_ = std::make_unique<HostWindow>();
     page_ = std::make_unique<vexa::ctlPPE>(
-        runtime_->application(), runtime_->screen().createPage(IDD_ctlPPE, parking_->handle()), site_);
+        runtime_->application(), runtime_->screen().createPage(IDD_ctlPPE, parking_->handle(), this), site_);
     const ui::Size size = page_->window().outerSize();
     naturalSize_ = {size.width, size.height};
     open_ = true;
     const Busy busy(*this);
-    watchWindows();
+    watches_ = true;
     page_->UserControl_Initialize();
 }
 
@@ -54,7 +47,7 @@ void PageHost::close() noexcept {
 }
 
 void PageHost::destroyWindows() noexcept {
-    unwatchWindows();
+    watches_ = false;
     parking_.reset();
 }
 
@@ -94,38 +87,19 @@ void PageHost::park() noexcept {
     SetParent(page, parking_->handle());
 }
 
-void PageHost::watchWindows() {
-    const HWND page = window();
-    watch(page, reinterpret_cast<LPARAM>(this));
-    EnumChildWindows(page, watch, reinterpret_cast<LPARAM>(this));
-}
-
-void PageHost::unwatchWindows() noexcept {
-    for (const HWND window : watched_) RemoveWindowSubclass(window, watched, WATCH);
-    watched_.clear();
-}
-
-BOOL CALLBACK PageHost::watch(HWND window, LPARAM host) noexcept {
-    auto& self = *reinterpret_cast<PageHost*>(host);
-    vexa::attempt([&] {
-        self.watched_.push_back(window);
-        SetWindowSubclass(window, watched, WATCH, static_cast<DWORD_PTR>(host));
-    });
-    return TRUE;
-}
-
 /// Every message to the page or one of its controls may run a handler that lets others run; the host may
 /// close the page meanwhile.
-LRESULT CALLBACK PageHost::watched(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                   DWORD_PTR host) noexcept {
-    auto& self = *reinterpret_cast<PageHost*>(host);
-    const Busy busy(self);
-    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-    vexa::attempt([&] { self.heard(message, reinterpret_cast<HWND>(wParam)); });
-    return result;
+bool PageHost::messageBegins() noexcept {
+    if (watches_) begin();
+    return watches_;
 }
 
-void PageHost::heard(UINT message, HWND other) const {
+void PageHost::messageEnded(UINT message, WPARAM parameter) noexcept {
+    vexa::attempt([&] { tellFocus(message, reinterpret_cast<HWND>(parameter)); });
+    end();
+}
+
+void PageHost::tellFocus(UINT message, HWND other) const {
     if (message != WM_SETFOCUS && message != WM_KILLFOCUS) return;
     const bool within = other != nullptr && (other == window() || IsChild(window(), other));
     if (open_ && !within && onFocus) onFocus(message == WM_SETFOCUS);

@@ -7,16 +7,16 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
 
 #include "page/ctlPPE.h"
 #include "windows/com/host_window.h"
+#include "windows/controls/message_hook.h"
 
 namespace com {
 
 class Runtime;
 
-class PageHost {
+class PageHost : private win::MessageWatch {
 public:
     /// `whole` is the control that lives at least as long as one of the page's handlers runs.
     PageHost(IUnknown& whole, vexa::PageSite& site) : whole_(whole), site_(site) {}
@@ -61,31 +61,31 @@ private:
     /// Code of the page runs: its window and the control stay until it has returned.
     class Busy {
     public:
-        explicit Busy(PageHost& host);
+        explicit Busy(PageHost& host) : host_(host) { host_.begin(); }
         Busy(const Busy&) = delete;
         Busy& operator=(const Busy&) = delete;
-        ~Busy();
+        ~Busy() { host_.end(); }
 
     private:
         PageHost& host_;
     };
 
-    void watchWindows();
-    void unwatchWindows() noexcept;
+    void begin() noexcept;
+    void end() noexcept;
+    [[nodiscard]] bool messageBegins() noexcept override;
+    void messageEnded(UINT message, WPARAM parameter) noexcept override;
+    void tellFocus(UINT message, HWND other) const;
     void destroyWindows() noexcept;
-    void heard(UINT message, HWND other) const;
-    static BOOL CALLBACK watch(HWND window, LPARAM host) noexcept;
-    static LRESULT CALLBACK watched(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                    DWORD_PTR host) noexcept;
 
     IUnknown& whole_;
     vexa::PageSite& site_;
     Runtime* runtime_ = nullptr;
     std::unique_ptr<HostWindow> parking_;
     std::unique_ptr<vexa::ctlPPE> page_;
-    std::vector<HWND> watched_;
     SIZE naturalSize_{};
     bool open_ = false;
+    /// The page has its windows, and what they are told counts.
+    bool watches_ = false;
     int running_ = 0;
 };
 

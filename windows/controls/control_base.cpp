@@ -2,7 +2,6 @@
 
 #include <windowsx.h>
 
-#include <memory>
 #include <utility>
 
 #include "windows/controls/annotations.h"
@@ -39,61 +38,21 @@ int pressedButton(UINT message) {
 
 }  // namespace
 
-/// Stands in the place that every window keeps for its program, from the wrapper's making until the window
-/// goes. SetWindowSubclass would look up its own list twice for each message, which takes many times as long
-/// as a short message itself.
-struct ControlBase::Hook {
-    ControlBase* wrapper;
-    WNDPROC original;
-};
-
 ControlBase::ControlBase(Window& window, HWND handle, ui::Control& control)
     : dialog_(window), handle_(handle), control_(control) {
-    auto hook =
-        std::make_unique<Hook>(this, reinterpret_cast<WNDPROC>(GetWindowLongPtrW(handle_, GWLP_WNDPROC)));
-    SetWindowLongPtrW(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(hook.release()));
-    SetWindowLongPtrW(handle_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+    hook(handle_, *this);
 }
 
 ControlBase::~ControlBase() {
     forgetReaders();
-    // The procedure stays until the window goes: others may have put theirs before it.
-    if (handle_ != nullptr) hookOf(handle_)->wrapper = nullptr;
+    if (handle_ != nullptr) unhook(handle_);
 }
 
-ControlBase::Hook* ControlBase::hookOf(HWND handle) {
-    return reinterpret_cast<Hook*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
-}
+void ControlBase::windowGoes() noexcept { handle_ = nullptr; }
 
-LRESULT CALLBACK ControlBase::procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    Hook* const hook = hookOf(handle);
-    if (hook == nullptr) return DefWindowProcW(handle, message, wParam, lParam);
-    const WNDPROC original = hook->original;  // the hook may go while the message is heard
-    if (message == WM_NCDESTROY) {
-        forget(handle);
-    } else if (hook->wrapper != nullptr) {
-        try {
-            if (const auto answer = hook->wrapper->filter(message, wParam, lParam)) return *answer;
-        } catch (...) {
-            // A handler that fails has had its say; the control goes on with the message.
-        }
-    }
-    return CallWindowProcW(original, handle, message, wParam, lParam);
-}
+MessageWatch* ControlBase::watch() const noexcept { return dialog_.watch(); }
 
-/// The window goes.
-void ControlBase::forget(HWND handle) {
-    const std::unique_ptr<Hook> hook(hookOf(handle));
-    const auto current = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(handle, GWLP_WNDPROC));
-    // Someone who stands before this procedure may still call it.
-    if (current == procedure)
-        SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(hook->original));
-    else
-        SetWindowLongPtrW(handle, GWLP_USERDATA, 0);
-    if (hook->wrapper != nullptr) hook->wrapper->handle_ = nullptr;
-}
-
-std::optional<LRESULT> ControlBase::filter(UINT message, WPARAM wParam, LPARAM lParam) {
+std::optional<LRESULT> ControlBase::heard(UINT message, WPARAM wParam, LPARAM lParam) {
     const int button = pressedButton(message);
     if (button != 0 && mouseDownTaken(button, lParam)) return 0;
     if ((message == WM_KEYDOWN || message == WM_SYSKEYDOWN) && keyTaken(static_cast<int>(wParam))) return 0;

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "ui/control.h"
+#include "windows/controls/message_hook.h"
 
 namespace win {
 
@@ -22,7 +23,7 @@ void raise(const std::function<void(Parameters...)>& event, Arguments&&... argum
     running(std::forward<Arguments>(arguments)...);
 }
 
-class ControlBase {
+class ControlBase : private MessageListener {
 public:
     /// `control` is the wrapper itself.
     ControlBase(Window& window, HWND handle, ui::Control& control);
@@ -91,11 +92,9 @@ protected:
     void tellReaders();
 
 private:
-    struct Hook;
-    [[nodiscard]] static Hook* hookOf(HWND handle);
-    static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    static void forget(HWND handle);
-    [[nodiscard]] std::optional<LRESULT> filter(UINT message, WPARAM wParam, LPARAM lParam);
+    [[nodiscard]] std::optional<LRESULT> heard(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void windowGoes() noexcept override;
+    [[nodiscard]] MessageWatch* watch() const noexcept override;
     [[nodiscard]] bool mouseDownTaken(int button, LPARAM lParam);
     [[nodiscard]] bool keyTaken(int key);
     void mouseMoved(WPARAM wParam, LPARAM lParam);

@@ -57,8 +57,10 @@ std::unique_ptr<ui::Window> Screen::createDialog(int templateIdentifier, ui::Win
                                     dynamic_cast<Window*>(owner));
 }
 
-std::unique_ptr<ui::Window> Screen::createPage(int templateIdentifier, HWND parent) {
-    return std::make_unique<Window>(*this, Window::Role::page, templateIdentifier, parent, nullptr);
+std::unique_ptr<ui::Window> Screen::createPage(int templateIdentifier, HWND parent, MessageWatch* watch) {
+    auto page = std::make_unique<Window>(*this, Window::Role::page, templateIdentifier, parent, nullptr);
+    if (watch != nullptr) page->watchMessages(*watch);
+    return page;
 }
 
 double Screen::twipsPerPixelX() const { return TWIPS_PER_INCH / systemDpi(); }

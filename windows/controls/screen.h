@@ -11,6 +11,7 @@
 #include "windows/controls/annotations.h"
 #include "windows/controls/icon_cache.h"
 #include "windows/controls/image_list.h"
+#include "windows/controls/message_hook.h"
 
 namespace win {
 
@@ -33,8 +34,9 @@ public:
     [[nodiscard]] std::vector<std::wstring> fonts() const override;
 
     /// A page from a child template, hidden, at the upper left corner of `parent`. The page stays open
-    /// until it is destroyed.
-    [[nodiscard]] std::unique_ptr<ui::Window> createPage(int templateIdentifier, HWND parent);
+    /// until it is destroyed. `watch`, where there is one, is told around each message to its windows.
+    [[nodiscard]] std::unique_ptr<ui::Window> createPage(int templateIdentifier, HWND parent,
+                                                         MessageWatch* watch = nullptr);
 
     /// Ends every modal loop, dialogs as by their close box and questions as by Cancel or No; while the
     /// loops return, new ones end at once. Called when the host closes the page.

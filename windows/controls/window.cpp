@@ -73,6 +73,11 @@ Window::Window(Screen& screen, Role role, int templateIdentifier, HWND parent, W
     noteDialog(handle_);
 }
 
+void Window::watchMessages(MessageWatch& watch) {
+    hook(handle_, *this);
+    watch_ = &watch;
+}
+
 Window::~Window() {
     open_ = false;
     screen_.remove(*this);
@@ -80,6 +85,7 @@ Window::~Window() {
     // From here on nobody hears what the system says to the window: controls that are being taken apart still
     // cause messages.
     if (handle_ != nullptr) SetWindowLongPtrW(handle_, DWLP_USER, 0);
+    if (handle_ != nullptr && watch_ != nullptr) unhook(handle_);
     controls_.clear();
     tooltips_.reset();
     if (handle_ != nullptr) {

@@ -17,7 +17,7 @@ namespace win {
 class Screen;
 class TabStrip;
 
-class Window : public ui::Window {
+class Window : public ui::Window, private MessageListener {
 public:
     enum class Role { dialog, page };
 
@@ -63,8 +63,13 @@ public:
     /// Scales the controls to another resolution.
     void takeDpi(int dpi);
     [[nodiscard]] int templateIdentifier() const { return templateIdentifier_; }
+    /// Who is told around each message; null where nobody is.
+    [[nodiscard]] MessageWatch* watch() const noexcept override { return watch_; }
 
     // For the screen and the timers.
+    /// Has `watch` told around each message to the window or to one of its controls. It stays as long as the
+    /// window. Throws std::bad_alloc.
+    void watchMessages(MessageWatch& watch);
     [[nodiscard]] Role role() const { return role_; }
     /// True where this window was opened, at any depth, from `other`.
     [[nodiscard]] bool descendsFrom(const Window& other) const;
@@ -75,6 +80,8 @@ protected:
     [[nodiscard]] ui::Control& bind(ui::Kind kind, int identifier) override;
 
 private:
+    [[nodiscard]] std::optional<LRESULT> heard(UINT, WPARAM, LPARAM) override { return std::nullopt; }
+    void windowGoes() noexcept override {}
     static INT_PTR CALLBACK procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     /// The answer to a message; nothing leaves it to the system's own handling.
     [[nodiscard]] std::optional<LRESULT> handle(UINT message, WPARAM wParam, LPARAM lParam);
@@ -105,6 +112,7 @@ private:
     int templateIdentifier_;
     Window* owner_;
     HWND handle_ = nullptr;
+    MessageWatch* watch_ = nullptr;
     int dpi_ = 0;
     int firstDpi_ = 0;  ///< the one for which the system made the window
     /// Percent. A page keeps to the text of the dialog around it, in which it has a fixed room.

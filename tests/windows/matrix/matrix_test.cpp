@@ -10,6 +10,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <string_view>
 #include <thread>
 
 #include "tests/windows/matrix/tables.h"
@@ -23,6 +24,7 @@ constexpr ULONGLONG POSSIBLE = 300;
 
 bool whole = false;
 const char* wanted = "";
+int combinations = 0;
 
 /// What runs now, for whoever has to say what it died of.
 class Combination {
@@ -32,7 +34,6 @@ public:
         std::snprintf(name, sizeof name, "%s inside %s, with %s", reaction.name, call.name, situation.name);
         if (std::strstr(name, wanted) == nullptr) return false;
         began = GetTickCount64();
-
         return true;
     }
     static void watch() {
@@ -73,7 +74,7 @@ private:
     }
 };
 
-class Matrix : public HostileWorld {
+class Matrix : public HostileWorld, public testing::WithParamInterface<Situation> {
 protected:
     /// True where the control made the call.
     bool run(const Situation& situation, const Call& call, const Reaction& reaction) {
@@ -91,42 +92,37 @@ protected:
         return reacted;
     }
 
-    /// The places that a call is tried in.
-    static std::vector<Place> placesFor(const Call& call) {
-        if (!whole) return call.where;
-        std::vector<Place> all;
-        for (std::size_t place = 0; place < situations().size(); ++place)
-            all.push_back(static_cast<Place>(place));
-        return all;
+    /// Where the situation stands among all.
+    static Place place() {
+        const auto found =
+            std::ranges::find(situations(), std::string_view(GetParam().name), &Situation::name);
+        return static_cast<Place>(found - situations().begin());
     }
 
-    /// How often the control made the call. Where it does not come with the first reaction it comes with
-    /// none.
-    int runAll(const Call& call, Place place) {
-        const bool mustCome = std::ranges::find(call.where, place) != call.where.end();
-        int made = 0;
+    /// Counts how often the control made the call. Where it does not come with the first reaction it comes
+    /// with none.
+    void runAll(const Call& call) {
+        const bool mustCome = std::ranges::find(call.where, place()) != call.where.end();
+        if (!mustCome && !whole) return;
         for (const Reaction& reaction : reactions()) {
-            if (!Combination::begin(situations()[place], call, reaction)) continue;
+            if (!Combination::begin(GetParam(), call, reaction)) continue;
             timeToCome = mustCome ? CERTAIN : POSSIBLE;
-            const bool came = run(situations()[place], call, reaction);
+            const bool came = run(GetParam(), call, reaction);
             EXPECT_TRUE(came || !mustCome) << Combination::name << ": the call never came";
-            made += came;
+            combinations += came;
             if (!came && !mustCome) break;
         }
-        return made;
     }
 };
 
-TEST_F(Matrix, EveryReactionInsideEveryCallDoesNoHarm) {
-    int combinations = 0;
-    for (const Call& call : calls())
-        for (const Place place : placesFor(call)) combinations += runAll(call, place);
-    std::printf("%d combinations of %zu calls, %zu reactions and %zu situations\n", combinations,
-                calls().size(), reactions().size(), situations().size());
+TEST_P(Matrix, EveryReactionInsideEveryCallDoesNoHarm) {
+    for (const Call& call : calls()) runAll(call);
     for (const std::string& call : heard())
         EXPECT_TRUE(std::ranges::any_of(calls(), [&](const Call& each) { return each.name == call; }))
             << call << " is missing in the table";
 }
+
+INSTANTIATE_TEST_SUITE_P(With, Matrix, testing::ValuesIn(situations()), situationName);
 
 }  // namespace
 }  // namespace tests
@@ -138,5 +134,8 @@ int main(int count, char** arguments) {
         if (std::strcmp(arguments[each], "--only") == 0 && ++each < count) tests::wanted = arguments[each];
     }
     tests::Combination::watch();
-    return RUN_ALL_TESTS();
+    const int code = RUN_ALL_TESTS();
+    std::printf("%d combinations of %zu calls, %zu reactions and %zu situations\n", tests::combinations,
+                tests::calls().size(), tests::reactions().size(), tests::situations().size());
+    return code;
 }
