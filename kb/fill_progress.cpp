@@ -12,7 +12,7 @@ namespace {
 constexpr std::int64_t FIRST_SIGN = 50;
 constexpr std::int64_t BETWEEN_SIGNS = 250;
 /// A sign takes some time itself: after one that took t the next one waits this many t.
-constexpr std::int64_t REST = 24;
+constexpr std::int64_t REST = 49;
 
 }  // namespace
 
