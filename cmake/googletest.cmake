@@ -5,3 +5,7 @@ if(NOT EXISTS ${GOOGLETEST_SOURCES}/CMakeLists.txt)
 endif()
 set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
 add_subdirectory(${GOOGLETEST_SOURCES} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+# It is compiled in each build and takes no time when tests run.
+foreach(library gtest gmock gmock_main)
+    target_compile_options(${library} PRIVATE -O0)
+endforeach()

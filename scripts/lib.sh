@@ -30,14 +30,10 @@ need_disk() {
 }
 
 # Debian packages that are listed but not installed.
-#   missing_packages [MARK]    those with this mark; without one all but the extra ones
+#   missing_packages [MARK]    those with this mark; without one all
 missing_packages() {
     grep -v '^#' scripts/packages.txt | while read -r package marks; do
-        if [ -n "${1:-}" ]; then
-            grep -qw -- "$1" <<<"$marks" || continue
-        elif [[ $marks == *extra* ]]; then
-            continue
-        fi
+        [ -z "${1:-}" ] || grep -qw -- "$1" <<<"$marks" || continue
         dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q '^install ok' || printf '%s ' "$package"
     done
 }

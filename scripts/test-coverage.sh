@@ -3,7 +3,6 @@
 # shellcheck shell=bash
 test_coverage() {
     local rooms=(common ui settings kb report page) program=build/coverage/tests/vexa_tests profile=build/coverage/tests
-    install_packages coverage
     build coverage vexa_tests
     phase coverage-tests env LLVM_PROFILE_FILE="$profile.profraw" "$program" --gtest_brief=1 ||
         fail "the native tests failed"

@@ -2,7 +2,6 @@
 # shellcheck shell=bash
 test_fuzz() {
     local seconds=${1:-60} target found=0 runs all=0
-    install_packages fuzz
     build fuzz fuzz_targets
     mkdir -p build/fuzz/found
     for target in tests/fuzz/corpus/*; do

@@ -102,8 +102,11 @@ protected:
     /// Counts how often the control made the call. Where it does not come with the first reaction it comes
     /// with none.
     void runAll(const Call& call) {
-        const bool mustCome = std::ranges::find(call.where, place()) != call.where.end();
-        if (!mustCome && !whole) return;
+        const auto names = [](const std::vector<Place>& places) {
+            return std::ranges::find(places, place()) != places.end();
+        };
+        const bool mustCome = names(call.where);
+        if (names(call.prevents) || (!mustCome && !whole)) return;
         for (const Reaction& reaction : reactions()) {
             if (!Combination::begin(GetParam(), call, reaction)) continue;
             timeToCome = mustCome ? CERTAIN : POSSIBLE;

@@ -270,9 +270,11 @@ const std::vector<Call>& calls() {
         {"Release", {}, leaveSite},
         {"IsSearching", {}, poll},
         {"IsProcessing", {}, poll},
-        {"SetLogging", editLogging, apply},
+        // Without logging there is no report to be sent, and a knowledgebase that is no longer the
+        // auto-update one leaves no choice behind.
+        {"SetLogging", editLogging, apply, STANDARD, {REPORT}},
         {"SetFindShortcut", chooseOther(IDC_cboSearchShortcut), apply},
-        {"SetDefaultKnowledgebase", chooseOther(IDC_cboDefaultKB), apply},
+        {"SetDefaultKnowledgebase", chooseOther(IDC_cboDefaultKB), apply, STANDARD, {AUTO_UPDATE_CHOOSER}},
         {"EnumConnectionPoints", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN}},
         {"GetConnectionInterface", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN}},
         {"Advise", {}, openAndClose(IDC_cmdKnowledgeBase), {NOTHING_OPEN}},

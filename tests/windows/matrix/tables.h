@@ -23,6 +23,9 @@ enum Place : std::size_t {
     NEW_FOLDER,
 };
 
+/// The places that stand for all.
+inline const std::vector<Place> STANDARD = {NOTHING_OPEN, HIGHLIGHTS};
+
 /// One outgoing call of the control.
 struct Call {
     const char* name;
@@ -30,8 +33,10 @@ struct Call {
     std::function<void(HostileWorld&)> ready;
     /// Makes the control call, where it is there by then. What is open is closed afterwards.
     std::function<void(HostileWorld&)> provoke;
-    /// Where it comes for sure: the situations that stand for all. In others it may.
-    std::vector<Place> where = {NOTHING_OPEN, HIGHLIGHTS};
+    /// Where it comes for sure. In others it may.
+    std::vector<Place> where = STANDARD;
+    /// Where it cannot: what makes the control ready for it stands in the way of the situation.
+    std::vector<Place> prevents = {};
 };
 
 /// One thing that a host does inside a call.
