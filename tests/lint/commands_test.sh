@@ -94,5 +94,25 @@ program cmake 'case "$*" in *--fresh*) touch fresh;; *--build*) exit 1;; *) exit
 refuses "./test native where a build fails" 'building native failed; the log is build/log/build-native.log' ./test native
 [ -e "$work/clone/fresh" ] || { echo "FAILED  it is configured anew"; failures=$((failures + 1)); }
 
+# Windows programs: each on the processor that it is allotted, of those that this machine lets it use.
+stays() {
+    local expected=$1 found
+    shift
+    found=$(env "$@" bash -c 'source "$0"; stay_on_one_processor; taskset --cpu-list --pid $$' "$root/scripts/processor.sh")
+    if [ "${found##*: }" = "$expected" ]; then
+        printf 'ok      with %s it stays on processor %s\n' "$*" "$expected"
+    else
+        printf 'FAILED  with %s it stays on processor %s: %s\n' "$*" "$expected" "$found"
+        failures=$((failures + 1))
+    fi
+}
+usable=$(taskset --cpu-list --pid $$ | sed 's/.*: //; s/,/ /g')
+mapfile -t usable < <(for range in $usable; do seq "${range%-*}" "${range#*-}"; done)
+count=${#usable[@]}
+stays "${usable[0]}" PROCESSOR=0
+stays "${usable[count - 1]}" PROCESSOR=$((count - 1))
+stays "${usable[0]}" PROCESSOR=$((3 * count))
+stays "${usable[1 % count]}" CTEST_RESOURCE_GROUP_0_PROCESSORS=id:1,slots:1 PROCESSOR=0
+
 printf '%s failed\n' "$failures"
 [ "$failures" = 0 ]
