@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <winternl.h>
 
+#include <array>
 #include <vector>
 
 namespace tests {
@@ -106,6 +107,16 @@ ResourceCount countResources() {
     count.gdiObjects = countGdiObjects();
     countUserObjects(count);
     return count;
+}
+
+bool heapCountsEachBlock() {
+    constexpr std::size_t MANY = 100;
+    std::array<void*, MANY> blocks{};
+    const std::size_t before = countHeapBlocks();
+    for (void*& block : blocks) block = HeapAlloc(GetProcessHeap(), 0, 48);
+    const std::size_t after = countHeapBlocks();
+    for (void* block : blocks) HeapFree(GetProcessHeap(), 0, block);
+    return after == before + MANY;
 }
 
 }  // namespace tests

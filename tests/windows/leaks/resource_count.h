@@ -19,6 +19,10 @@ struct ResourceCount {
 
 [[nodiscard]] ResourceCount countResources();
 
+/// Whether the heap counts each block for itself. Newer ones hand out small blocks from groups, which come
+/// and go as a whole: then the number of blocks says nothing.
+[[nodiscard]] bool heapCountsEachBlock();
+
 inline std::ostream& operator<<(std::ostream& out, const ResourceCount& count) {
     return out << "windows " << count.windows << ", menus " << count.menus << ", icons " << count.icons
                << ", GDI objects " << count.gdiObjects << ", handles " << count.handles << ", heap blocks "
