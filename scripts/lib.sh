@@ -64,12 +64,15 @@ configure() {
     shift
     [ -e "build/$preset/CMakeCache.txt" ] || set -- -DCMAKE_UNITY_BUILD=ON "$@"
     mkdir -p build/log
-    cmake --preset "$preset" "$@" >"build/log/configure-$preset.log" 2>&1 ||
+    configured "$preset" "$@" >"build/log/configure-$preset.log" 2>&1 ||
         cmake --preset "$preset" --fresh -DCMAKE_UNITY_BUILD=ON "$@" >"build/log/configure-$preset.log" 2>&1 || {
         tail -n 20 "build/log/configure-$preset.log" >&2
         fail "configuring failed; if build/$preset comes from elsewhere, remove it: rm -rf build/$preset"
     }
 }
+
+# False, too, where the folder was another compiler's: then CMake begins anew by itself, and forgets the options.
+configured() { cmake --preset "$@" && ! grep -q 'require your cache to be deleted' "build/log/configure-$1.log"; }
 
 # build PRESET [TARGET ...]
 build() {
