@@ -1,7 +1,9 @@
 # Shared by the end-to-end tests: the built control and the workbench in Wine, without a display. A test is a script
 # that calls `check` for each thing it expects, and `finish` at its end.
 # shellcheck shell=bash
-set -euo pipefail
+set -Eeuo pipefail
+# What is no check may fail, too: then the test ends, and says where.
+trap 'echo "ended at line $LINENO of ${BASH_SOURCE[0]##*/}: $BASH_COMMAND" >&2' ERR
 source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/wine-lib.sh"
 programs=$(cd "${1:?"the folder of VexaPPE.ocx and workbench.exe"}" && pwd)
 work=$(mktemp -d)
