@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
-#include <ranges>
+#include <span>
 
 #include "page/ctlPPE.ids.h"
 #include "tests/windows/leaks/resource_count.h"
@@ -95,7 +95,7 @@ TEST_P(SoakOf, DialogsLeaveNothingBehind) {
 /// The other situation lies on the way to it.
 bool leadsThrough(const Situation& situation, const Situation& other) {
     return situation.buttons.size() > other.buttons.size() &&
-           std::ranges::equal(other.buttons, situation.buttons | std::views::take(other.buttons.size()));
+           std::ranges::equal(other.buttons, std::span(situation.buttons).first(other.buttons.size()));
 }
 
 /// Each way to dialogs of the program: an inner one's opening is one of the outer ones, too.

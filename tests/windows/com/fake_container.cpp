@@ -100,14 +100,15 @@ STDMETHODIMP FakeContainer::InPlaceSite::GetWindow(HWND* window) {
 
 STDMETHODIMP FakeContainer::InPlaceSite::GetWindowContext(IOleInPlaceFrame** frame,
                                                           IOleInPlaceUIWindow** document, LPRECT place,
-                                                          LPRECT clip, LPOLEINPLACEFRAMEINFO information) {
+                                                          LPRECT clipping,
+                                                          LPOLEINPLACEFRAMEINFO information) {
     *frame = nullptr;
     *document = nullptr;
     const HRESULT answer = fake.called("GetWindowContext");
     if (FAILED(answer)) return answer;
     if (!fake.lacks.contains("IOleInPlaceFrame")) *frame = com::Ptr<IOleInPlaceFrame>(&fake.frame_).detach();
     *place = fake.position;
-    *clip = fake.clip;
+    *clipping = fake.clip;
     information->fMDIApp = FALSE;
     information->hwndFrame = fake.window_;
     information->haccel = nullptr;

@@ -10,7 +10,7 @@
 namespace tests {
 
 inline constexpr int WARM_UP = 20;
-inline constexpr int OPENINGS = 300;
+inline constexpr int OPENINGS = 100;
 
 struct Change {
     ResourceCount before;
@@ -53,7 +53,7 @@ inline void expectNothingLeft(Stage& stage, int templateIdentifier, const std::f
     EXPECT_EQ(change.after.gdiObjects, change.before.gdiObjects);
     EXPECT_EQ(change.after.handles, change.before.handles);
     if (!heapCountsEachBlock()) return;
-    // Caches may take a block now and then; one per opening would be 300.
+    // Caches may take a block now and then; one per opening would be 100.
     EXPECT_LE(change.heapBlocks(), bare.heapBlocks() + OPENINGS / 10)
         << change.before << " / " << change.after;
 }
