@@ -16,6 +16,8 @@ if(WIN32)
                                WIN32_LEAN_AND_MEAN STRICT)
     add_optimization(-Os)
     target_compile_options(project_options INTERFACE -g1 -ffunction-sections -fdata-sections -fstack-protector-strong)
+    # By itself GCC looks for memory to free so often that it takes a fifth of the time.
+    target_compile_options(project_options INTERFACE --param=ggc-min-heapsize=1000000)
     # The same sources give the same bytes, wherever they lie.
     target_compile_options(project_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
     target_link_options(project_options INTERFACE -static -static-libgcc -static-libstdc++

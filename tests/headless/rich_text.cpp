@@ -196,7 +196,9 @@ void RichText::setParagraphValue(T ParagraphFormat::*member, const T& value) {
 }
 
 std::optional<std::wstring> RichText::fontName() const { return characterValue(&CharacterFormat::fontName); }
-void RichText::setFontName(const std::wstring& name) { setCharacterValue(&CharacterFormat::fontName, name); }
+void RichText::setFontName(const std::wstring& name) {
+    setCharacterValue(&CharacterFormat::fontName, FontName(name));
+}
 std::optional<double> RichText::fontSize() const { return characterValue(&CharacterFormat::fontSize); }
 void RichText::setFontSize(double points) { setCharacterValue(&CharacterFormat::fontSize, points); }
 std::optional<bool> RichText::bold() const { return characterValue(&CharacterFormat::bold); }

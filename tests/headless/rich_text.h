@@ -1,6 +1,7 @@
 // A rich-text editor in memory: formats per character and per paragraph, a caret and a selection.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -9,8 +10,23 @@
 
 namespace headless {
 
+/// A font's name: each is kept once, however many characters have it.
+class FontName {
+public:
+    FontName(const std::wstring& name) : name_(&*known().insert(name).first) {}
+    operator const std::wstring&() const { return *name_; }
+    bool operator==(const FontName&) const = default;
+
+private:
+    static std::set<std::wstring>& known() {
+        static std::set<std::wstring> names;
+        return names;
+    }
+    const std::wstring* name_;
+};
+
 struct CharacterFormat {
-    std::wstring fontName = L"System";
+    FontName fontName{L"System"};
     double fontSize = 10;  ///< points
     bool bold = false;
     bool italic = false;

@@ -72,7 +72,7 @@ for command in ./run ./test; do
 
     new_machine
     mkdir -p "$work/clone/build"
-    flock "$work/clone/build/.lock" sleep 30 &
+    flock "$work/clone/build/.lock" sleep 30 >/dev/null 2>&1 &  # whoever waits for this output waits no longer
     holder=$!
     sleep 0.5
     refuses "$command beside another one" 'another ./run or ./test works in this folder' "$command"

@@ -27,7 +27,10 @@ std::string hexText(const std::uint8_t* data, std::uint32_t size) {
 
 // --- Registry ---------------------------------------------------------------------------------------------
 
-std::string RecordingRegistry::utf8(const std::string& ansi) { return toUtf8(ansi_.fromAnsi(ansi)); }
+std::string RecordingRegistry::utf8(const std::string& ansi) {
+    const bool ascii = std::ranges::all_of(ansi, [](char letter) { return (letter & 0x80) == 0; });
+    return ascii ? ansi : toUtf8(ansi_.fromAnsi(ansi));
+}
 
 std::string RecordingRegistry::valuePath(Key key, const std::string& name) {
     const std::string& path = paths_[key];
