@@ -10,7 +10,7 @@ std::wstring currentErrorDescription() {
     } catch (const Error& error) {
         return error.description();
     } catch (const std::bad_alloc&) {
-        return L"Out of memory";
+        return description::outOfMemory;
     } catch (const std::exception& error) {
         const std::string text = error.what();
         return {text.begin(), text.end()};

@@ -17,6 +17,13 @@ private:
     std::wstring description_;
 };
 
+/// Descriptions of errors that more than one room may throw.
+namespace description {
+inline constexpr const wchar_t* outOfMemory = L"Out of memory";
+inline constexpr const wchar_t* overflow = L"Overflow";
+inline constexpr const wchar_t* typeMismatch = L"Type mismatch";
+}  // namespace description
+
 /// The description of the exception in flight; call it inside a catch block. Out of memory and foreign
 /// exceptions get a description, too.
 [[nodiscard]] std::wstring currentErrorDescription();

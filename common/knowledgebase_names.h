@@ -5,6 +5,11 @@
 
 namespace vexa {
 
+/// The knowledgebase that the add-in begins with.
+inline constexpr const wchar_t* DEFAULT_KNOWLEDGEBASE = L"default";
+/// What stands for the empty name where one is chosen.
+inline constexpr const wchar_t* NO_KNOWLEDGEBASE = L"<None>";
+
 /// `ProjectCount` as stored, held between 0 and 100,000: a broken value must not hang the host.
 [[nodiscard]] std::int32_t knowledgebaseCount(Application& application);
 

@@ -48,13 +48,13 @@ bool query(RegistryApi& api, RegistryApi::Key key, const std::string& name, std:
 std::int32_t asInteger(const Value& value, Conversions& conversions) {
     if (const auto* number = std::get_if<std::int32_t>(&value)) return *number;
     if (const auto* text = std::get_if<std::wstring>(&value)) return conversions.toInteger(*text);
-    throw Error(L"Type mismatch");
+    throw Error(description::typeMismatch);
 }
 
 std::wstring asText(const Value& value) {
     if (const auto* text = std::get_if<std::wstring>(&value)) return *text;
     if (const auto* number = std::get_if<std::int32_t>(&value)) return std::to_wstring(*number);
-    throw Error(L"Type mismatch");
+    throw Error(description::typeMismatch);
 }
 
 Value modRegistry::RegistryRead(RegistryApi::Key hive, const std::wstring& keyPath, const std::wstring& name,

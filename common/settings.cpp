@@ -5,6 +5,8 @@
 #include <type_traits>
 #include <vector>
 
+#include "common/knowledgebase_names.h"
+
 namespace vexa {
 namespace {
 
@@ -17,9 +19,9 @@ const auto& catalogue() {
     static const auto table = std::to_array<Setting>({
         {valueName::VexaBaseDir, K::profile, &S::VexaBaseDir, L"", 1,
          L"base folder of the knowledgebase files"},
-        {valueName::Projectname, K::profile, &S::Projectname, L"default", 0,
+        {valueName::Projectname, K::profile, &S::Projectname, DEFAULT_KNOWLEDGEBASE, 0,
          L"current knowledgebase, the one the search uses"},
-        {valueName::DefaultProject, K::profile, &S::DefaultProject, L"default", 2,
+        {valueName::DefaultProject, K::profile, &S::DefaultProject, DEFAULT_KNOWLEDGEBASE, 2,
          L"knowledgebase that is updated automatically"},
         {valueName::ProjectCount, K::profile, &S::ProjectCount, 0, 0, L"number of knowledgebases"},
         {L"MaxEntries", K::profile, &S::MaxEntries, 20, 3, L"maximum number of results in the result list",

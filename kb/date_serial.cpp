@@ -93,14 +93,14 @@ struct Moment {
 };
 
 Moment moment(double serial) {
-    if (!(serial > FIRST_SERIAL - 1 && serial < LAST_SERIAL + 1)) throw Error(L"Overflow");
+    if (!(serial > FIRST_SERIAL - 1 && serial < LAST_SERIAL + 1)) throw Error(description::overflow);
     const double day = std::trunc(serial);
     Moment result{static_cast<std::int64_t>(day),
                   std::llround(std::fabs(serial - day) * static_cast<double>(SECONDS_PER_DAY))};
     if (result.second == SECONDS_PER_DAY) result = {result.day + 1, 0};
     if (result.day > static_cast<std::int64_t>(LAST_SERIAL) ||
         result.day < static_cast<std::int64_t>(FIRST_SERIAL))
-        throw Error(L"Overflow");
+        throw Error(description::overflow);
     return result;
 }
 
@@ -113,7 +113,7 @@ std::wstring padded(std::int64_t number, std::size_t width) {
 int field(const std::wstring& text, std::size_t start, std::size_t length) {
     int number = 0;
     for (std::size_t index = start; index < start + length; ++index) {
-        if (!isDigit(text[index])) throw Error(L"Type mismatch");
+        if (!isDigit(text[index])) throw Error(description::typeMismatch);
         number = number * 10 + static_cast<int>(text[index] - L'0');
     }
     return number;
@@ -137,11 +137,11 @@ std::wstring dateText(double serial) {
 std::int64_t dateFromText(const std::wstring& text) {
     if (text == L"0") return 0;
     constexpr std::size_t LENGTH = 22;
-    if (text.size() != LENGTH) throw Error(L"Type mismatch");
+    if (text.size() != LENGTH) throw Error(description::typeMismatch);
     const std::chrono::year_month_day date{std::chrono::year(field(text, 6, 4)),
                                            std::chrono::month(static_cast<unsigned>(field(text, 0, 2))),
                                            std::chrono::day(static_cast<unsigned>(field(text, 3, 2)))};
-    if (!date.ok()) throw Error(L"Type mismatch");
+    if (!date.ok()) throw Error(description::typeMismatch);
     const std::int64_t hour = field(text, 11, 2) % 12 + (text[20] == L'P' ? 12 : 0);
     const std::int64_t minute = field(text, 14, 2);
     const std::int64_t day = (std::chrono::sys_days(date) - DAY_ZERO).count();

@@ -103,7 +103,7 @@ void frmKBConfiguration::Form_Load() {
         trace(L", ...update finished.");
         list_.restoreSort();
         const std::wstring name =
-            application_.readText(application_.ProfileKey, valueName::Projectname, L"default");
+            application_.readText(application_.ProfileKey, valueName::Projectname, DEFAULT_KNOWLEDGEBASE);
         const int row = list_.findIgnoringCase(name);
         if (row != -1) {
             trace(L", Item " + std::to_wstring(row) + L": " + name);

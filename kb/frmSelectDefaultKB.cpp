@@ -35,7 +35,7 @@ void frmSelectDefaultKB::Form_Load() {
 
 void frmSelectDefaultKB::fillList() {
     const ui::Grid::BulkUpdate bulk(sftKnowledgebases);
-    sftKnowledgebases.addRow({{{L"<None>"}}});
+    sftKnowledgebases.addRow({{{NO_KNOWLEDGEBASE}}});
     const std::int32_t count = knowledgebaseCount(application_);
     for (std::int32_t index = 1; index <= count; ++index)
         sftKnowledgebases.addRow({{{knowledgebaseName(application_, index, L"")}}, IDI_kb});

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "common/guarded.h"
+#include "common/knowledgebase_names.h"
 #include "kb/form_name.h"
 #include "kb/messages.h"
 #include "kb/name_rules.h"
@@ -18,7 +19,7 @@ void Naming::trace(const std::wstring& text) { application_.WriteLogLine(FORM_NA
 // --- Beginning --------------------------------------------------------------------------------------------
 
 void Naming::beginAdding() {
-    const std::wstring name = list_.rowCount() == 0 ? L"default" : GetNewKBName();
+    const std::wstring name = list_.rowCount() == 0 ? DEFAULT_KNOWLEDGEBASE : GetNewKBName();
     begin(Adding{name, list_.currentName().value_or(L"")}, [&] { return list_.add(name); });
 }
 

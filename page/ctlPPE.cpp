@@ -266,9 +266,9 @@ void ctlPPE::cmdWizard_Click() {
         const bool anyKnowledgebase =
             application_.readInteger(application_.ProfileKey, valueName::ProjectCount, 0) != 0;
         const std::wstring knowledgebase =
-            anyKnowledgebase
-                ? application_.readText(application_.ProfileKey, valueName::Projectname, L"default")
-                : L"default";
+            anyKnowledgebase ? application_.readText(application_.ProfileKey, valueName::Projectname,
+                                                     DEFAULT_KNOWLEDGEBASE)
+                             : DEFAULT_KNOWLEDGEBASE;
         forwardEvent(false, knowledgebase, static_cast<std::int32_t>(KBEvent::wizard));
     });
 }

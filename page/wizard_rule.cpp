@@ -39,7 +39,7 @@ bool anyHasContent(Application& application) {
     if (count == 0) return false;
     const std::set<std::wstring> files = filesWithContent(application, folder);
     for (std::int32_t index = 1; index <= count && !files.empty(); ++index) {
-        const std::wstring name = knowledgebaseName(application, index, L"default");
+        const std::wstring name = knowledgebaseName(application, index, DEFAULT_KNOWLEDGEBASE);
         if (files.contains(application.platform.conversions.lower(name) + EXTENSION)) return true;
     }
     return false;

@@ -11,7 +11,6 @@ namespace {
 /// `FindShortcut` is an index into this table.
 constexpr std::array SHORTCUTS{L"Ctrl+S", L"Shift+F3"};
 
-constexpr const wchar_t* NO_KNOWLEDGEBASE = L"<None>";
 constexpr int NO_KNOWLEDGEBASE_INDEX = 0;
 
 std::wstring selectedText(const ui::ComboBox& combo) {

@@ -1,7 +1,6 @@
 #include "ui/grid.h"
 
 #include <algorithm>
-#include <numeric>
 #include <stdexcept>
 #include <utility>
 
@@ -91,20 +90,21 @@ bool Grid::allGreyed() const { return !rows_.empty() && std::ranges::none_of(row
 void Grid::sort(int column,
                 const std::function<bool(const GridCell& first, const GridCell& second)>& before) {
     dropEdit();
-    std::vector<std::size_t> order(rows_.size());
-    std::iota(order.begin(), order.end(), 0U);
-    std::vector<const GridCell*> cells;
-    cells.reserve(rows_.size());
-    for (const GridRow& row : rows_) cells.push_back(&cellOf(row, column));
+    struct Place {
+        const GridCell* cell;
+        int row;
+    };
+    std::vector<Place> order;
+    order.reserve(rows_.size());
+    for (const GridRow& row : rows_) order.push_back({&cellOf(row, column), static_cast<int>(order.size())});
     std::ranges::stable_sort(
-        order, [&](std::size_t first, std::size_t second) { return before(*cells[first], *cells[second]); });
+        order, [&](const Place& first, const Place& second) { return before(*first.cell, *second.cell); });
     std::vector<GridRow> sorted;
     sorted.reserve(rows_.size());
-    for (const std::size_t row : order) sorted.push_back(std::move(rows_[row]));
+    for (const Place& place : order) sorted.push_back(std::move(rows_[static_cast<std::size_t>(place.row)]));
     rows_ = std::move(sorted);
     if (current_ != -1)
-        current_ =
-            static_cast<int>(std::ranges::find(order, static_cast<std::size_t>(current_)) - order.begin());
+        current_ = static_cast<int>(std::ranges::find(order, current_, &Place::row) - order.begin());
     rowsChanged();
 }
 

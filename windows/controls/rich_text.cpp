@@ -81,7 +81,7 @@ Collected streamOut(HWND editor) {
     EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&collected), 0, takeBytes};
     SendMessageW(editor, EM_STREAMOUT, (CP_UTF8 << 16) | SF_USECODEPAGE | SF_RTF,
                  reinterpret_cast<LPARAM>(&stream));
-    if (stream.dwError != 0) throw vexa::Error(L"Out of memory");
+    if (stream.dwError != 0) throw vexa::Error(vexa::description::outOfMemory);
     // Some editors count the terminator into the stream.
     while (!collected.text.empty() && collected.text.back() == L'\0') collected.text.pop_back();
     return collected;

@@ -15,7 +15,8 @@ namespace {
 void check(HRESULT result) {
     if (SUCCEEDED(result)) return;
     if (result == E_OUTOFMEMORY) throw std::bad_alloc();
-    throw vexa::Error(result == DISP_E_OVERFLOW ? L"Overflow" : L"Type mismatch");
+    throw vexa::Error(result == DISP_E_OVERFLOW ? vexa::description::overflow
+                                                : vexa::description::typeMismatch);
 }
 
 /// The bounds of a date serial: the years 100 to 9999.
@@ -44,7 +45,8 @@ double Conversions::toDate(const std::wstring& text) {
     DATE date = 0;
     if (SUCCEEDED(VarDateFromStr(const_cast<wchar_t*>(text.c_str()), locale_, 0, &date))) return date;
     const double serial = toNumber(text);
-    if (!(serial > FIRST_DATE - 1 && serial < END_OF_DATES)) throw vexa::Error(L"Type mismatch");
+    if (!(serial > FIRST_DATE - 1 && serial < END_OF_DATES))
+        throw vexa::Error(vexa::description::typeMismatch);
     return serial;
 }
 
