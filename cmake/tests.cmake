@@ -1,8 +1,9 @@
+# Sanitizers keep five calls of each allocation's stack and 32 MB of freed memory, which spares a fifth of the time.
+set(sanitizers ASAN_OPTIONS=malloc_context_size=5:quarantine_size_mb=32)
+
 # add_program_test(NAME TARGET [SHARDS COUNT] [HEAP_CHECKS]): a test program as CTest tests, each playing its share. Native
 # ones run as they are, Windows ones under Wine, each in a prefix of its own: of a prefix only one process can be the
 # running add-in or have the focus, and the control is registered there once. Heap checks are Wine's.
-# Sanitizers keep five calls of each allocation's stack and 32 MB of freed memory, which spares a fifth of the time.
-set(sanitizers ASAN_OPTIONS=malloc_context_size=5:quarantine_size_mb=32)
 function(add_program_test name target)
     cmake_parse_arguments(PARSE_ARGV 2 test HEAP_CHECKS SHARDS "")
     set(scripts ${PROJECT_SOURCE_DIR}/scripts)
@@ -72,6 +73,7 @@ exec ${launcher} ${CLANG} --target=${MINGW_TRIPLET} ${gcc_interface} ${library_h
 ")
     file(CHMOD ${quick_compiler} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
 endif()
+# use_quick_compiler(TARGET ...)
 function(use_quick_compiler)
     if(quick_compiler)
         set_target_properties(${ARGV} PROPERTIES CXX_COMPILER_LAUNCHER ${quick_compiler})
@@ -83,9 +85,13 @@ use_quick_compiler(gtest gmock gmock_main)
 set(test_header_list <gmock/gmock.h> ${standard_headers} <filesystem> <fstream> <sstream>)
 set(form_test_header_list ${test_header_list} [["tests/stage/form_test.h"]] [["tests/support/text.h"]])
 add_precompiled_headers(portable_test_headers "project_options;GTest::gmock" ${form_test_header_list})
+set_target_properties(portable_test_headers PROPERTIES OPTIMIZATION -O0)
+use_quick_compiler(portable_test_headers)
 if(WIN32)
     add_precompiled_headers(windows_test_headers "project_options;GTest::gmock" ${windows_headers}
                             ${test_header_list})
+    set_target_properties(windows_test_headers PROPERTIES OPTIMIZATION -O0)
+    use_quick_compiler(windows_test_headers)
 else()
     add_precompiled_headers(stage_headers "project_options;GTest::gmock" ${test_header_list})
 endif()
@@ -101,15 +107,16 @@ if(WIN32)
     endif()
 endif()
 
-# compile_quickly(TARGET [HEADERS]): compiling the tests costs more than running them.
+# compile_quickly(TARGET [HEADERS]): compiling the tests costs more than running them. The precompiled headers are
+# those of form tests, unless others are named.
 function(compile_quickly target)
     set(headers ${ARGN} portable_test_headers)
     list(GET headers 0 headers)
     if(WIN32 AND LLD)
         target_link_options(${target} PRIVATE -B${quick_linker}/ -fno-use-linker-plugin)
     endif()
-    set_target_properties(${target} ${headers} PROPERTIES OPTIMIZATION -O0)
-    use_quick_compiler(${target} ${headers})
+    set_target_properties(${target} PROPERTIES OPTIMIZATION -O0)
+    use_quick_compiler(${target})
     target_precompile_headers(${target} REUSE_FROM ${headers})
     compile_by_folder(${target} 12)
 endfunction()

@@ -10,6 +10,9 @@ namespace vexa {
 /// Key of the values that all profiles share, below HKEY_CURRENT_USER.
 inline constexpr const wchar_t* RootKey = L"Software\\Norvane\\Quillmark";
 
+/// The knowledgebase that the add-in begins with.
+inline constexpr const wchar_t* DEFAULT_KNOWLEDGEBASE = L"default";
+
 /// Codes of the knowledgebase event, as they stand in `ProjectEvent`.
 enum class KBEvent : std::int32_t {
     added = 0,

@@ -5,8 +5,6 @@
 
 namespace vexa {
 
-/// The knowledgebase that the add-in begins with.
-inline constexpr const wchar_t* DEFAULT_KNOWLEDGEBASE = L"default";
 /// What stands for the empty name where one is chosen.
 inline constexpr const wchar_t* NO_KNOWLEDGEBASE = L"<None>";
 

@@ -5,8 +5,6 @@
 #include <type_traits>
 #include <vector>
 
-#include "common/knowledgebase_names.h"
-
 namespace vexa {
 namespace {
 

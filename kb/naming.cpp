@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "common/guarded.h"
-#include "common/knowledgebase_names.h"
 #include "kb/form_name.h"
 #include "kb/messages.h"
 #include "kb/name_rules.h"
