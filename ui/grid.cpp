@@ -5,6 +5,37 @@
 #include <utility>
 
 namespace ui {
+namespace {
+
+struct Place {
+    const GridCell* cell;
+    int row;
+};
+
+/// Turns an order round, but for rows that are equal.
+void turnRound(std::vector<Place>& places, const auto& isBefore) {
+    std::ranges::reverse(places);
+    for (auto run = places.begin(); run != places.end();) {
+        const auto end =
+            std::find_if(run, places.end(), [&](const Place& place) { return isBefore(*run, place); });
+        std::reverse(run, end);
+        run = end;
+    }
+}
+
+void sortPlaces(std::vector<Place>& places, const CellOrder& before) {
+    const auto isBefore = [&](const Place& first, const Place& second) {
+        return before(*first.cell, *second.cell);
+    };
+    // A second click on a header asks for the opposite order, which needs a look at each row only.
+    const auto isAfter = [&](const Place& first, const Place& second) { return isBefore(second, first); };
+    if (std::ranges::is_sorted(places, isAfter))
+        turnRound(places, isBefore);
+    else
+        std::ranges::stable_sort(places, isBefore);
+}
+
+}  // namespace
 
 // --- Columns ----------------------------------------------------------------------------------------------
 
@@ -87,24 +118,19 @@ void Grid::setAllRowsEnabled(bool enabled) {
 
 bool Grid::allGreyed() const { return !rows_.empty() && std::ranges::none_of(rows_, &GridRow::enabled); }
 
-void Grid::sort(int column,
-                const std::function<bool(const GridCell& first, const GridCell& second)>& before) {
+void Grid::sort(int column, const CellOrder& before) {
     dropEdit();
-    struct Place {
-        const GridCell* cell;
-        int row;
-    };
-    std::vector<Place> order;
-    order.reserve(rows_.size());
-    for (const GridRow& row : rows_) order.push_back({&cellOf(row, column), static_cast<int>(order.size())});
-    std::ranges::stable_sort(
-        order, [&](const Place& first, const Place& second) { return before(*first.cell, *second.cell); });
+    std::vector<Place> places;
+    places.reserve(rows_.size());
+    for (const GridRow& row : rows_)
+        places.push_back({&cellOf(row, column), static_cast<int>(places.size())});
+    sortPlaces(places, before);
     std::vector<GridRow> sorted;
     sorted.reserve(rows_.size());
-    for (const Place& place : order) sorted.push_back(std::move(rows_[static_cast<std::size_t>(place.row)]));
+    for (const Place& place : places) sorted.push_back(std::move(rows_[static_cast<std::size_t>(place.row)]));
     rows_ = std::move(sorted);
     if (current_ != -1)
-        current_ = static_cast<int>(std::ranges::find(order, current_, &Place::row) - order.begin());
+        current_ = static_cast<int>(std::ranges::find(places, current_, &Place::row) - places.begin());
     rowsChanged();
 }
 

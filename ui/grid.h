@@ -45,6 +45,9 @@ struct GridCommand {
     std::function<void()> run;
 };
 
+/// Tells whether the first of two cells of a column comes before the second.
+using CellOrder = std::function<bool(const GridCell& first, const GridCell& second)>;
+
 /// Row and column numbers count from 0; one out of range throws std::out_of_range.
 class Grid : public Control {
 public:
@@ -68,10 +71,9 @@ public:
     void clear();
     void setCell(int row, int column, GridCell cell);
     void setAllRowsEnabled(bool enabled);
-    /// Sorts the rows by a column: `before(first, second)` tells whether the first of two of its cells comes
-    /// before the second. Rows that are equal keep their order, the current row stays current, an open edit
-    /// ends without notice.
-    void sort(int column, const std::function<bool(const GridCell& first, const GridCell& second)>& before);
+    /// Sorts the rows by a column. Rows that are equal keep their order, the current row stays current, an
+    /// open edit ends without notice.
+    void sort(int column, const CellOrder& before);
 
     /// The selected row; -1 where there is none.
     [[nodiscard]] int currentRow() const { return current_; }

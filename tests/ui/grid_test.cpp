@@ -79,6 +79,10 @@ protected:
         grid.sort(0,
                   [](const ui::GridCell& one, const ui::GridCell& other) { return one.text < other.text; });
     }
+    void sortByNameDescending() {
+        grid.sort(0,
+                  [](const ui::GridCell& one, const ui::GridCell& other) { return one.text > other.text; });
+    }
 
     NotingGrid grid;
     int caretChanges = 0;
@@ -192,6 +196,20 @@ TEST_F(GridTest, ASortKeepsEqualRowsInTheirOrderAndTheCurrentRow) {
     grid.setCurrentRow(-1);
     sortByName();
     EXPECT_EQ(grid.currentRow(), -1);
+}
+
+TEST_F(GridTest, TheOppositeOrderTurnsTheRowsRoundAndNotThoseThatAreEqual) {
+    sortByName();
+    grid.setCurrentRow(0);
+    sortByNameDescending();
+    EXPECT_EQ(names(), L"cba");
+    EXPECT_EQ(grid.currentRow(), 2);
+    grid.addRow({{{L"a", 1}}});
+    sortByNameDescending();
+    sortByName();
+    EXPECT_EQ(names(), L"aabc");
+    EXPECT_EQ(grid.cellNumber(1, 0), 1) << "the later one of the equal ones";
+    EXPECT_EQ(grid.currentRow(), 0);
 }
 
 TEST_F(GridTest, AClearedListHasNoRowAndNoCurrentOne) {
