@@ -50,7 +50,7 @@ protected:
     }
 
     /// Opens the dialog from the page and plays `script`; a dialog that it leaves open is closed.
-    void open(const std::function<void(vexa::frmKBConfiguration&)>& script) {
+    void open(FunctionRef<void(vexa::frmKBConfiguration&)> script) {
         stage->whenShown<vexa::frmKBConfiguration>([&](vexa::frmKBConfiguration& form) {
             script(form);
             if (form.window().isOpen()) user.closeWindow(form.window());

@@ -17,7 +17,7 @@ protected:
     void SetUp() override { application.addIn = application.platform.addIns.running(); }
 
     /// Opens a composer, plays `script` and closes the composer where that is still open.
-    void open(const std::function<void(frmSendBugReport&)>& script) {
+    void open(FunctionRef<void(frmSendBugReport&)> script) {
         stage->whenShown<frmSendBugReport>([&](frmSendBugReport& form) {
             script(form);
             if (form.window().isOpen()) user.closeWindow(form.window());

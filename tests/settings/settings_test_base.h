@@ -30,11 +30,11 @@ public:
     }
 
     /// Opens the dialog and plays `script`, which closes it.
-    void openSearch(const std::function<void(vexa::frmSettings&)>& script) {
+    void openSearch(FunctionRef<void(vexa::frmSettings&)> script) {
         stage->whenShown<vexa::frmSettings>(script);
         vexa::frmSettings(application, stage->owner(), openReport).Show();
     }
-    void openAttachments(const std::function<void(vexa::frmAttachment&)>& script) {
+    void openAttachments(FunctionRef<void(vexa::frmAttachment&)> script) {
         stage->whenShown<vexa::frmAttachment>(script);
         vexa::frmAttachment(application, stage->owner()).Show();
     }

@@ -12,6 +12,7 @@
 #include "tests/stage/user.h"
 #include "tests/support/call_log.h"
 #include "tests/support/fake_addin.h"
+#include "tests/support/function_ref.h"
 
 namespace tests {
 
