@@ -10,7 +10,6 @@
 #include <deque>
 
 #include "common/CTimer.h"
-#include "page/ctlPPE.ids.h"
 #include "tests/stage/patience.h"
 #include "tests/support/recording_ports.h"
 #include "tests/support/scripted_screen.h"
@@ -18,6 +17,7 @@
 #include "tests/windows/stage/announcements.h"
 #include "tests/windows/stage/container.h"
 #include "tests/windows/stage/messages.h"
+#include "tests/windows/stage/owner.ids.h"
 #include "tests/windows/stage/scratch_folder.h"
 #include "tests/windows/stage/scratch_registry.h"
 #include "tests/windows/stage/user.h"
@@ -177,7 +177,7 @@ std::unique_ptr<ui::Window> WindowsStage::createPage(int templateIdentifier, con
 }
 
 ui::Window& WindowsStage::owner() {
-    if (owner_ == nullptr) owner_ = createPage(IDD_ctlPPE, {400, 420});
+    if (owner_ == nullptr) owner_ = createPage(IDD_testOwner, {400, 420});
     return *owner_;
 }
 
