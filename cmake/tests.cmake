@@ -1,11 +1,12 @@
 # Sanitizers keep five calls of each allocation's stack and 32 MB of freed memory, which spares a fifth of the time.
 set(sanitizers ASAN_OPTIONS=malloc_context_size=5:quarantine_size_mb=32)
 
-# add_program_test(NAME TARGET [SHARDS COUNT] [HEAP_CHECKS]): a test program as CTest tests, each playing its share. Native
-# ones run as they are, Windows ones under Wine, each in a prefix of its own: of a prefix only one process can be the
-# running add-in or have the focus, and the control is registered there once. Heap checks are Wine's.
+# add_program_test(NAME TARGET [SHARDS COUNT] [COST SECONDS] [HEAP_CHECKS]): a test program as CTest tests, each playing its
+# share. Native ones run as they are, Windows ones under Wine, each in a prefix of its own: of a prefix only one process can
+# be the running add-in or have the focus, and the control is registered there once. Heap checks are Wine's. CTest begins
+# with what takes long, so that nothing long is left for the end.
 function(add_program_test name target)
-    cmake_parse_arguments(PARSE_ARGV 2 test HEAP_CHECKS SHARDS "")
+    cmake_parse_arguments(PARSE_ARGV 2 test HEAP_CHECKS "SHARDS;COST" "")
     set(scripts ${PROJECT_SOURCE_DIR}/scripts)
     if(NOT WIN32)
         set(runner "")
@@ -22,6 +23,9 @@ function(add_program_test name target)
     if(NOT test_SHARDS)
         set(test_SHARDS 1)
     endif()
+    if(NOT test_COST)
+        set(test_COST 10)
+    endif()
     foreach(number RANGE 1 ${test_SHARDS})
         set(shard ${name})
         if(test_SHARDS GREATER 1)
@@ -29,7 +33,7 @@ function(add_program_test name target)
         endif()
         math(EXPR index "${number} - 1")
         add_test(NAME ${shard} COMMAND ${runner} $<TARGET_FILE:${target}> --gtest_brief=1)
-        set_tests_properties(${shard} PROPERTIES TIMEOUT 1500 LABELS program ENVIRONMENT
+        set_tests_properties(${shard} PROPERTIES TIMEOUT 1500 LABELS program COST ${test_COST} ENVIRONMENT
             "${sanitizers};TEST_PREFIX=${shard};GTEST_TOTAL_SHARDS=${test_SHARDS};GTEST_SHARD_INDEX=${index}")
     endforeach()
 endfunction()
