@@ -4,8 +4,6 @@
 
 #include "common/guarded.h"
 #include "settings/extension_list.h"
-#include "settings/frmAttachment.ids.h"
-#include "ui/dialog_ids.h"
 
 namespace vexa {
 namespace {
@@ -38,24 +36,6 @@ void selectAllOnCtrlA(ui::ListBox& list, ui::KeyEvent& event) {
 
 frmAttachment::frmAttachment(Application& application, ui::Window& owner)
     : Form(application.screen.createDialog(IDD_frmAttachment, &owner)),
-      sstAttachments(window().control<ui::TabStrip>(IDC_sstAttachments)),
-      fraAttKB(window().control<ui::Frame>(IDC_fraAttKB)),
-      chkKBAdd(window().control<ui::CheckBox>(IDC_chkKBAdd)),
-      optKBAddAll{window().control<ui::OptionButton>(IDC_optKBAddAll_0),
-                  window().control<ui::OptionButton>(IDC_optKBAddAll_1)},
-      lblMaxSize(window().control<ui::Label>(IDC_lblMaxSize)),
-      txtMaxSize(window().control<ui::TextBox>(IDC_txtMaxSize)),
-      updMaxSize(window().control<ui::UpDown>(IDC_updMaxSize)),
-      chkFindAtt(window().control<ui::CheckBox>(IDC_chkFindAtt)),
-      fraExtensions(window().control<ui::Frame>(IDC_fraExtensions)),
-      lblAvailable(window().control<ui::Label>(IDC_lblAvailable)),
-      lstAvailable(window().control<ui::ListBox>(IDC_lstAvailable)),
-      cmdAdd(window().control<ui::Button>(IDC_cmdAdd)),
-      cmdRemove(window().control<ui::Button>(IDC_cmdRemove)),
-      lblSelected(window().control<ui::Label>(IDC_lblSelected)),
-      lstSelected(window().control<ui::ListBox>(IDC_lstSelected)),
-      cmdOk(window().control<ui::Button>(IDC_cmdOk)),
-      cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
       application_(application),
       maxSize_(txtMaxSize, updMaxSize, boundsOf(&Settings::AttachmentsMaxSize),
                application.platform.conversions),

@@ -1,8 +1,6 @@
 #include "settings/frmDispMatches.h"
 
 #include "common/guarded.h"
-#include "settings/frmDispMatches.ids.h"
-#include "ui/dialog_ids.h"
 
 namespace vexa {
 namespace {
@@ -13,17 +11,6 @@ constexpr const wchar_t* SWATCH_TOOLTIP = L"Click here to select a color";
 
 frmDispMatches::frmDispMatches(Application& application, ui::Window& owner)
     : Form(application.screen.createDialog(IDD_frmDispMatches, &owner)),
-      optDisplayMatches{window().control<ui::OptionButton>(IDC_optDisplayMatches_0),
-                        window().control<ui::OptionButton>(IDC_optDisplayMatches_1)},
-      lblHotspotColor(window().control<ui::Label>(IDC_lblHotspotColor)),
-      lblSelHotspotColor(window().control<ui::Swatch>(IDC_lblSelHotspotColor)),
-      lblPenalty{
-          window().control<ui::Swatch>(IDC_lblPenalty_0), window().control<ui::Swatch>(IDC_lblPenalty_1),
-          window().control<ui::Swatch>(IDC_lblPenalty_2), window().control<ui::Swatch>(IDC_lblPenalty_3),
-          window().control<ui::Swatch>(IDC_lblPenalty_4), window().control<ui::Swatch>(IDC_lblPenalty_5)},
-      chkKeepHighlights(window().control<ui::CheckBox>(IDC_chkKeepHighlights)),
-      cmdOk(window().control<ui::Button>(IDC_cmdOk)),
-      cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
       application_(application),
       table_{{optDisplayMatches[0], &Settings::DisplayHotSpots},
              {chkKeepHighlights, &Settings::KeepHighlights},
