@@ -3,10 +3,8 @@
 #include <exception>
 #include <utility>
 
-#include "common/guarded.h"
 #include "common/knowledgebase_names.h"
 #include "common/product_names.h"
-#include "common/raised.h"
 #include "kb/frmKBConfiguration.h"
 #include "kb/frmKnowledgeBase.h"
 #include "page/wizard_rule.h"
