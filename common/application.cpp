@@ -16,8 +16,6 @@ Application::Application(Platform ports, ui::Screen& uiScreen)
       registry(platform.registry, platform.ansi, platform.conversions),
       log(platform, registry, settings) {}
 
-ProcessMemory Application::remember() const { return {settings, flags, bBaseDirChanged, log.started()}; }
-
 void Application::recall(const ProcessMemory& memory) {
     settings = memory.settings;
     flags = memory.flags;

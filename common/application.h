@@ -36,7 +36,7 @@ class Application {
 public:
     Application(Platform ports, ui::Screen& uiScreen);
 
-    [[nodiscard]] ProcessMemory remember() const;
+    [[nodiscard]] ProcessMemory remember() const { return {settings, flags, bBaseDirChanged, log.started()}; }
     void recall(const ProcessMemory& memory);
 
     Platform platform;

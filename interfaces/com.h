@@ -1,10 +1,11 @@
-// Owners for COM's references and strings.
+// Owners for COM's references and strings, and a base for what such references count.
 #pragma once
 
 #include <windows.h>
 
 #include <ole2.h>
 
+#include <atomic>
 #include <cwchar>
 #include <new>
 #include <string>
@@ -65,6 +66,36 @@ public:
 
 private:
     Interface* object_ = nullptr;
+};
+
+/// An object that counts its references: it begins with one and ends with the last.
+template <class Interface>
+class Counted : public Interface {
+public:
+    Counted() = default;
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** out) noexcept override {
+        if (out == nullptr) return E_POINTER;
+        *out = nullptr;
+        if (iid != __uuidof(IUnknown) && iid != __uuidof(Interface)) return E_NOINTERFACE;
+        *out = static_cast<Interface*>(this);
+        AddRef();
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
+    STDMETHODIMP_(ULONG) Release() noexcept override {
+        const ULONG left = --references_;
+        if (left == 0) delete this;
+        return left;
+    }
+
+protected:
+    virtual ~Counted() = default;
+
+private:
+    std::atomic<ULONG> references_ = 1;
 };
 
 /// A text that COM functions take and give, or none.

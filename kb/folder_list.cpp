@@ -47,10 +47,6 @@ FolderList::FolderList(ui::Grid& list, FileSystem& files) : list_(list), files_(
     list_.onKeyDown = [this](ui::KeyEvent& event) { keyDown(event); };
 }
 
-void FolderList::setPath(const std::wstring& path) { show(path, files_.subfolders(path)); }
-
-void FolderList::showPath(const std::wstring& path) { show(path, {}); }
-
 void FolderList::show(const std::wstring& path, std::vector<std::wstring> subfolders) {
     const ui::Grid::BulkUpdate bulk(list_);
     list_.clear();

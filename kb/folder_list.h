@@ -19,9 +19,9 @@ public:
     /// The folder that is open, in the words in which it was given.
     [[nodiscard]] const std::wstring& path() const { return path_; }
     /// Opens the folder. Throws Error where it cannot be read; the list stays as it was then.
-    void setPath(const std::wstring& path);
+    void setPath(const std::wstring& path) { show(path, files_.subfolders(path)); }
     /// Shows a folder that may not exist, without what is in it.
-    void showPath(const std::wstring& path);
+    void showPath(const std::wstring& path) { show(path, {}); }
 
     /// Called where a folder that the user wants to open cannot be read, inside the catch block.
     std::function<void()> onFailure;

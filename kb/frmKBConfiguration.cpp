@@ -4,9 +4,7 @@
 #include "common/knowledgebase_names.h"
 #include "kb/fill_progress.h"
 #include "kb/form_name.h"
-#include "kb/frmKBConfiguration.ids.h"
 #include "kb/messages.h"
-#include "ui/dialog_ids.h"
 
 // Where a call lets events run, a comment says what they may have done by the time it returns: an end of
 // processing unlocks the dialog and may have read the list anew, and the host may have closed the dialog.
@@ -15,18 +13,6 @@ namespace vexa {
 
 frmKBConfiguration::frmKBConfiguration(Application& application, ui::Window& owner)
     : Form(application.screen.createDialog(IDD_frmKBConfiguration, &owner)),
-      sftKBConfiguration(window().control<ui::Grid>(IDC_sftKBConfiguration)),
-      cmdAdd(window().control<ui::Button>(IDC_KB_cmdAdd)),
-      cmdEdit(window().control<ui::Button>(IDC_cmdEdit)),
-      cmdRename(window().control<ui::Button>(IDC_cmdRename)),
-      cmdRemove(window().control<ui::Button>(IDC_KB_cmdRemove)),
-      cmdRebuild(window().control<ui::Button>(IDC_cmdRebuild)),
-      cmdUpdate(window().control<ui::Button>(IDC_cmdUpdate)),
-      cmdBaseFolder(window().control<ui::Button>(IDC_cmdBaseFolder)),
-      cmdApply(window().control<ui::Button>(IDC_cmdApply)),
-      cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
-      lblDebugInfo(window().control<ui::Label>(IDC_lblDebugInfo)),
-      lblStatus(window().control<ui::Label>(IDC_lblStatus)),
       application_(application),
       mvarTeskAddIn(application.addIn),
       list_(application, sftKBConfiguration),

@@ -11,6 +11,7 @@
 #include "common/application.h"
 #include "kb/auto_update.h"
 #include "kb/command_gate.h"
+#include "kb/frmKBConfiguration.ids.h"
 #include "kb/knowledgebase_list.h"
 #include "kb/lock_view.h"
 #include "kb/naming.h"
@@ -33,18 +34,18 @@ public:
     /// The user asks for the base folder of the knowledgebases.
     std::function<void()> BaseFolderRequested;
 
-    ui::Grid& sftKBConfiguration;
-    ui::Button& cmdAdd;
-    ui::Button& cmdEdit;
-    ui::Button& cmdRename;
-    ui::Button& cmdRemove;
-    ui::Button& cmdRebuild;
-    ui::Button& cmdUpdate;
-    ui::Button& cmdBaseFolder;
-    ui::Button& cmdApply;
-    ui::Button& cmdCancel;
-    ui::Label& lblDebugInfo;
-    ui::Label& lblStatus;
+    ui::Grid& sftKBConfiguration = control<ui::Grid>(IDC_sftKBConfiguration);
+    ui::Button& cmdAdd = control<ui::Button>(IDC_KB_cmdAdd);
+    ui::Button& cmdEdit = control<ui::Button>(IDC_cmdEdit);
+    ui::Button& cmdRename = control<ui::Button>(IDC_cmdRename);
+    ui::Button& cmdRemove = control<ui::Button>(IDC_KB_cmdRemove);
+    ui::Button& cmdRebuild = control<ui::Button>(IDC_cmdRebuild);
+    ui::Button& cmdUpdate = control<ui::Button>(IDC_cmdUpdate);
+    ui::Button& cmdBaseFolder = control<ui::Button>(IDC_cmdBaseFolder);
+    ui::Button& cmdApply = control<ui::Button>(IDC_cmdApply);
+    ui::Button& cmdCancel = control<ui::Button>(IDC_cmdCancel);
+    ui::Label& lblDebugInfo = control<ui::Label>(IDC_lblDebugInfo);
+    ui::Label& lblStatus = control<ui::Label>(IDC_lblStatus);
 
     [[nodiscard]] bool locked() const { return lock_.locked(); }
     /// What the next click on each column header sorts by: 1 ascending, 0 descending.

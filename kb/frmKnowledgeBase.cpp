@@ -1,10 +1,8 @@
 #include "kb/frmKnowledgeBase.h"
 
 #include "common/guarded.h"
-#include "kb/frmKnowledgeBase.ids.h"
 #include "kb/frmNewFolder.h"
 #include "kb/messages.h"
-#include "ui/dialog_ids.h"
 
 namespace vexa {
 namespace {
@@ -16,13 +14,6 @@ std::wstring driveOf(const std::wstring& path) { return path.substr(0, 2); }
 
 frmKnowledgeBase::frmKnowledgeBase(Application& application, ui::Window& owner)
     : Form(application.screen.createDialog(IDD_frmKnowledgeBase, &owner)),
-      drvVexaBaseDir(window().control<ui::ComboBox>(IDC_drvVexaBaseDir)),
-      dirVexaBaseDir(window().control<ui::Grid>(IDC_dirVexaBaseDir)),
-      txtPath(window().control<ui::TextBox>(IDC_txtPath)),
-      cmdNewDirectory(window().control<ui::Button>(IDC_cmdNewDirectory)),
-      cmdRepository(window().control<ui::Button>(IDC_cmdRepository)),
-      cmdOk(window().control<ui::Button>(IDC_cmdOk)),
-      cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
       application_(application),
       folders_(dirVexaBaseDir, application.platform.files) {
     drvVexaBaseDir.onClick = [this] { attempt([&] { drvVexaBaseDir_Change(); }); };

@@ -3,6 +3,7 @@
 
 #include "common/application.h"
 #include "kb/folder_list.h"
+#include "kb/frmKnowledgeBase.ids.h"
 #include "ui/form.h"
 #include "ui/grid.h"
 
@@ -13,13 +14,14 @@ class frmKnowledgeBase : public ui::Form {
 public:
     frmKnowledgeBase(Application& application, ui::Window& owner);
 
-    ui::ComboBox& drvVexaBaseDir;
-    ui::Grid& dirVexaBaseDir;
-    ui::TextBox& txtPath;  ///< the folder that OK takes
-    ui::Button& cmdNewDirectory;
-    ui::Button& cmdRepository;  ///< disabled: nothing would happen at its click
-    ui::Button& cmdOk;
-    ui::Button& cmdCancel;
+    ui::ComboBox& drvVexaBaseDir = control<ui::ComboBox>(IDC_drvVexaBaseDir);
+    ui::Grid& dirVexaBaseDir = control<ui::Grid>(IDC_dirVexaBaseDir);
+    ui::TextBox& txtPath = control<ui::TextBox>(IDC_txtPath);  ///< the folder that OK takes
+    ui::Button& cmdNewDirectory = control<ui::Button>(IDC_cmdNewDirectory);
+    /// Disabled: nothing would happen at its click.
+    ui::Button& cmdRepository = control<ui::Button>(IDC_cmdRepository);
+    ui::Button& cmdOk = control<ui::Button>(IDC_cmdOk);
+    ui::Button& cmdCancel = control<ui::Button>(IDC_cmdCancel);
 
     /// The folder that is shown.
     [[nodiscard]] const std::wstring& folder() const { return folders_.path(); }

@@ -1,16 +1,11 @@
 #include "kb/frmNewFolder.h"
 
 #include "common/guarded.h"
-#include "kb/frmNewFolder.ids.h"
-#include "ui/dialog_ids.h"
 
 namespace vexa {
 
 frmNewFolder::frmNewFolder(Application& application, ui::Window& owner)
-    : Form(application.screen.createDialog(IDD_frmNewFolder, &owner)),
-      txtFolderName(window().control<ui::TextBox>(IDC_txtFolderName)),
-      cmdOk(window().control<ui::Button>(IDC_cmdOk)),
-      cmdCancel(window().control<ui::Button>(IDC_cmdCancel)) {
+    : Form(application.screen.createDialog(IDD_frmNewFolder, &owner)) {
     txtFolderName.onChange = [this] { attempt([&] { txtFolderName_Change(); }); };
     cmdOk.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { Unload(); };

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "common/application.h"
+#include "kb/frmNewFolder.ids.h"
 #include "ui/form.h"
 
 namespace vexa {
@@ -13,9 +14,9 @@ class frmNewFolder : public ui::Form {
 public:
     frmNewFolder(Application& application, ui::Window& owner);
 
-    ui::TextBox& txtFolderName;
-    ui::Button& cmdOk;
-    ui::Button& cmdCancel;
+    ui::TextBox& txtFolderName = control<ui::TextBox>(IDC_txtFolderName);
+    ui::Button& cmdOk = control<ui::Button>(IDC_cmdOk);
+    ui::Button& cmdCancel = control<ui::Button>(IDC_cmdCancel);
 
     /// What was entered; nothing where the dialog was cancelled.
     [[nodiscard]] const std::optional<std::wstring>& name() const { return name_; }

@@ -2,9 +2,7 @@
 
 #include "common/guarded.h"
 #include "common/knowledgebase_names.h"
-#include "kb/frmSelectDefaultKB.ids.h"
 #include "kb/kb_icons.ids.h"
-#include "ui/dialog_ids.h"
 
 namespace vexa {
 namespace {
@@ -15,13 +13,7 @@ constexpr int ROW_NONE = 0;
 }  // namespace
 
 frmSelectDefaultKB::frmSelectDefaultKB(Application& application, ui::Window& owner)
-    : Form(application.screen.createDialog(IDD_frmSelectDefaultKB, &owner)),
-      lblInfo(window().control<ui::Label>(IDC_lblInfo)),
-      sftKnowledgebases(window().control<ui::Grid>(IDC_sftKnowledgebases)),
-      picKB(window().control<ui::Picture>(IDC_picKB)),
-      cmdOK(window().control<ui::Button>(IDC_cmdOk)),
-      cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
-      application_(application) {
+    : Form(application.screen.createDialog(IDD_frmSelectDefaultKB, &owner)), application_(application) {
     sftKnowledgebases.setColumns({{L"Knowledgebase", 100}});
     sftKnowledgebases.onDoubleClick = [this](int) { cmdOK_Click(); };
     cmdOK.onClick = [this] { cmdOK_Click(); };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/application.h"
+#include "kb/frmSelectDefaultKB.ids.h"
 #include "ui/form.h"
 #include "ui/grid.h"
 
@@ -12,11 +13,11 @@ class frmSelectDefaultKB : public ui::Form {
 public:
     frmSelectDefaultKB(Application& application, ui::Window& owner);
 
-    ui::Label& lblInfo;
-    ui::Grid& sftKnowledgebases;
-    ui::Picture& picKB;
-    ui::Button& cmdOK;
-    ui::Button& cmdCancel;
+    ui::Label& lblInfo = control<ui::Label>(IDC_lblInfo);
+    ui::Grid& sftKnowledgebases = control<ui::Grid>(IDC_sftKnowledgebases);
+    ui::Picture& picKB = control<ui::Picture>(IDC_picKB);
+    ui::Button& cmdOK = control<ui::Button>(IDC_cmdOk);
+    ui::Button& cmdCancel = control<ui::Button>(IDC_cmdCancel);
 
 protected:
     void Form_Load() override;

@@ -6,6 +6,8 @@
 namespace vexa {
 
 /// Whether the name holds one of the characters that no key or file name takes: \ / : * ? " < > |
-[[nodiscard]] bool holdsForbiddenCharacter(const std::wstring& name);
+[[nodiscard]] inline bool holdsForbiddenCharacter(const std::wstring& name) {
+    return name.find_first_of(L"\\/:*?\"<>|") != std::wstring::npos;
+}
 
 }  // namespace vexa

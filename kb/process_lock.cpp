@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "common/addin_contract.h"
 #include "common/guarded.h"
 #include "kb/form_name.h"
 #include "kb/messages.h"

@@ -3,13 +3,10 @@
 #include <exception>
 #include <utility>
 
-#include "common/guarded.h"
 #include "common/knowledgebase_names.h"
 #include "common/product_names.h"
-#include "common/raised.h"
 #include "kb/frmKBConfiguration.h"
 #include "kb/frmKnowledgeBase.h"
-#include "page/ctlPPE.ids.h"
 #include "page/wizard_rule.h"
 #include "report/frmSendBugReport.h"
 #include "settings/frmAttachment.h"
@@ -53,32 +50,23 @@ private:
 
 ctlPPE::ctlPPE(Application& application, std::unique_ptr<ui::Window> pageWindow, PageSite& site)
     : Form(std::move(pageWindow)),
-      cmdMsg(window().control<ui::Button>(IDC_cmdMsg)),
-      cmdKnowledgeBase(window().control<ui::Button>(IDC_cmdKnowledgeBase)),
-      cmdSettings(window().control<ui::Button>(IDC_cmdSettings)),
-      cmdAttachments(window().control<ui::Button>(IDC_cmdAttachments)),
-      cmdDispMatches(window().control<ui::Button>(IDC_cmdDispMatches)),
-      cmdWizard(window().control<ui::Button>(IDC_cmdWizard)),
       application_(application),
       site_(site),
       tmrChkSearching_(window().createTimer()),
       rows_{{
-          {window().control<ui::Line>(IDC_lneKnowledgeBase),
-           window().control<ui::Label>(IDC_lblKnowledgeBase),
-           window().control<ui::Label>(IDC_lblKnowledgeBaseInfo),
-           window().control<ui::Picture>(IDC_picKnowledgeBase), cmdKnowledgeBase},
-          {window().control<ui::Line>(IDC_lneSettings), window().control<ui::Label>(IDC_lblSettings),
-           window().control<ui::Label>(IDC_lblSettingsInfo), window().control<ui::Picture>(IDC_picSettings),
-           cmdSettings},
-          {window().control<ui::Line>(IDC_lneAttachments), window().control<ui::Label>(IDC_lblAttachments),
-           window().control<ui::Label>(IDC_lblAttachmentsInfo),
-           window().control<ui::Picture>(IDC_picAttachments), cmdAttachments},
-          {window().control<ui::Line>(IDC_lneDispMatches), window().control<ui::Label>(IDC_lblDispMatches),
-           window().control<ui::Label>(IDC_lblDispMatchesInfo),
-           window().control<ui::Picture>(IDC_picDispMatches), cmdDispMatches},
-          {window().control<ui::Line>(IDC_lneWizard), window().control<ui::Label>(IDC_lblWizard),
-           window().control<ui::Label>(IDC_lblWizardInfo), window().control<ui::Picture>(IDC_picWizard),
-           cmdWizard},
+          {control<ui::Line>(IDC_lneKnowledgeBase), control<ui::Label>(IDC_lblKnowledgeBase),
+           control<ui::Label>(IDC_lblKnowledgeBaseInfo), control<ui::Picture>(IDC_picKnowledgeBase),
+           cmdKnowledgeBase},
+          {control<ui::Line>(IDC_lneSettings), control<ui::Label>(IDC_lblSettings),
+           control<ui::Label>(IDC_lblSettingsInfo), control<ui::Picture>(IDC_picSettings), cmdSettings},
+          {control<ui::Line>(IDC_lneAttachments), control<ui::Label>(IDC_lblAttachments),
+           control<ui::Label>(IDC_lblAttachmentsInfo), control<ui::Picture>(IDC_picAttachments),
+           cmdAttachments},
+          {control<ui::Line>(IDC_lneDispMatches), control<ui::Label>(IDC_lblDispMatches),
+           control<ui::Label>(IDC_lblDispMatchesInfo), control<ui::Picture>(IDC_picDispMatches),
+           cmdDispMatches},
+          {control<ui::Line>(IDC_lneWizard), control<ui::Label>(IDC_lblWizard),
+           control<ui::Label>(IDC_lblWizardInfo), control<ui::Picture>(IDC_picWizard), cmdWizard},
       }},
       wizardRule_(application.platform.clock) {
     connectHandlers();

@@ -9,6 +9,7 @@
 #include "common/application.h"
 #include "common/guarded.h"
 #include "common/raised.h"
+#include "page/ctlPPE.ids.h"
 #include "page/pace.h"
 #include "page/page_site.h"
 #include "ui/form.h"
@@ -40,12 +41,12 @@ public:
     bool m_KBForm_KBClick(bool& bProcessing, std::wstring& strName, std::int32_t& nAction);
     void m_KBForm_DefaultKBChanged() noexcept;
 
-    ui::Button& cmdMsg;
-    ui::Button& cmdKnowledgeBase;
-    ui::Button& cmdSettings;
-    ui::Button& cmdAttachments;
-    ui::Button& cmdDispMatches;
-    ui::Button& cmdWizard;
+    ui::Button& cmdMsg = control<ui::Button>(IDC_cmdMsg);
+    ui::Button& cmdKnowledgeBase = control<ui::Button>(IDC_cmdKnowledgeBase);
+    ui::Button& cmdSettings = control<ui::Button>(IDC_cmdSettings);
+    ui::Button& cmdAttachments = control<ui::Button>(IDC_cmdAttachments);
+    ui::Button& cmdDispMatches = control<ui::Button>(IDC_cmdDispMatches);
+    ui::Button& cmdWizard = control<ui::Button>(IDC_cmdWizard);
 
 protected:
     void Form_Resize() override;

@@ -4,7 +4,6 @@
 
 #include "common/guarded.h"
 #include "common/product_names.h"
-#include "report/frmSendBugReport.ids.h"
 #include "report/toolbar_buttons.h"
 
 namespace vexa {
@@ -21,14 +20,6 @@ constexpr const wchar_t* NO_ADD_IN = L"The add-in is not running.";
 
 frmSendBugReport::frmSendBugReport(Application& application, ui::Window& owner)
     : Form(application.screen.createDialog(IDD_frmSendBugReport, &owner)),
-      tbrBugReport(window().control<ui::Toolbar>(IDC_tbrBugReport)),
-      tbrProperties(window().control<ui::Toolbar>(IDC_tbrProperties)),
-      cboFontname(window().control<ui::ComboBox>(IDC_cboFontname)),
-      cboFontsize(window().control<ui::ComboBox>(IDC_cboFontsize)),
-      txtTo(window().control<ui::TextBox>(IDC_txtTo)),
-      txtCc(window().control<ui::TextBox>(IDC_txtCc)),
-      txtSubject(window().control<ui::TextBox>(IDC_txtSubject)),
-      rtfBody(window().control<ui::RichText>(IDC_rtfBody)),
       application_(application),
       formatting_(application.screen, tbrProperties, cboFontname, cboFontsize, rtfBody),
       hoverLook_(application, cboFontname, cboFontsize) {

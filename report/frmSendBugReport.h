@@ -3,6 +3,7 @@
 
 #include "common/application.h"
 #include "report/formatting_bar.h"
+#include "report/frmSendBugReport.ids.h"
 #include "report/hover_look.h"
 #include "ui/form.h"
 #include "ui/richtext.h"
@@ -14,14 +15,14 @@ class frmSendBugReport : public ui::Form {
 public:
     frmSendBugReport(Application& application, ui::Window& owner);
 
-    ui::Toolbar& tbrBugReport;
-    ui::Toolbar& tbrProperties;
-    ui::ComboBox& cboFontname;
-    ui::ComboBox& cboFontsize;
-    ui::TextBox& txtTo;
-    ui::TextBox& txtCc;
-    ui::TextBox& txtSubject;
-    ui::RichText& rtfBody;
+    ui::Toolbar& tbrBugReport = control<ui::Toolbar>(IDC_tbrBugReport);
+    ui::Toolbar& tbrProperties = control<ui::Toolbar>(IDC_tbrProperties);
+    ui::ComboBox& cboFontname = control<ui::ComboBox>(IDC_cboFontname);
+    ui::ComboBox& cboFontsize = control<ui::ComboBox>(IDC_cboFontsize);
+    ui::TextBox& txtTo = control<ui::TextBox>(IDC_txtTo);
+    ui::TextBox& txtCc = control<ui::TextBox>(IDC_txtCc);
+    ui::TextBox& txtSubject = control<ui::TextBox>(IDC_txtSubject);
+    ui::RichText& rtfBody = control<ui::RichText>(IDC_rtfBody);
 
 protected:
     void Form_Load() override;

@@ -5,7 +5,6 @@
 
 #include "common/error.h"
 #include "common/guarded.h"
-#include "common/platform.h"
 
 namespace vexa {
 namespace {

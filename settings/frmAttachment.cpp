@@ -4,8 +4,6 @@
 
 #include "common/guarded.h"
 #include "settings/extension_list.h"
-#include "settings/frmAttachment.ids.h"
-#include "ui/dialog_ids.h"
 
 namespace vexa {
 namespace {
@@ -38,24 +36,6 @@ void selectAllOnCtrlA(ui::ListBox& list, ui::KeyEvent& event) {
 
 frmAttachment::frmAttachment(Application& application, ui::Window& owner)
     : Form(application.screen.createDialog(IDD_frmAttachment, &owner)),
-      sstAttachments(window().control<ui::TabStrip>(IDC_sstAttachments)),
-      fraAttKB(window().control<ui::Frame>(IDC_fraAttKB)),
-      chkKBAdd(window().control<ui::CheckBox>(IDC_chkKBAdd)),
-      optKBAddAll{window().control<ui::OptionButton>(IDC_optKBAddAll_0),
-                  window().control<ui::OptionButton>(IDC_optKBAddAll_1)},
-      lblMaxSize(window().control<ui::Label>(IDC_lblMaxSize)),
-      txtMaxSize(window().control<ui::TextBox>(IDC_txtMaxSize)),
-      updMaxSize(window().control<ui::UpDown>(IDC_updMaxSize)),
-      chkFindAtt(window().control<ui::CheckBox>(IDC_chkFindAtt)),
-      fraExtensions(window().control<ui::Frame>(IDC_fraExtensions)),
-      lblAvailable(window().control<ui::Label>(IDC_lblAvailable)),
-      lstAvailable(window().control<ui::ListBox>(IDC_lstAvailable)),
-      cmdAdd(window().control<ui::Button>(IDC_cmdAdd)),
-      cmdRemove(window().control<ui::Button>(IDC_cmdRemove)),
-      lblSelected(window().control<ui::Label>(IDC_lblSelected)),
-      lstSelected(window().control<ui::ListBox>(IDC_lstSelected)),
-      cmdOk(window().control<ui::Button>(IDC_cmdOk)),
-      cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
       application_(application),
       maxSize_(txtMaxSize, updMaxSize, boundsOf(&Settings::AttachmentsMaxSize),
                application.platform.conversions),
@@ -83,10 +63,10 @@ void frmAttachment::connectHandlers() {
     sstAttachments.onClick = [this] { sstAttachments_Click(); };
     chkKBAdd.onClick = [this] { chkKBAdd_Click(); };
     for (ui::OptionButton& option : optKBAddAll) option.onClick = [this] { optKBAddAll_Click(); };
-    cmdAdd.onClick = [this] { cmdAdd_Click(); };
-    cmdRemove.onClick = [this] { cmdRemove_Click(); };
-    lstAvailable.onKeyDown = [this](ui::KeyEvent& event) { lstAvailable_KeyDown(event); };
-    lstSelected.onKeyDown = [this](ui::KeyEvent& event) { lstSelected_KeyDown(event); };
+    cmdAdd.onClick = [this] { moveSelected(lstAvailable, lstSelected); };
+    cmdRemove.onClick = [this] { moveSelected(lstSelected, lstAvailable); };
+    lstAvailable.onKeyDown = [this](ui::KeyEvent& event) { selectAllOnCtrlA(lstAvailable, event); };
+    lstSelected.onKeyDown = [this](ui::KeyEvent& event) { selectAllOnCtrlA(lstSelected, event); };
     cmdOk.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { Unload(); };
 }
@@ -146,10 +126,6 @@ void frmAttachment::enableMoveButtons() {
 
 // --- Extensions -------------------------------------------------------------------------------------------
 
-void frmAttachment::cmdAdd_Click() { moveSelected(lstAvailable, lstSelected); }
-
-void frmAttachment::cmdRemove_Click() { moveSelected(lstSelected, lstAvailable); }
-
 void frmAttachment::moveSelected(ui::ListBox& source, ui::ListBox& target) {
     // Where a list takes no more items, the rest of the rule holds for what has been moved.
     attempt([&] { moveItems(source, target); });
@@ -171,10 +147,6 @@ void frmAttachment::moveItems(ui::ListBox& source, ui::ListBox& target) {
         target.setSelected(added, true);
     }
 }
-
-void frmAttachment::lstAvailable_KeyDown(ui::KeyEvent& event) { selectAllOnCtrlA(lstAvailable, event); }
-
-void frmAttachment::lstSelected_KeyDown(ui::KeyEvent& event) { selectAllOnCtrlA(lstSelected, event); }
 
 // --- Tabs -------------------------------------------------------------------------------------------------
 

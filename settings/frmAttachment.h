@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "settings/NumericEntryField.h"
+#include "settings/frmAttachment.ids.h"
 #include "settings/setting_row.h"
 #include "ui/form.h"
 #include "ui/listbox.h"
@@ -18,23 +19,24 @@ class frmAttachment : public ui::Form {
 public:
     frmAttachment(Application& application, ui::Window& owner);
 
-    ui::TabStrip& sstAttachments;
-    ui::Frame& fraAttKB;
-    ui::CheckBox& chkKBAdd;
-    std::array<std::reference_wrapper<ui::OptionButton>, 2> optKBAddAll;
-    ui::Label& lblMaxSize;
-    ui::TextBox& txtMaxSize;
-    ui::UpDown& updMaxSize;
-    ui::CheckBox& chkFindAtt;
-    ui::Frame& fraExtensions;
-    ui::Label& lblAvailable;
-    ui::ListBox& lstAvailable;
-    ui::Button& cmdAdd;
-    ui::Button& cmdRemove;
-    ui::Label& lblSelected;
-    ui::ListBox& lstSelected;
-    ui::Button& cmdOk;
-    ui::Button& cmdCancel;
+    ui::TabStrip& sstAttachments = control<ui::TabStrip>(IDC_sstAttachments);
+    ui::Frame& fraAttKB = control<ui::Frame>(IDC_fraAttKB);
+    ui::CheckBox& chkKBAdd = control<ui::CheckBox>(IDC_chkKBAdd);
+    std::array<std::reference_wrapper<ui::OptionButton>, 2> optKBAddAll{
+        control<ui::OptionButton>(IDC_optKBAddAll_0), control<ui::OptionButton>(IDC_optKBAddAll_1)};
+    ui::Label& lblMaxSize = control<ui::Label>(IDC_lblMaxSize);
+    ui::TextBox& txtMaxSize = control<ui::TextBox>(IDC_txtMaxSize);
+    ui::UpDown& updMaxSize = control<ui::UpDown>(IDC_updMaxSize);
+    ui::CheckBox& chkFindAtt = control<ui::CheckBox>(IDC_chkFindAtt);
+    ui::Frame& fraExtensions = control<ui::Frame>(IDC_fraExtensions);
+    ui::Label& lblAvailable = control<ui::Label>(IDC_lblAvailable);
+    ui::ListBox& lstAvailable = control<ui::ListBox>(IDC_lstAvailable);
+    ui::Button& cmdAdd = control<ui::Button>(IDC_cmdAdd);
+    ui::Button& cmdRemove = control<ui::Button>(IDC_cmdRemove);
+    ui::Label& lblSelected = control<ui::Label>(IDC_lblSelected);
+    ui::ListBox& lstSelected = control<ui::ListBox>(IDC_lstSelected);
+    ui::Button& cmdOk = control<ui::Button>(IDC_cmdOk);
+    ui::Button& cmdCancel = control<ui::Button>(IDC_cmdCancel);
 
 protected:
     void Form_Load() override;
@@ -45,10 +47,6 @@ private:
     void sstAttachments_Click();
     void chkKBAdd_Click();
     void optKBAddAll_Click();
-    void cmdAdd_Click();
-    void cmdRemove_Click();
-    void lstAvailable_KeyDown(ui::KeyEvent& event);
-    void lstSelected_KeyDown(ui::KeyEvent& event);
     void cmdOK_Click();
 
     void loadExtensions();

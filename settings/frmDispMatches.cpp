@@ -1,8 +1,6 @@
 #include "settings/frmDispMatches.h"
 
 #include "common/guarded.h"
-#include "settings/frmDispMatches.ids.h"
-#include "ui/dialog_ids.h"
 
 namespace vexa {
 namespace {
@@ -13,17 +11,6 @@ constexpr const wchar_t* SWATCH_TOOLTIP = L"Click here to select a color";
 
 frmDispMatches::frmDispMatches(Application& application, ui::Window& owner)
     : Form(application.screen.createDialog(IDD_frmDispMatches, &owner)),
-      optDisplayMatches{window().control<ui::OptionButton>(IDC_optDisplayMatches_0),
-                        window().control<ui::OptionButton>(IDC_optDisplayMatches_1)},
-      lblHotspotColor(window().control<ui::Label>(IDC_lblHotspotColor)),
-      lblSelHotspotColor(window().control<ui::Swatch>(IDC_lblSelHotspotColor)),
-      lblPenalty{
-          window().control<ui::Swatch>(IDC_lblPenalty_0), window().control<ui::Swatch>(IDC_lblPenalty_1),
-          window().control<ui::Swatch>(IDC_lblPenalty_2), window().control<ui::Swatch>(IDC_lblPenalty_3),
-          window().control<ui::Swatch>(IDC_lblPenalty_4), window().control<ui::Swatch>(IDC_lblPenalty_5)},
-      chkKeepHighlights(window().control<ui::CheckBox>(IDC_chkKeepHighlights)),
-      cmdOk(window().control<ui::Button>(IDC_cmdOk)),
-      cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
       application_(application),
       table_{{optDisplayMatches[0], &Settings::DisplayHotSpots},
              {chkKeepHighlights, &Settings::KeepHighlights},
@@ -35,13 +22,13 @@ frmDispMatches::frmDispMatches(Application& application, ui::Window& owner)
              {lblPenalty[4], &Settings::Penalty4},
              {lblPenalty[5], &Settings::Penalty5}} {
     for (ui::OptionButton& option : optDisplayMatches) option.onClick = [this] { optDisplayMatches_Click(); };
-    lblSelHotspotColor.onClick = [this] { lblSelHotspotColor_Click(); };
+    lblSelHotspotColor.onClick = [this] { pickColour(lblSelHotspotColor, L""); };
     lblSelHotspotColor.setTooltip(SWATCH_TOOLTIP);
     lblSelHotspotColor.setDescription(SWATCH_TOOLTIP);
-    for (std::size_t index = 0; index < lblPenalty.size(); ++index) {
-        lblPenalty[index].get().onClick = [this, index] { lblPenalty_Click(index); };
-        lblPenalty[index].get().setTooltip(SWATCH_TOOLTIP);
-        lblPenalty[index].get().setDescription(SWATCH_TOOLTIP);
+    for (ui::Swatch& swatch : lblPenalty) {
+        swatch.onClick = [this, &swatch] { pickColour(swatch, swatch.text()); };
+        swatch.setTooltip(SWATCH_TOOLTIP);
+        swatch.setDescription(SWATCH_TOOLTIP);
     }
     cmdOk.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { Unload(); };
@@ -62,12 +49,6 @@ void frmDispMatches::optDisplayMatches_Click() {
         lblHotspotColor.setEnabled(hotspots);
         for (ui::Swatch& swatch : lblPenalty) swatch.setEnabled(optDisplayMatches[1].get().selected());
     });
-}
-
-void frmDispMatches::lblSelHotspotColor_Click() { pickColour(lblSelHotspotColor, L""); }
-
-void frmDispMatches::lblPenalty_Click(std::size_t index) {
-    pickColour(lblPenalty[index], lblPenalty[index].get().text());
 }
 
 void frmDispMatches::pickColour(ui::Swatch& swatch, const std::wstring& title) {

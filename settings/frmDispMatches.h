@@ -4,6 +4,7 @@
 #include <array>
 #include <functional>
 
+#include "settings/frmDispMatches.ids.h"
 #include "settings/setting_row.h"
 #include "ui/form.h"
 
@@ -13,21 +14,24 @@ class frmDispMatches : public ui::Form {
 public:
     frmDispMatches(Application& application, ui::Window& owner);
 
-    std::array<std::reference_wrapper<ui::OptionButton>, 2> optDisplayMatches;
-    ui::Label& lblHotspotColor;
-    ui::Swatch& lblSelHotspotColor;
-    std::array<std::reference_wrapper<ui::Swatch>, 6> lblPenalty;
-    ui::CheckBox& chkKeepHighlights;
-    ui::Button& cmdOk;
-    ui::Button& cmdCancel;
+    std::array<std::reference_wrapper<ui::OptionButton>, 2> optDisplayMatches{
+        control<ui::OptionButton>(IDC_optDisplayMatches_0),
+        control<ui::OptionButton>(IDC_optDisplayMatches_1)};
+    ui::Label& lblHotspotColor = control<ui::Label>(IDC_lblHotspotColor);
+    ui::Swatch& lblSelHotspotColor = control<ui::Swatch>(IDC_lblSelHotspotColor);
+    std::array<std::reference_wrapper<ui::Swatch>, 6> lblPenalty{
+        control<ui::Swatch>(IDC_lblPenalty_0), control<ui::Swatch>(IDC_lblPenalty_1),
+        control<ui::Swatch>(IDC_lblPenalty_2), control<ui::Swatch>(IDC_lblPenalty_3),
+        control<ui::Swatch>(IDC_lblPenalty_4), control<ui::Swatch>(IDC_lblPenalty_5)};
+    ui::CheckBox& chkKeepHighlights = control<ui::CheckBox>(IDC_chkKeepHighlights);
+    ui::Button& cmdOk = control<ui::Button>(IDC_cmdOk);
+    ui::Button& cmdCancel = control<ui::Button>(IDC_cmdCancel);
 
 protected:
     void Form_Load() override;
 
 private:
     void optDisplayMatches_Click();
-    void lblSelHotspotColor_Click();
-    void lblPenalty_Click(std::size_t index);
     void cmdOK_Click();
 
     void pickColour(ui::Swatch& swatch, const std::wstring& title);

@@ -2,8 +2,6 @@
 
 #include "common/guarded.h"
 #include "common/knowledgebase_names.h"
-#include "settings/frmSettings.ids.h"
-#include "ui/dialog_ids.h"
 
 namespace vexa {
 namespace {
@@ -28,24 +26,6 @@ int indexOf(const ui::ComboBox& combo, const std::wstring& text) {
 
 frmSettings::frmSettings(Application& application, ui::Window& owner, ReportOpener openReport)
     : Form(application.screen.createDialog(IDD_frmSettings, &owner)),
-      chkAutoInfo(window().control<ui::CheckBox>(IDC_chkAutoInfo)),
-      optAutoInfo{window().control<ui::OptionButton>(IDC_optAutoInfo_0),
-                  window().control<ui::OptionButton>(IDC_optAutoInfo_1)},
-      lblDelay(window().control<ui::Label>(IDC_lblDelay)),
-      txtDelay(window().control<ui::TextBox>(IDC_txtDelay)),
-      updDelay(window().control<ui::UpDown>(IDC_updDelay)),
-      lblDelayInfo(window().control<ui::Label>(IDC_lblDelayInfo)),
-      lblSearchShortcut(window().control<ui::Label>(IDC_lblSearchShortcut)),
-      cboSearchShortcut(window().control<ui::ComboBox>(IDC_cboSearchShortcut)),
-      txtEntryCount(window().control<ui::TextBox>(IDC_txtEntryCount)),
-      updEntryCount(window().control<ui::UpDown>(IDC_updEntryCount)),
-      txtMinRel(window().control<ui::TextBox>(IDC_txtMinRel)),
-      updMinRel(window().control<ui::UpDown>(IDC_updMinRel)),
-      cboDefaultKB(window().control<ui::ComboBox>(IDC_cboDefaultKB)),
-      chkLoggingInformation(window().control<ui::CheckBox>(IDC_chkLoggingInformation)),
-      cmdSendLog(window().control<ui::Button>(IDC_cmdSendLog)),
-      cmdOk(window().control<ui::Button>(IDC_cmdOk)),
-      cmdCancel(window().control<ui::Button>(IDC_cmdCancel)),
       application_(application),
       openReport_(std::move(openReport)),
       delay_(txtDelay, updDelay, boundsOf(&Settings::AutoFindDelay), application.platform.conversions),
@@ -64,7 +44,7 @@ frmSettings::frmSettings(Application& application, ui::Window& owner, ReportOpen
 void frmSettings::connectHandlers() {
     // Range and unit, as they stand behind the fields.
     txtDelay.setDescription(lblDelayInfo.text());
-    txtMinRel.setDescription(window().control<ui::Label>(IDC_lblMinRelPercent).text());
+    txtMinRel.setDescription(control<ui::Label>(IDC_lblMinRelPercent).text());
     chkAutoInfo.onClick = [this] { chkAutoInfo_Click(); };
     chkLoggingInformation.onClick = [this] { chkLoggingInformation_Click(); };
     cmdSendLog.onClick = [this] { cmdSendLog_Click(); };

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "settings/NumericEntryField.h"
+#include "settings/frmSettings.ids.h"
 #include "settings/setting_row.h"
 #include "ui/form.h"
 
@@ -19,23 +20,24 @@ public:
 
     frmSettings(Application& application, ui::Window& owner, ReportOpener openReport);
 
-    ui::CheckBox& chkAutoInfo;
-    std::array<std::reference_wrapper<ui::OptionButton>, 2> optAutoInfo;
-    ui::Label& lblDelay;
-    ui::TextBox& txtDelay;
-    ui::UpDown& updDelay;
-    ui::Label& lblDelayInfo;
-    ui::Label& lblSearchShortcut;
-    ui::ComboBox& cboSearchShortcut;
-    ui::TextBox& txtEntryCount;
-    ui::UpDown& updEntryCount;
-    ui::TextBox& txtMinRel;
-    ui::UpDown& updMinRel;
-    ui::ComboBox& cboDefaultKB;
-    ui::CheckBox& chkLoggingInformation;
-    ui::Button& cmdSendLog;
-    ui::Button& cmdOk;
-    ui::Button& cmdCancel;
+    ui::CheckBox& chkAutoInfo = control<ui::CheckBox>(IDC_chkAutoInfo);
+    std::array<std::reference_wrapper<ui::OptionButton>, 2> optAutoInfo{
+        control<ui::OptionButton>(IDC_optAutoInfo_0), control<ui::OptionButton>(IDC_optAutoInfo_1)};
+    ui::Label& lblDelay = control<ui::Label>(IDC_lblDelay);
+    ui::TextBox& txtDelay = control<ui::TextBox>(IDC_txtDelay);
+    ui::UpDown& updDelay = control<ui::UpDown>(IDC_updDelay);
+    ui::Label& lblDelayInfo = control<ui::Label>(IDC_lblDelayInfo);
+    ui::Label& lblSearchShortcut = control<ui::Label>(IDC_lblSearchShortcut);
+    ui::ComboBox& cboSearchShortcut = control<ui::ComboBox>(IDC_cboSearchShortcut);
+    ui::TextBox& txtEntryCount = control<ui::TextBox>(IDC_txtEntryCount);
+    ui::UpDown& updEntryCount = control<ui::UpDown>(IDC_updEntryCount);
+    ui::TextBox& txtMinRel = control<ui::TextBox>(IDC_txtMinRel);
+    ui::UpDown& updMinRel = control<ui::UpDown>(IDC_updMinRel);
+    ui::ComboBox& cboDefaultKB = control<ui::ComboBox>(IDC_cboDefaultKB);
+    ui::CheckBox& chkLoggingInformation = control<ui::CheckBox>(IDC_chkLoggingInformation);
+    ui::Button& cmdSendLog = control<ui::Button>(IDC_cmdSendLog);
+    ui::Button& cmdOk = control<ui::Button>(IDC_cmdOk);
+    ui::Button& cmdCancel = control<ui::Button>(IDC_cmdCancel);
 
 protected:
     void Form_Load() override;

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "ui/dialog_ids.h"
 #include "ui/window.h"
 
 namespace ui {
@@ -25,6 +26,12 @@ protected:
     explicit Form(std::unique_ptr<Window> window) : window_(std::move(window)) {
         window_->onResize = [this] { Form_Resize(); };
         window_->onQueryUnload = [this] { Form_QueryUnload(); };
+    }
+
+    /// The control of the template with this identifier, for the members of a form.
+    template <class T>
+    [[nodiscard]] T& control(int identifier) {
+        return window_->control<T>(identifier);
     }
 
     /// Fills the controls; runs before the window becomes visible.

@@ -45,8 +45,6 @@ void Grid::setColumns(std::vector<GridColumn> columns) {
     showColumns();
 }
 
-SortArrow Grid::sortArrow(int column) const { return arrows_.at(static_cast<std::size_t>(column)); }
-
 void Grid::setSortArrow(int column, SortArrow arrow) {
     SortArrow& shown = arrows_.at(static_cast<std::size_t>(column));
     if (arrow == std::exchange(shown, arrow)) return;
@@ -69,8 +67,6 @@ std::size_t Grid::checked(int row) const {
     if (row < 0 || row >= rowCount()) throw std::out_of_range("no such row");
     return static_cast<std::size_t>(row);
 }
-
-const GridRow& Grid::row(int row) const { return rows_[checked(row)]; }
 
 const GridCell& Grid::cellOf(const GridRow& row, int column) {
     static const GridCell none;

@@ -55,11 +55,13 @@ public:
 
     void setColumns(std::vector<GridColumn> columns);
     [[nodiscard]] const std::vector<GridColumn>& columns() const { return columns_; }
-    [[nodiscard]] SortArrow sortArrow(int column) const;
+    [[nodiscard]] SortArrow sortArrow(int column) const {
+        return arrows_.at(static_cast<std::size_t>(column));
+    }
     void setSortArrow(int column, SortArrow arrow);
 
     [[nodiscard]] int rowCount() const { return static_cast<int>(rows_.size()); }
-    [[nodiscard]] const GridRow& row(int row) const;
+    [[nodiscard]] const GridRow& row(int row) const { return rows_[checked(row)]; }
     [[nodiscard]] const std::wstring& cellText(int row, int column) const { return cell(row, column).text; }
     /// An empty cell where the row has none there.
     [[nodiscard]] const GridCell& cell(int row, int column) const { return cellOf(this->row(row), column); }

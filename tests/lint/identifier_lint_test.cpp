@@ -49,6 +49,8 @@ Files filesEndingWith(const std::string& ending) {
 
 Places placesOfTheProduct() {
     Places places{{}, filesEndingWith(".rc"), filesEndingWith(".cpp"), allDialogs()};
+    places.code.merge(filesEndingWith(".h"));
+    std::erase_if(places.code, [](const auto& file) { return file.first.ends_with("ids.h"); });
     for (const auto& [path, text] : filesEndingWith("ids.h"))
         places.headers[path] = readIdentifiers(tests::sourceFolder() + "/" + path);
     return places;

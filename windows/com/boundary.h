@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <new>
+#include <type_traits>
 
 namespace com {
 
@@ -30,6 +31,14 @@ template <class Pointer>
 Pointer& required(Pointer* pointer) {
     if (pointer == nullptr) throw Failure(E_POINTER);
     return *pointer;
+}
+
+/// Leaves a value in the caller's place.
+template <class Value>
+HRESULT handOut(Value* place, const std::type_identity_t<Value>& value) noexcept {
+    if (place == nullptr) return E_POINTER;
+    *place = value;
+    return S_OK;
 }
 
 /// Runs `body`, which returns an HRESULT, and turns what it throws into one.

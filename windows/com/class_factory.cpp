@@ -5,23 +5,6 @@
 
 namespace com {
 
-STDMETHODIMP ClassFactory::QueryInterface(REFIID iid, void** out) noexcept {
-    if (out == nullptr) return E_POINTER;
-    *out = nullptr;
-    if (iid != IID_IUnknown && iid != IID_IClassFactory) return E_NOINTERFACE;
-    *out = static_cast<IClassFactory*>(this);
-    AddRef();
-    return S_OK;
-}
-
-STDMETHODIMP_(ULONG) ClassFactory::AddRef() noexcept { return ++references_; }
-
-STDMETHODIMP_(ULONG) ClassFactory::Release() noexcept {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-}
-
 STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** out) noexcept {
     return atBoundary([&] {
         required(out) = nullptr;

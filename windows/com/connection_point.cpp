@@ -18,12 +18,6 @@ STDMETHODIMP ConnectionPoint::QueryInterface(REFIID iid, void** out) noexcept {
     return S_OK;
 }
 
-STDMETHODIMP ConnectionPoint::GetConnectionInterface(IID* iid) noexcept {
-    if (iid == nullptr) return E_POINTER;
-    *iid = sinkInterface_;
-    return S_OK;
-}
-
 STDMETHODIMP ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer** out) noexcept {
     if (out == nullptr) return E_POINTER;
     return whole_.QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(out));

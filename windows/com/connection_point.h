@@ -19,7 +19,7 @@ public:
     STDMETHODIMP_(ULONG) AddRef() noexcept override { return whole_.AddRef(); }
     STDMETHODIMP_(ULONG) Release() noexcept override { return whole_.Release(); }
 
-    STDMETHODIMP GetConnectionInterface(IID* iid) noexcept override;
+    STDMETHODIMP GetConnectionInterface(IID* iid) noexcept override { return handOut(iid, sinkInterface_); }
     STDMETHODIMP GetConnectionPointContainer(IConnectionPointContainer** out) noexcept override;
     STDMETHODIMP Advise(IUnknown* sink, DWORD* cookie) noexcept override;
     STDMETHODIMP Unadvise(DWORD cookie) noexcept override;

@@ -26,11 +26,7 @@ class DispatchPart : public Part<Interface> {
 public:
     using Part<Interface>::Part;
 
-    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
-        if (count == nullptr) return E_POINTER;
-        *count = 1;
-        return S_OK;
-    }
+    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override { return handOut(count, 1); }
     STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** out) noexcept override {
         return this->atBoundary([&] {
             required(out) = nullptr;

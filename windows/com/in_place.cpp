@@ -1,7 +1,6 @@
 #include "windows/com/in_place.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "common/raised.h"
 #include "windows/com/boundary.h"
@@ -191,11 +190,6 @@ void InPlace::hide() noexcept {
     if (isActive()) ShowWindow(stay_->window->handle(), SW_HIDE);
 }
 
-STDMETHODIMP InPlace::InPlaceDeactivate() noexcept {
-    deactivate();
-    return S_OK;
-}
-
 void InPlace::deactivate() noexcept {
     const Ptr<IUnknown> self(&whole());
     const auto stay = stay_;
@@ -268,11 +262,6 @@ void InPlace::offerActiveObject(const Stay& stay, IOleInPlaceUIWindow* window) {
     if (window == nullptr || stay.ui != Stay::Ui::active) return;
     window->SetActiveObject(this, CAPTION);
     if (stay.ui != Stay::Ui::active) window->SetActiveObject(nullptr, nullptr);
-}
-
-STDMETHODIMP InPlace::UIDeactivate() noexcept {
-    deactivateUi();
-    return S_OK;
 }
 
 void InPlace::deactivateUi() noexcept {

@@ -26,8 +26,14 @@ public:
     STDMETHODIMP ContextSensitiveHelp(BOOL) noexcept override { return E_NOTIMPL; }
 
     // IOleInPlaceObject
-    STDMETHODIMP InPlaceDeactivate() noexcept override;
-    STDMETHODIMP UIDeactivate() noexcept override;
+    STDMETHODIMP InPlaceDeactivate() noexcept override {
+        deactivate();
+        return S_OK;
+    }
+    STDMETHODIMP UIDeactivate() noexcept override {
+        deactivateUi();
+        return S_OK;
+    }
     STDMETHODIMP SetObjectRects(LPCRECT position, LPCRECT clip) noexcept override;
     STDMETHODIMP ReactivateAndUndo() noexcept override { return E_NOTIMPL; }
 

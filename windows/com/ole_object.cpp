@@ -4,7 +4,6 @@
 
 #include <cwchar>
 
-#include "VexaPPE.h"
 #include "common/guarded.h"
 #include "windows/com/boundary.h"
 #include "windows/com/names.h"
@@ -152,12 +151,6 @@ STDMETHODIMP OleObject::GetClipboardData(DWORD, IDataObject** data) noexcept {
     return E_NOTIMPL;
 }
 
-STDMETHODIMP OleObject::GetUserClassID(CLSID* classId) noexcept {
-    if (classId == nullptr) return E_POINTER;
-    *classId = CLSID_ctlPPE;
-    return S_OK;
-}
-
 STDMETHODIMP OleObject::GetUserType(DWORD form, LPOLESTR* name) noexcept {
     if (name == nullptr) return E_POINTER;
     const wchar_t* text = form == USERCLASSTYPE_FULL ? CLASS_DESCRIPTION : CAPTION;
@@ -169,9 +162,7 @@ STDMETHODIMP OleObject::GetUserType(DWORD form, LPOLESTR* name) noexcept {
 }
 
 STDMETHODIMP OleObject::GetMiscStatus(DWORD aspect, DWORD* status) noexcept {
-    if (status == nullptr) return E_POINTER;
-    *status = aspect == DVASPECT_CONTENT ? MISC_STATUS : 0;
-    return S_OK;
+    return handOut(status, aspect == DVASPECT_CONTENT ? MISC_STATUS : 0);
 }
 
 }  // namespace com

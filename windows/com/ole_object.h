@@ -3,6 +3,7 @@
 
 #include <ole2.h>
 
+#include "VexaPPE.h"
 #include "windows/com/container.h"
 #include "windows/com/in_place.h"
 #include "windows/com/page_host.h"
@@ -36,7 +37,7 @@ public:
     STDMETHODIMP EnumVerbs(IEnumOLEVERB** verbs) noexcept override;
     STDMETHODIMP Update() noexcept override { return S_OK; }
     STDMETHODIMP IsUpToDate() noexcept override { return S_OK; }
-    STDMETHODIMP GetUserClassID(CLSID* classId) noexcept override;
+    STDMETHODIMP GetUserClassID(CLSID* classId) noexcept override { return handOut(classId, CLSID_ctlPPE); }
     STDMETHODIMP GetUserType(DWORD form, LPOLESTR* name) noexcept override;
     STDMETHODIMP SetExtent(DWORD aspect, SIZEL* size) noexcept override;
     STDMETHODIMP GetExtent(DWORD aspect, SIZEL* size) noexcept override;

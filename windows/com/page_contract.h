@@ -9,23 +9,45 @@
 
 namespace com {
 
-/// No help: the file's name is empty, the context 0. A name that came in is freed.
-HRESULT getPageInfo(BSTR* helpFile, long* helpContext);
-HRESULT getDirty(PageHost& page, VARIANT_BOOL* dirty);
-/// Always a success towards the host.
-HRESULT apply(PageHost& page);
-
-/// Outlook's interface.
-class OutlookPage : public DispatchPart<PropertyPage> {
+template <class Interface>
+class PageContract : public DispatchPart<Interface> {
 public:
-    OutlookPage(IUnknown& whole, PageHost& page) : DispatchPart(whole), page_(page) {}
+    PageContract(IUnknown& whole, PageHost& page) : DispatchPart<Interface>(whole), page_(page) {}
 
-    STDMETHODIMP GetPageInfo(BSTR* helpFile, LONG* helpContext) noexcept override;
-    STDMETHODIMP get_Dirty(VARIANT_BOOL* dirty) noexcept override;
-    STDMETHODIMP Apply() noexcept override;
+    /// No help: the file's name is empty, the context 0. A name that came in is freed.
+    STDMETHODIMP GetPageInfo(BSTR* helpFile, LONG* helpContext) noexcept override {
+        return this->automation([&] {
+            required(helpFile);
+            required(helpContext);
+            Bstr none{L""};
+            SysFreeString(*helpFile);
+            *helpFile = none.detach();
+            *helpContext = 0;
+            return S_OK;
+        });
+    }
+    STDMETHODIMP get_Dirty(VARIANT_BOOL* dirty) noexcept override {
+        return this->automation([&] {
+            required(dirty) = VARIANT_FALSE;
+            page_.use([&](vexa::ctlPPE& form) {
+                if (form.PropertyPage_Dirty()) *dirty = VARIANT_TRUE;
+            });
+            return S_OK;
+        });
+    }
+    /// Always a success towards the host.
+    STDMETHODIMP Apply() noexcept override {
+        return this->automation([&] {
+            page_.use([](vexa::ctlPPE& form) { form.PropertyPage_Apply(); });
+            return S_OK;
+        });
+    }
 
 private:
     PageHost& page_;
 };
+
+/// Outlook's interface.
+using OutlookPage = PageContract<PropertyPage>;
 
 }  // namespace com

@@ -2,7 +2,6 @@
 
 #include <olectl.h>
 
-#include "VexaPPE.h"
 #include "windows/com/boundary.h"
 #include "windows/com/names.h"
 #include "windows/com/stream_format.h"
@@ -45,14 +44,6 @@ void loadFromBag(IPropertyBag& bag, IErrorLog* log, StoredValues& values, std::s
 }
 
 }  // namespace
-
-STDMETHODIMP Persistence::GetClassID(CLSID* classId) noexcept {
-    if (classId == nullptr) return E_POINTER;
-    *classId = CLSID_ctlPPE;
-    return S_OK;
-}
-
-STDMETHODIMP Persistence::IsDirty() noexcept { return properties_.dirty() ? S_OK : S_FALSE; }
 
 STDMETHODIMP Persistence::InitNew() noexcept {
     return atBoundary([&] {

@@ -3,6 +3,7 @@
 
 #include <ocidl.h>
 
+#include "VexaPPE.h"
 #include "windows/com/container.h"
 #include "windows/com/part.h"
 #include "windows/com/stored_properties.h"
@@ -15,10 +16,10 @@ public:
         : Part(whole), properties_(properties), container_(container) {}
 
     // IPersist
-    STDMETHODIMP GetClassID(CLSID* classId) noexcept override;
+    STDMETHODIMP GetClassID(CLSID* classId) noexcept override { return handOut(classId, CLSID_ctlPPE); }
 
     // IPersistStreamInit
-    STDMETHODIMP IsDirty() noexcept override;
+    STDMETHODIMP IsDirty() noexcept override { return properties_.dirty() ? S_OK : S_FALSE; }
     STDMETHODIMP Load(IStream* stream) noexcept override;
     STDMETHODIMP Save(IStream* stream, BOOL clearDirty) noexcept override;
     STDMETHODIMP GetSizeMax(ULARGE_INTEGER* size) noexcept override;

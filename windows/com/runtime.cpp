@@ -10,6 +10,7 @@
 #include "windows/com/host_window.h"
 #include "windows/com/page_host.h"
 #include "windows/platform/module.h"
+#include "windows/platform/thread_calls.h"
 
 namespace com {
 namespace {
@@ -22,14 +23,6 @@ std::optional<vexa::ProcessMemory> memory;
 
 /// Of the two above, and of the runtime's list of pages: threads may make their first pages at the same time.
 SRWLOCK runtimeLock = SRWLOCK_INIT;
-
-class Locked {
-public:
-    Locked() { AcquireSRWLockExclusive(&runtimeLock); }
-    Locked(const Locked&) = delete;
-    Locked& operator=(const Locked&) = delete;
-    ~Locked() { ReleaseSRWLockExclusive(&runtimeLock); }
-};
 
 }  // namespace
 
@@ -47,7 +40,7 @@ Runtime::~Runtime() {
 
 Runtime& Runtime::enter(PageHost& page) {
     std::unique_ptr<Runtime> left;  // ends without the lock: its end runs foreign code
-    const Locked locked;
+    const win::Locked locked(runtimeLock);
     const DWORD thread = GetCurrentThreadId();
     if (runtime != nullptr && runtime->thread_ != thread) {
         if (!runtime->pages_.empty()) throw Failure(RPC_E_WRONG_THREAD);
@@ -59,13 +52,13 @@ Runtime& Runtime::enter(PageHost& page) {
 }
 
 void Runtime::leave(PageHost& page) noexcept {
-    const Locked locked;
+    const win::Locked locked(runtimeLock);
     std::erase(pages_, &page);
 }
 
 bool Runtime::shutDown() noexcept {
     std::unique_ptr<Runtime> ended;
-    const Locked locked;
+    const win::Locked locked(runtimeLock);
     if (runtime == nullptr) return true;
     if (runtime->thread_ != GetCurrentThreadId()) return false;
     ended = takeOut();

@@ -4,7 +4,6 @@
 #include <ocidl.h>
 
 #include <algorithm>
-#include <atomic>
 #include <vector>
 
 #include "interfaces/com.h"
@@ -26,27 +25,12 @@ inline void giveUp(const CONNECTDATA& item) { item.pUnk->Release(); }
 inline void giveUp(IConnectionPoint* item) { item->Release(); }
 
 template <class Interface, class Item>
-class SnapshotEnumerator : public Interface {
+class SnapshotEnumerator : public Counted<Interface> {
 public:
     /// Shares each item. Throws std::bad_alloc.
     explicit SnapshotEnumerator(const std::vector<Item>& items) {
         items_.reserve(items.size());
         for (const Item& item : items) items_.push_back(share(item));
-    }
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** out) noexcept override {
-        if (out == nullptr) return E_POINTER;
-        *out = nullptr;
-        if (iid != IID_IUnknown && iid != __uuidof(Interface)) return E_NOINTERFACE;
-        *out = static_cast<Interface*>(this);
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() noexcept override { return static_cast<ULONG>(++references_); }
-    STDMETHODIMP_(ULONG) Release() noexcept override {
-        const long left = --references_;
-        if (left == 0) delete this;
-        return static_cast<ULONG>(left);
     }
 
     STDMETHODIMP Next(ULONG wanted, Item* out, ULONG* fetched) noexcept override {
@@ -78,13 +62,12 @@ public:
     }
 
 private:
-    virtual ~SnapshotEnumerator() {
+    ~SnapshotEnumerator() override {
         for (const Item& item : items_) giveUp(item);
     }
     [[nodiscard]] ULONG left() const { return static_cast<ULONG>(items_.size()) - next_; }
 
     win::ModuleReference module_;
-    std::atomic<long> references_ = 1;
     std::vector<Item> items_;
     ULONG next_ = 0;
 };

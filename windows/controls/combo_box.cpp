@@ -68,13 +68,9 @@ void ComboBox::move(const ui::Rect& bounds) {
     ControlOf::move({bounds.left, bounds.top, bounds.width, bounds.height + list});
 }
 
-void ComboBox::clear() { send(CB_RESETCONTENT); }
-
 void ComboBox::add(const std::wstring& item) {
     send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
 }
-
-int ComboBox::count() const { return static_cast<int>(send(CB_GETCOUNT)); }
 
 std::wstring ComboBox::item(int index) const {
     const LRESULT length = send(CB_GETLBTEXTLEN, static_cast<WPARAM>(index));
@@ -85,15 +81,11 @@ std::wstring ComboBox::item(int index) const {
     return text;
 }
 
-int ComboBox::selectedIndex() const { return static_cast<int>(send(CB_GETCURSEL)); }
-
 void ComboBox::select(int index) {
     const bool inRange = index >= 0 && index < count();
     told_ = NO_ENTRY;
     send(CB_SETCURSEL, inRange ? static_cast<WPARAM>(index) : static_cast<WPARAM>(-1));
 }
-
-bool ComboBox::droppedDown() const { return send(CB_GETDROPPEDSTATE) != 0; }
 
 bool ComboBox::pointerInside() const {
     POINT pointer{};

@@ -11,13 +11,13 @@ public:
     using ControlOf::ControlOf;
     void onCommand(int code) override;
     void move(const ui::Rect& bounds) override;
-    void clear() override;
+    void clear() override { send(CB_RESETCONTENT); }
     void add(const std::wstring& item) override;
-    [[nodiscard]] int count() const override;
+    [[nodiscard]] int count() const override { return static_cast<int>(send(CB_GETCOUNT)); }
     [[nodiscard]] std::wstring item(int index) const override;
-    [[nodiscard]] int selectedIndex() const override;
+    [[nodiscard]] int selectedIndex() const override { return static_cast<int>(send(CB_GETCURSEL)); }
     void select(int index) override;
-    [[nodiscard]] bool droppedDown() const override;
+    [[nodiscard]] bool droppedDown() const override { return send(CB_GETDROPPEDSTATE) != 0; }
     [[nodiscard]] bool pointerInside() const override;
     void draw(const ui::Strokes& strokes) override;
 

@@ -48,8 +48,6 @@ ControlBase::~ControlBase() {
     if (handle_ != nullptr) unhook(handle_);
 }
 
-void ControlBase::windowGoes() noexcept { handle_ = nullptr; }
-
 MessageWatch* ControlBase::watch() const noexcept { return dialog_.watch(); }
 
 std::optional<LRESULT> ControlBase::heard(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -91,13 +89,6 @@ bool ControlBase::keyTaken(int key) {
     MSG character;
     while (PeekMessageW(&character, handle, WM_CHAR, WM_DEADCHAR, PM_REMOVE)) continue;
     return true;
-}
-
-std::wstring ControlBase::windowText() const {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(handle_)) + 1, L'\0');
-    const int length = GetWindowTextW(handle_, text.data(), static_cast<int>(text.size()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
 }
 
 void ControlBase::enable(bool enabled) {

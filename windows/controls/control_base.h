@@ -10,6 +10,7 @@
 
 #include "ui/control.h"
 #include "windows/controls/message_hook.h"
+#include "windows/platform/text.h"
 
 namespace win {
 
@@ -44,9 +45,8 @@ public:
     virtual std::optional<LRESULT> onNotify(NMHDR& /*notification*/) { return std::nullopt; }
     /// The window of the tips that the control shows for its parts, which notifies the dialog itself.
     [[nodiscard]] virtual HWND tipWindow() const { return nullptr; }
-    /// WM_DRAWITEM and WM_MEASUREITEM; true where the wrapper has handled them.
+    /// WM_DRAWITEM; true where the wrapper has handled it.
     virtual bool onDrawItem(const DRAWITEMSTRUCT& /*item*/) { return false; }
-    virtual bool onMeasureItem(MEASUREITEMSTRUCT& /*item*/) { return false; }
     /// WM_HSCROLL or WM_VSCROLL with this scroll code.
     virtual void onScroll(int /*code*/) {}
     /// What lies behind another control of the dialog, where that is this control's to say; else null.
@@ -73,7 +73,7 @@ protected:
     }
     [[nodiscard]] DWORD style() const { return static_cast<DWORD>(GetWindowLongW(handle_, GWL_STYLE)); }
     /// The window's own text, whatever the control makes of it.
-    [[nodiscard]] std::wstring windowText() const;
+    [[nodiscard]] std::wstring windowText() const { return win::windowText(handle_); }
 
     // What all kinds do alike.
     [[nodiscard]] bool isEnabled() const { return IsWindowEnabled(handle_) != FALSE; }
@@ -93,7 +93,7 @@ protected:
 
 private:
     [[nodiscard]] std::optional<LRESULT> heard(UINT message, WPARAM wParam, LPARAM lParam) override;
-    void windowGoes() noexcept override;
+    void windowGoes() noexcept override { handle_ = nullptr; }
     [[nodiscard]] MessageWatch* watch() const noexcept override;
     [[nodiscard]] bool mouseDownTaken(int button, LPARAM lParam);
     [[nodiscard]] bool keyTaken(int key);

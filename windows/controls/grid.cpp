@@ -20,12 +20,6 @@ constexpr UINT SELECTION_LOST = WM_APP + 12;
 
 constexpr UINT_PTR EDITOR_SUBCLASS = 2;
 
-std::wstring textOf(HWND window) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-
 bool startsWith(const std::wstring& text, const std::wstring& start) {
     const auto length = static_cast<int>(start.size());
     return text.size() >= start.size() &&
@@ -154,8 +148,6 @@ void Grid::showRows() noexcept {
     showCurrentRow();
     refresh();
 }
-
-void Grid::showRow(int row) { send(LVM_REDRAWITEMS, static_cast<WPARAM>(row), row); }
 
 void Grid::refresh() {
     if (window() != nullptr) InvalidateRect(window(), nullptr, TRUE);
@@ -317,7 +309,7 @@ void Grid::showEditor(int row) {
 /// The list view cuts what it gives its editor, and what may be typed there, after 259 characters.
 void Grid::showWholeText(HWND editor, const std::wstring& text) {
     SendMessageW(editor, EM_SETLIMITTEXT, 0, 0);
-    if (textOf(editor) == text) return;
+    if (win::windowText(editor) == text) return;
     SetWindowTextW(editor, text.c_str());
     SendMessageW(editor, EM_SETSEL, 0, -1);
 }
@@ -344,7 +336,7 @@ LRESULT CALLBACK Grid::editorProcedure(HWND editor, UINT message, WPARAM wParam,
 /// What follows may ask questions or open the editor again, so it waits until the list view has done.
 void Grid::editorCloses() {
     if (editor_ == nullptr) return;
-    const std::wstring text = textOf(editor_);
+    const std::wstring text = win::windowText(editor_);
     RemoveWindowSubclass(editor_, editorProcedure, EDITOR_SUBCLASS);
     editor_ = nullptr;
     left_ = EditorContent{text, escaped_};

@@ -30,7 +30,7 @@ protected:
     void showColumns() override;
     void showSortArrow(int column) override;
     void showRows() noexcept override;
-    void showRow(int row) override;
+    void showRow(int row) override { send(LVM_REDRAWITEMS, static_cast<WPARAM>(row), row); }
     void showCurrentRow() override;
     void showEditor(int row) override;
     EditorContent takeEditor() override;

@@ -16,10 +16,6 @@ int ListBox::add(const std::wstring& item) {
     return static_cast<int>(index);
 }
 
-void ListBox::remove(int index) { send(LB_DELETESTRING, checked(index)); }
-
-int ListBox::count() const { return static_cast<int>(send(LB_GETCOUNT)); }
-
 std::wstring ListBox::item(int index) const {
     const WPARAM place = checked(index);
     std::wstring text(static_cast<std::size_t>(send(LB_GETTEXTLEN, place)) + 1, L'\0');
@@ -27,14 +23,6 @@ std::wstring ListBox::item(int index) const {
     text.pop_back();
     return text;
 }
-
-bool ListBox::selected(int index) const { return send(LB_GETSEL, checked(index)) > 0; }
-
-void ListBox::setSelected(int index, bool selected) {
-    send(LB_SETSEL, selected, static_cast<LPARAM>(checked(index)));
-}
-
-void ListBox::selectAll(bool selected) { send(LB_SETSEL, selected, -1); }
 
 void ListBox::setRedraw(bool redraw) {
     // Turning it on shows a hidden list, so a hidden one is left alone: it does not paint anyway.

@@ -1,7 +1,5 @@
 #include "windows/controls/plain_controls.h"
 
-#include <vector>
-
 #include "windows/controls/screen.h"
 #include "windows/controls/window.h"
 
@@ -70,10 +68,6 @@ void Button::drawIconAnew() {
     if (send(BM_SETIMAGE, IMAGE_ICON, 0) != 0) showIcon();
 }
 
-void Button::onCommand(int code) {
-    if (code == BN_CLICKED) raise(onClick);
-}
-
 void Button::setText(const std::wstring& text) {
     caption_ = text;
     nameWindow();
@@ -91,10 +85,6 @@ void Button::nameWindow() {
 }
 
 // --- Check box --------------------------------------------------------------------------------------------
-
-void CheckBox::onCommand(int code) {
-    if (code == BN_CLICKED) raise(onClick);
-}
 
 bool CheckBox::checked() const { return isChecked(window()); }
 

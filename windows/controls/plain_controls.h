@@ -26,7 +26,9 @@ private:
 class Button : public ControlOf<ui::Button> {
 public:
     Button(Window& window, HWND handle);
-    void onCommand(int code) override;
+    void onCommand(int code) override {
+        if (code == BN_CLICKED) raise(onClick);
+    }
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     [[nodiscard]] std::wstring text() const override { return caption_; }
     void setText(const std::wstring& text) override;
@@ -45,7 +47,9 @@ private:
 class CheckBox : public ControlOf<ui::CheckBox> {
 public:
     using ControlOf::ControlOf;
-    void onCommand(int code) override;
+    void onCommand(int code) override {
+        if (code == BN_CLICKED) raise(onClick);
+    }
     [[nodiscard]] bool checked() const override;
     void setChecked(bool checked) override;
 };

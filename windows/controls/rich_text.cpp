@@ -297,10 +297,6 @@ void RichText::setParagraphFormat(PARAFORMAT2& format) const {
     send(EM_SETPARAFORMAT, 0, reinterpret_cast<LPARAM>(&format));
 }
 
-double RichText::pixels(LONG twips) const { return twips / dialog().screen().twipsPerPixelX(); }
-
-LONG RichText::twips(double pixels) const { return std::lround(pixels * dialog().screen().twipsPerPixelX()); }
-
 std::optional<ui::Alignment> RichText::alignment() const {
     const PARAFORMAT2 format = paragraphFormat();
     if ((format.dwMask & PFM_ALIGNMENT) == 0) return std::nullopt;
@@ -331,29 +327,16 @@ void RichText::setBulleted(bool bulleted) {
     setParagraphFormat(format);
 }
 
-std::optional<double> RichText::leftIndent() const {
+std::optional<double> RichText::indent(const Indent& which) const {
     const PARAFORMAT2 format = paragraphFormat();
-    if ((format.dwMask & PFM_STARTINDENT) == 0) return std::nullopt;
-    return pixels(format.dxStartIndent);
+    if ((format.dwMask & which.mask) == 0) return std::nullopt;
+    return format.*which.twips / dialog().screen().twipsPerPixelX();
 }
 
-void RichText::setLeftIndent(double pixels) {
+void RichText::setIndent(const Indent& which, double pixels) const {
     PARAFORMAT2 format{};
-    format.dwMask = PFM_STARTINDENT;
-    format.dxStartIndent = twips(pixels);
-    setParagraphFormat(format);
-}
-
-std::optional<double> RichText::hangingIndent() const {
-    const PARAFORMAT2 format = paragraphFormat();
-    if ((format.dwMask & PFM_OFFSET) == 0) return std::nullopt;
-    return pixels(format.dxOffset);
-}
-
-void RichText::setHangingIndent(double pixels) {
-    PARAFORMAT2 format{};
-    format.dwMask = PFM_OFFSET;
-    format.dxOffset = twips(pixels);
+    format.dwMask = which.mask;
+    format.*which.twips = std::lround(pixels * dialog().screen().twipsPerPixelX());
     setParagraphFormat(format);
 }
 

@@ -41,10 +41,10 @@ public:
     [[nodiscard]] std::optional<bool> bulleted() const override;
     void setBulleted(bool bulleted) override;
     void setBulletIndent(double pixels) override { setHangingIndent(pixels); }
-    [[nodiscard]] std::optional<double> leftIndent() const override;
-    void setLeftIndent(double pixels) override;
-    [[nodiscard]] std::optional<double> hangingIndent() const override;
-    void setHangingIndent(double pixels) override;
+    [[nodiscard]] std::optional<double> leftIndent() const override { return indent(LEFT); }
+    void setLeftIndent(double pixels) override { setIndent(LEFT, pixels); }
+    [[nodiscard]] std::optional<double> hangingIndent() const override { return indent(HANGING); }
+    void setHangingIndent(double pixels) override { setIndent(HANGING, pixels); }
 
     [[nodiscard]] std::wstring rtf() const override;
 
@@ -57,8 +57,14 @@ private:
     void setEffect(DWORD mask, bool on) const;
     [[nodiscard]] PARAFORMAT2 paragraphFormat() const;
     void setParagraphFormat(PARAFORMAT2& format) const;
-    [[nodiscard]] double pixels(LONG twips) const;
-    [[nodiscard]] LONG twips(double pixels) const;
+    struct Indent {
+        DWORD mask;
+        LONG PARAFORMAT2::*twips;
+    };
+    static constexpr Indent LEFT{PFM_STARTINDENT, &PARAFORMAT2::dxStartIndent};
+    static constexpr Indent HANGING{PFM_OFFSET, &PARAFORMAT2::dxOffset};
+    [[nodiscard]] std::optional<double> indent(const Indent& which) const;
+    void setIndent(const Indent& which, double pixels) const;
 };
 
 }  // namespace win

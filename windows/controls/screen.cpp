@@ -65,10 +65,6 @@ std::unique_ptr<ui::Window> Screen::createPage(int templateIdentifier, HWND pare
 
 double Screen::twipsPerPixelX() const { return TWIPS_PER_INCH / systemDpi(); }
 
-double Screen::twipsPerPixelY() const { return TWIPS_PER_INCH / systemDpi(); }
-
-int Screen::scrollThumbWidth() const { return GetSystemMetrics(SM_CXHTHUMB); }
-
 std::vector<std::wstring> Screen::fonts() const {
     std::vector<std::wstring> names;
     LOGFONTW all{};

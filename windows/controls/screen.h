@@ -29,8 +29,8 @@ public:
     std::optional<ui::Colour> chooseColour(ui::Window& owner, ui::Colour initial,
                                            const std::wstring& title) override;
     [[nodiscard]] double twipsPerPixelX() const override;
-    [[nodiscard]] double twipsPerPixelY() const override;
-    [[nodiscard]] int scrollThumbWidth() const override;
+    [[nodiscard]] double twipsPerPixelY() const override { return twipsPerPixelX(); }
+    [[nodiscard]] int scrollThumbWidth() const override { return GetSystemMetrics(SM_CXHTHUMB); }
     [[nodiscard]] std::vector<std::wstring> fonts() const override;
 
     /// A page from a child template, hidden, at the upper left corner of `parent`. The page stays open

@@ -1,6 +1,5 @@
 #include "windows/controls/tab_strip.h"
 
-#include <commctrl.h>
 #include <uxtheme.h>
 #include <vssym32.h>
 
@@ -28,8 +27,6 @@ void TabStrip::addTab(const std::wstring& caption) {
     send(TCM_INSERTITEMW, static_cast<WPARAM>(count()), reinterpret_cast<LPARAM>(&item));
 }
 
-int TabStrip::count() const { return static_cast<int>(send(TCM_GETITEMCOUNT)); }
-
 std::wstring TabStrip::tabCaption(int index) const {
     wchar_t text[128] = L"";
     TCITEMW item{};
@@ -39,8 +36,6 @@ std::wstring TabStrip::tabCaption(int index) const {
     send(TCM_GETITEMW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
     return item.pszText;
 }
-
-int TabStrip::current() const { return static_cast<int>(send(TCM_GETCURSEL)); }
 
 void TabStrip::setCurrent(int index) {
     if (index < 0 || index >= count() || index == current()) return;

@@ -1,6 +1,10 @@
 // A tab control: the system's. The controls of its pages are its siblings and lie above it.
 #pragma once
 
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include "ui/tabstrip.h"
 #include "windows/controls/control_base.h"
 
@@ -18,9 +22,9 @@ public:
     bool paintBackground(HDC canvas) override;
 
     void addTab(const std::wstring& caption) override;
-    [[nodiscard]] int count() const override;
+    [[nodiscard]] int count() const override { return static_cast<int>(send(TCM_GETITEMCOUNT)); }
     [[nodiscard]] std::wstring tabCaption(int index) const override;
-    [[nodiscard]] int current() const override;
+    [[nodiscard]] int current() const override { return static_cast<int>(send(TCM_GETCURSEL)); }
     void setCurrent(int index) override;
 
 private:

@@ -118,8 +118,6 @@ void Toolbar::setButtonWidth(int index, int width) {
 
 // --- What the user does -----------------------------------------------------------------------------------
 
-void Toolbar::onButton(int index) { raise(onButtonClick, index); }
-
 std::optional<LRESULT> Toolbar::onNotify(NMHDR& notification) {
     switch (notification.code) {
         case TBN_DROPDOWN:
@@ -146,8 +144,6 @@ void Toolbar::tellTip(NMTTDISPINFOW& tip) {
     if (index >= 1 && index <= count())
         tip.lpszText = buttons_[static_cast<std::size_t>(index) - 1].tooltip.data();
 }
-
-HWND Toolbar::tipWindow() const { return reinterpret_cast<HWND>(send(TB_GETTOOLTIPS)); }
 
 void Toolbar::openMenu(int index) {
     if (!canBePressed(index)) return;

@@ -15,10 +15,10 @@ namespace win {
 class Toolbar : public ControlOf<ui::Toolbar> {
 public:
     Toolbar(Window& window, HWND handle);
-    void onButton(int index) override;
+    void onButton(int index) override { raise(onButtonClick, index); }
     std::optional<LRESULT> onNotify(NMHDR& notification) override;
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-    [[nodiscard]] HWND tipWindow() const override;
+    [[nodiscard]] HWND tipWindow() const override { return reinterpret_cast<HWND>(send(TB_GETTOOLTIPS)); }
     void coloursChanged() override;
     void rescaled() override;
 

@@ -31,11 +31,7 @@ void Tooltips::set(HWND control, const std::wstring& text) {
 }
 
 void Tooltips::relay(HWND control, UINT message, WPARAM wParam, LPARAM lParam) const {
-    MSG heard{};
-    heard.hwnd = control;
-    heard.message = message;
-    heard.wParam = wParam;
-    heard.lParam = lParam;
+    MSG heard{control, message, wParam, lParam, 0, {}};
     SendMessageW(handle_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&heard));
 }
 

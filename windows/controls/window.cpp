@@ -119,13 +119,13 @@ std::optional<LRESULT> Window::handle(UINT message, WPARAM wParam, LPARAM lParam
     switch (message) {
         case WM_COMMAND: command(wParam, reinterpret_cast<HWND>(lParam)); return 0;
         case WM_TIMER: tick(wParam); return 0;
-        case WM_SIZE: resized(); return 0;
+        case WM_SIZE: raise(onResize); return 0;
         case MONITOR_CHANGED:
             monitorChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
             return 0;
         case DPI_CHANGED_AFTER_PARENT:
             takeDpi(dpiOf(handle_));
-            resized();
+            raise(onResize);
             return 0;
         case WM_CLOSE:
             // Controls of old habits send this to their parent; a page lives until its container ends it.
@@ -157,11 +157,6 @@ std::optional<LRESULT> Window::route(UINT message, WPARAM wParam, LPARAM lParam)
         case WM_DRAWITEM: {
             ControlBase* wrapper = find(static_cast<int>(wParam));
             if (wrapper && wrapper->onDrawItem(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam))) return TRUE;
-            return std::nullopt;
-        }
-        case WM_MEASUREITEM: {
-            ControlBase* wrapper = find(static_cast<int>(wParam));
-            if (wrapper && wrapper->onMeasureItem(*reinterpret_cast<MEASUREITEMSTRUCT*>(lParam))) return TRUE;
             return std::nullopt;
         }
         case WM_HSCROLL:
@@ -224,23 +219,12 @@ void Window::vanished() {
     PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 
-void Window::resized() { raise(onResize); }
-
 // --- Timers and sizes -------------------------------------------------------------------------------------
 
 std::unique_ptr<ui::Timer> Window::createTimer() {
     auto timer = std::make_unique<Timer>(*this, ++lastTimer_);
     timers_.push_back(timer.get());
     return timer;
-}
-
-void Window::forget(const Timer& timer) { std::erase(timers_, &timer); }
-
-std::wstring Window::caption() const {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(handle_)) + 1, L'\0');
-    text.resize(
-        static_cast<std::size_t>(GetWindowTextW(handle_, text.data(), static_cast<int>(text.size()))));
-    return text;
 }
 
 ui::Size Window::outerSize() const {
@@ -355,8 +339,6 @@ ControlBase* Window::ownerOfTips(HWND tips) const {
         if (tips != nullptr && wrapper->tipWindow() == tips) return wrapper.get();
     return nullptr;
 }
-
-HWND Window::focus() const { return IsWindowVisible(handle_) ? GetFocus() : firstFocus_; }
 
 void Window::setFocus(HWND control) {
     if (IsWindowVisible(handle_))

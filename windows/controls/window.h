@@ -28,7 +28,7 @@ public:
     ~Window() override;
 
     [[nodiscard]] std::unique_ptr<ui::Timer> createTimer() override;
-    [[nodiscard]] std::wstring caption() const override;
+    [[nodiscard]] std::wstring caption() const override { return windowText(handle_); }
     [[nodiscard]] ui::Size outerSize() const override;
     void setOuterSize(const ui::Size& size) override;
     [[nodiscard]] ui::Size innerSize() const override;
@@ -46,7 +46,7 @@ public:
     /// The wrapper of the control with this identifier; null where nobody has asked for it yet.
     [[nodiscard]] ControlBase* find(int identifier) const;
     /// The control that has the focus, or will have it once the window is shown.
-    [[nodiscard]] HWND focus() const;
+    [[nodiscard]] HWND focus() const { return IsWindowVisible(handle_) ? GetFocus() : firstFocus_; }
     void setFocus(HWND control);
     /// Draws the window as it is by now, also while it is being loaded; no events run.
     void present();
@@ -74,7 +74,7 @@ public:
     /// True where this window was opened, at any depth, from `other`.
     [[nodiscard]] bool descendsFrom(const Window& other) const;
     void forgetOwner(const Window& owner);
-    void forget(const Timer& timer);
+    void forget(const Timer& timer) { std::erase(timers_, &timer); }
 
 protected:
     [[nodiscard]] ui::Control& bind(ui::Kind kind, int identifier) override;
@@ -96,7 +96,6 @@ private:
     void tick(std::uintptr_t identifier);
     void scripted();
     void vanished();
-    void resized();
     void monitorChanged(int dpi, const RECT& place);
     void enlargeForText();
     void refreshColours();

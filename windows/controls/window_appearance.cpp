@@ -38,7 +38,7 @@ void Window::monitorChanged(int dpi, const RECT& place) {
     takeDpi(MulDiv(dpi, textScale_, 100));
     SetWindowPos(handle_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
                  SWP_NOZORDER | SWP_NOACTIVATE);
-    resized();
+    raise(onResize);
 }
 
 /// Bigger text is a higher resolution of all that the dialog holds, as far as the monitor has room for it.

@@ -10,34 +10,21 @@ constexpr const wchar_t* PROG_ID = L"Tarnwell.OlAddIn.1";
 
 VARIANT_BOOL automationBool(bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; }
 
-using NameMethod = HRESULT (STDMETHODCALLTYPE IOlAddIn::*)(BSTR);
-using Question = HRESULT (STDMETHODCALLTYPE IOlAddIn::*)(VARIANT_BOOL*);
-
-void tell(IOlAddIn& object, NameMethod method, const std::wstring& name) {
-    const com::Bstr argument(name);
-    callAddIn([&] { return (object.*method)(argument.get()); });
-}
-
-bool ask(IOlAddIn& object, Question question) {
-    VARIANT_BOOL answer = VARIANT_FALSE;
-    callAddIn([&] { return (object.*question)(&answer); });
-    return answer != VARIANT_FALSE;
-}
-
 }  // namespace
 
-void AddIn::SetDefaultKnowledgebase(const std::wstring& name) {
-    tell(*object_.get(), &IOlAddIn::SetDefaultKnowledgebase, name);
+void AddIn::tell(NameMethod method, const std::wstring& name) {
+    const com::Bstr argument(name);
+    callAddIn([&] { return (object_.get()->*method)(argument.get()); });
+}
+
+bool AddIn::ask(Question question) {
+    VARIANT_BOOL answer = VARIANT_FALSE;
+    callAddIn([&] { return (object_.get()->*question)(&answer); });
+    return answer != VARIANT_FALSE;
 }
 
 void AddIn::SetLogging(bool on) {
     callAddIn([&] { return object_->SetLogging(automationBool(on)); });
-}
-
-void AddIn::NotifyKbAdded(const std::wstring& name) { tell(*object_.get(), &IOlAddIn::NotifyKbAdded, name); }
-
-void AddIn::NotifyKbRemoved(const std::wstring& name) {
-    tell(*object_.get(), &IOlAddIn::NotifyKbRemoved, name);
 }
 
 void AddIn::NotifyKbRenamed(const std::wstring& oldName, const std::wstring& newName) {
@@ -45,20 +32,6 @@ void AddIn::NotifyKbRenamed(const std::wstring& oldName, const std::wstring& new
     const com::Bstr newArgument(newName);
     callAddIn([&] { return object_->NotifyKbRenamed(oldArgument.get(), newArgument.get()); });
 }
-
-void AddIn::NotifyKbRebuild(const std::wstring& name) {
-    tell(*object_.get(), &IOlAddIn::NotifyKbRebuild, name);
-}
-
-void AddIn::NotifyKbUpdate(const std::wstring& name) {
-    tell(*object_.get(), &IOlAddIn::NotifyKbUpdate, name);
-}
-
-bool AddIn::IsProcessing() { return ask(*object_.get(), &IOlAddIn::IsProcessing); }
-
-bool AddIn::IsAutoUpdateRunning() { return ask(*object_.get(), &IOlAddIn::IsAutoUpdateRunning); }
-
-bool AddIn::IsSearching() { return ask(*object_.get(), &IOlAddIn::IsSearching); }
 
 void AddIn::SetFindShortcut(std::int32_t shortcut) {
     callAddIn([&] { return object_->SetFindShortcut(shortcut); });

@@ -6,16 +6,13 @@
 
 namespace win {
 
-std::wstring failureDescription(HRESULT code) {
+void throwIfFailed(HRESULT code) {
+    if (SUCCEEDED(code)) return;
     com::Ptr<IErrorInfo> information;
     com::Bstr description;
     if (GetErrorInfo(0, information.out()) == S_OK) information->GetDescription(description.out());
     const std::wstring text = com::toText(description.get());
-    return text.empty() ? systemErrorText(static_cast<DWORD>(code)) : text;
-}
-
-void throwIfFailed(HRESULT code) {
-    if (FAILED(code)) throw vexa::Error(failureDescription(code));
+    throw vexa::Error(text.empty() ? systemErrorText(static_cast<DWORD>(code)) : text);
 }
 
 }  // namespace win

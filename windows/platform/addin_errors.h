@@ -5,15 +5,10 @@
 
 #include <oleauto.h>
 
-#include <string>
-
 namespace win {
 
-/// The description that the last failing call of this thread left as error information, else the system's
-/// text for the code. The information is consumed.
-[[nodiscard]] std::wstring failureDescription(HRESULT code);
-
-/// Throws vexa::Error where `code` is a failure.
+/// Throws vexa::Error where `code` is a failure: with the description that the last failing call of this
+/// thread left as error information, which is consumed, else with the system's text for the code.
 void throwIfFailed(HRESULT code);
 
 /// Runs one call of the add-in: forgets error information of earlier calls first, and throws vexa::Error

@@ -43,20 +43,7 @@ void AddInSink::disconnect() noexcept {
 }
 
 HRESULT AddInSink::QueryInterface(REFIID iid, void** object) noexcept {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (iid != __uuidof(IUnknown) && iid != __uuidof(IDispatch) && iid != event_.source) return E_NOINTERFACE;
-    *object = static_cast<IDispatch*>(this);
-    AddRef();
-    return S_OK;
-}
-
-ULONG AddInSink::AddRef() noexcept { return ++references_; }
-
-ULONG AddInSink::Release() noexcept {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
+    return Counted::QueryInterface(iid == event_.source ? __uuidof(IDispatch) : iid, object);
 }
 
 HRESULT AddInSink::GetTypeInfoCount(UINT* count) noexcept {

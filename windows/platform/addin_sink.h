@@ -25,19 +25,16 @@ struct ProcessFinishedEvent {
 /// The handler runs on the thread that made the sink, always. An event that is raised there is handled before
 /// Invoke returns. One that is raised on another thread is taken with its arguments, and handled when the
 /// sink's thread dispatches messages: whoever raises it never waits for the page. Events keep their order.
-class AddInSink : public IDispatch {
+class AddInSink : public com::Counted<IDispatch> {
 public:
     /// Throws vexa::Error.
     AddInSink(const ProcessFinishedEvent& event, vexa::AddIn::ProcessFinished handler);
-    AddInSink(const AddInSink&) = delete;
-    AddInSink& operator=(const AddInSink&) = delete;
 
     /// On the sink's own thread: the handler is not called any more. Safe inside the handler.
     void disconnect() noexcept;
 
+    /// The source interface is this one under another name.
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override;
-    ULONG STDMETHODCALLTYPE AddRef() noexcept override;
-    ULONG STDMETHODCALLTYPE Release() noexcept override;
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** information) noexcept override;
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
@@ -47,8 +44,6 @@ public:
                                      UINT* wrongArgument) noexcept override;
 
 private:
-    virtual ~AddInSink() = default;
-
     struct Event {
         std::wstring project;
         bool keepList;
@@ -57,7 +52,6 @@ private:
     [[nodiscard]] bool handle(const Event& event);
 
     ModuleReference module_;
-    std::atomic<ULONG> references_{1};
     ProcessFinishedEvent event_;
     ThreadCalls calls_;
     std::atomic<bool> connected_{true};

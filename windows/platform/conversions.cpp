@@ -7,7 +7,6 @@
 #include <new>
 
 #include "common/error.h"
-#include "windows/platform/text.h"
 
 namespace win {
 namespace {
@@ -24,10 +23,6 @@ constexpr double FIRST_DATE = -657434.0;
 constexpr double END_OF_DATES = 2958466.0;
 
 }  // namespace
-
-std::string AnsiCodec::toAnsi(const std::wstring& text) { return win::toAnsi(text); }
-
-std::wstring AnsiCodec::fromAnsi(const std::string& bytes) { return win::fromAnsi(bytes); }
 
 std::int32_t Conversions::toInteger(const std::wstring& text) {
     LONG number = 0;

@@ -2,13 +2,14 @@
 #pragma once
 
 #include "common/platform.h"
+#include "windows/platform/text.h"
 
 namespace win {
 
 class AnsiCodec : public vexa::AnsiCodec {
 public:
-    [[nodiscard]] std::string toAnsi(const std::wstring& text) override;
-    [[nodiscard]] std::wstring fromAnsi(const std::string& bytes) override;
+    [[nodiscard]] std::string toAnsi(const std::wstring& text) override { return win::toAnsi(text); }
+    [[nodiscard]] std::wstring fromAnsi(const std::string& bytes) override { return win::fromAnsi(bytes); }
 };
 
 class Conversions : public vexa::Conversions {

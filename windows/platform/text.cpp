@@ -29,6 +29,12 @@ std::wstring fromAnsi(const std::string& bytes) { return decoded(bytes, CP_ACP);
 
 std::wstring fromUtf8(const std::string& bytes) { return decoded(bytes, CP_UTF8); }
 
+std::wstring windowText(HWND window) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
 std::wstring systemErrorText(DWORD code) {
     wchar_t buffer[512];
     const DWORD flags =

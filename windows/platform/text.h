@@ -1,4 +1,4 @@
-// Text between the program's wide strings and the system's code page, and the descriptions of system errors.
+// Text between the program's wide strings and the system's code page, of windows, and of system errors.
 #pragma once
 
 #include <windows.h>
@@ -11,6 +11,8 @@ namespace win {
 [[nodiscard]] std::string toAnsi(const std::wstring& text);
 [[nodiscard]] std::wstring fromAnsi(const std::string& bytes);
 [[nodiscard]] std::wstring fromUtf8(const std::string& bytes);
+
+[[nodiscard]] std::wstring windowText(HWND window);
 
 /// The system's description of an error code, without line ends; "Error <code>" where it has none.
 [[nodiscard]] std::wstring systemErrorText(DWORD code);

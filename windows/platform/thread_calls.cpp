@@ -11,17 +11,6 @@ constexpr UINT RUN_NEXT = WM_APP + 1;
 
 }  // namespace
 
-class ThreadCalls::Locked {
-public:
-    explicit Locked(ThreadCalls& calls) : lock_(calls.lock_) { AcquireSRWLockExclusive(&lock_); }
-    Locked(const Locked&) = delete;
-    Locked& operator=(const Locked&) = delete;
-    ~Locked() { ReleaseSRWLockExclusive(&lock_); }
-
-private:
-    SRWLOCK& lock_;
-};
-
 // A class of the system's: one of its own would have to be taken back before the library is unloaded.
 ThreadCalls::ThreadCalls()
     : window_(
@@ -32,7 +21,7 @@ ThreadCalls::ThreadCalls()
 }
 
 bool ThreadCalls::post(Call call) {
-    const Locked locked(*this);
+    const Locked locked(lock_);
     if (window_ == nullptr) return false;
     waiting_.push_back(std::move(call));
     // One message for each call: the system keeps them in order. Its thread may have ended, its queue be
@@ -45,7 +34,7 @@ bool ThreadCalls::post(Call call) {
 void ThreadCalls::runWaiting() {
     std::size_t count = 0;
     {
-        const Locked locked(*this);
+        const Locked locked(lock_);
         count = waiting_.size();
     }
     for (; count > 0; --count) runNext();
@@ -54,7 +43,7 @@ void ThreadCalls::runWaiting() {
 void ThreadCalls::runNext() noexcept {
     Call call;
     {
-        const Locked locked(*this);
+        const Locked locked(lock_);
         if (waiting_.empty()) return;
         call = std::move(waiting_.front());
         waiting_.pop_front();
@@ -70,7 +59,7 @@ void ThreadCalls::close() noexcept {
     HWND ended = nullptr;
     std::deque<Call> dropped;
     {
-        const Locked locked(*this);
+        const Locked locked(lock_);
         ended = std::exchange(window_, nullptr);
         dropped.swap(waiting_);
     }

@@ -2,9 +2,16 @@
 
 namespace trace {
 
-com::Ptr<IUnknown> TracedObject::create(IUnknown* object, const wchar_t* side, FacetMaker maker) {
+com::Ptr<IUnknown> TracedObject::create(IUnknown* object, const wchar_t* side,
+                                        std::span<const FacetRow> facets) {
     if (object == nullptr) return {};
-    return com::Ptr<IUnknown>::attach(new TracedObject(object, side, maker));
+    return com::Ptr<IUnknown>::attach(new TracedObject(object, side, facets));
+}
+
+std::unique_ptr<Facet> TracedObject::makeFacet(REFIID iid) {
+    for (const FacetRow& row : rows_)
+        if (row.asked == iid) return row.make(*this, *object_.get(), row.name);
+    return nullptr;
 }
 
 STDMETHODIMP TracedObject::QueryInterface(REFIID iid, void** out) noexcept {
@@ -15,7 +22,7 @@ STDMETHODIMP TracedObject::QueryInterface(REFIID iid, void** out) noexcept {
             *out = static_cast<IUnknown*>(this);
         } else {
             auto& known = facets_[iid];
-            if (!known) known = maker_(*this, *object_.get(), iid);
+            if (!known) known = makeFacet(iid);
             if (known) *out = known->handedOut();
         }
         // An interface that is not traced is handed out as it is.

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 
 #include "interfaces/com.h"
@@ -24,14 +25,19 @@ public:
     [[nodiscard]] virtual IUnknown* handedOut() = 0;
 };
 
-/// Makes the facet for an interface that `object` has; null for interfaces that are not traced.
-using FacetMaker = std::unique_ptr<Facet> (*)(TracedObject& whole, IUnknown& object, REFIID iid);
+/// An interface that is traced, and what is handed out for it.
+struct FacetRow {
+    const IID& asked;
+    const wchar_t* name;  ///< in the trace
+    /// Null where `object` lacks the interface.
+    std::unique_ptr<Facet> (*make)(TracedObject& whole, IUnknown& object, const wchar_t* name);
+};
 
 /// Stands in front of an object and lives as long as someone refers to it.
 class TracedObject : public IUnknown {
 public:
     /// `side` says who calls whom. The result has one reference.
-    static com::Ptr<IUnknown> create(IUnknown* object, const wchar_t* side, FacetMaker maker);
+    static com::Ptr<IUnknown> create(IUnknown* object, const wchar_t* side, std::span<const FacetRow> facets);
     TracedObject(const TracedObject&) = delete;
     TracedObject& operator=(const TracedObject&) = delete;
 
@@ -43,13 +49,15 @@ public:
     [[nodiscard]] IUnknown* object() const { return object_.get(); }
 
 private:
-    TracedObject(IUnknown* object, const wchar_t* side, FacetMaker maker)
-        : object_(object), side_(side), maker_(maker) {}
+    TracedObject(IUnknown* object, const wchar_t* side, std::span<const FacetRow> rows)
+        : object_(object), side_(side), rows_(rows) {}
     virtual ~TracedObject() = default;
+    /// Null for interfaces that are not traced.
+    [[nodiscard]] std::unique_ptr<Facet> makeFacet(REFIID iid);
 
     com::Ptr<IUnknown> object_;
     std::wstring side_;
-    FacetMaker maker_;
+    std::span<const FacetRow> rows_;
     LONG references_ = 1;
     struct Less {
         bool operator()(const IID& left, const IID& right) const {
@@ -62,6 +70,7 @@ private:
 template <class Interface>
 class Traced : public Interface, public Facet {
 public:
+    using Target = Interface;
     Traced(TracedObject& whole, const wchar_t* name, Interface& target)
         : whole_(whole), name_(name), target_(target) {
         // The whole holds the object; an interface of it that counts by itself lives as long.
@@ -102,13 +111,21 @@ private:
     Interface& target_;
 };
 
-/// The facet `Class` for `Interface`.
-template <class Class, class Interface>
-std::unique_ptr<Facet> facet(TracedObject& whole, IUnknown& object, REFIID iid, const wchar_t* name) {
-    void* found = nullptr;
-    if (FAILED(object.QueryInterface(iid, &found))) return nullptr;
-    const auto target = com::Ptr<Interface>::attach(static_cast<Interface*>(found));
+/// Makes a facet of this class, which says what its `Target` is.
+template <class Class>
+std::unique_ptr<Facet> facet(TracedObject& whole, IUnknown& object, const wchar_t* name) {
+    com::Ptr<typename Class::Target> target;
+    if (FAILED(object.QueryInterface(__uuidof(typename Class::Target), target.outVoid()))) return nullptr;
     return std::make_unique<Class>(whole, name, *target.get());
 }
 
 }  // namespace trace
+
+/// A method of a class that is derived from Traced: passes the call on with these arguments, which are the
+/// names of the parameters. A macro, because the method, the one that it calls and the trace's text bear the
+/// same name.
+#define TRACED_ARGUMENTS(...) __VA_OPT__(, ) __VA_ARGS__
+#define TRACED_METHOD(name, arguments, ...)                                     \
+    STDMETHODIMP name(__VA_ARGS__) noexcept override {                          \
+        return this->call(L"" #name, &Target::name TRACED_ARGUMENTS arguments); \
+    }

@@ -10,12 +10,9 @@ template <class Interface>
 class TracedDispatch : public Traced<Interface> {
 public:
     using Traced<Interface>::Traced;
-    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
-        return this->call(L"GetTypeInfoCount", &Interface::GetTypeInfoCount, count);
-    }
-    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** information) noexcept override {
-        return this->call(L"GetTypeInfo", &Interface::GetTypeInfo, index, locale, information);
-    }
+    using typename Traced<Interface>::Target;
+    TRACED_METHOD(GetTypeInfoCount, (count), UINT* count)
+    TRACED_METHOD(GetTypeInfo, (index, locale, information), UINT index, LCID locale, ITypeInfo** information)
     STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
                                DISPID* members) noexcept override {
         write(L"GetIDsOfNames " + shown(static_cast<const wchar_t*>(*names)));

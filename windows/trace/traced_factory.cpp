@@ -19,19 +19,8 @@ void watchWindows() {
 TracedFactory::TracedFactory() : factory_(com::Ptr<IClassFactory>::attach(new com::ClassFactory)) {}
 
 STDMETHODIMP TracedFactory::QueryInterface(REFIID iid, void** out) noexcept {
-    if (out == nullptr) return E_POINTER;
-    *out = nullptr;
-    write(L"host > class object QueryInterface(" + shown(iid) + L")");
-    if (iid != IID_IUnknown && iid != IID_IClassFactory) return E_NOINTERFACE;
-    *out = static_cast<IClassFactory*>(this);
-    AddRef();
-    return S_OK;
-}
-
-STDMETHODIMP_(ULONG) TracedFactory::Release() noexcept {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
+    if (out != nullptr) write(L"host > class object QueryInterface(" + shown(iid) + L")");
+    return Counted::QueryInterface(iid, out);
 }
 
 STDMETHODIMP TracedFactory::CreateInstance(IUnknown* outer, REFIID iid, void** out) noexcept {
