@@ -10,9 +10,14 @@
 
 namespace bench {
 
-class NoAddIn : public vexa::AddInLocator {
+class Locator : public vexa::AddInLocator {
 public:
-    std::shared_ptr<vexa::AddIn> running() override { return nullptr; }
+    /// Finds this one, or none.
+    explicit Locator(std::shared_ptr<vexa::AddIn> addIn = nullptr) : addIn_(std::move(addIn)) {}
+    std::shared_ptr<vexa::AddIn> running() override { return addIn_; }
+
+private:
+    std::shared_ptr<vexa::AddIn> addIn_;
 };
 
 class IdleAddIn : public vexa::AddIn {

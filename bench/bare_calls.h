@@ -3,17 +3,17 @@
 
 #include <windows.h>
 
-#include <cstdio>
+#include <string>
 
 namespace bench {
 
 /// Where benchmarks keep their values; never the product's own key.
 inline constexpr const char* BENCH_HIVE = "Software\\VexaPPE benchmarks";
 
-/// Opens a key, asks a value's type and size, reads it, closes the key.
-inline void bareRead(HKEY hive, const char* key, const char* name) {
+/// Opens a key below HKEY_CURRENT_USER, asks a value's type and size, reads it, closes the key.
+inline void bareRead(const char* key, const char* name) {
     HKEY opened = nullptr;
-    if (RegOpenKeyExA(hive, key, 0, KEY_READ, &opened) != ERROR_SUCCESS) return;
+    if (RegOpenKeyExA(HKEY_CURRENT_USER, key, 0, KEY_READ, &opened) != ERROR_SUCCESS) return;
     DWORD type = 0;
     DWORD size = 0;
     BYTE data[512];
@@ -23,18 +23,21 @@ inline void bareRead(HKEY hive, const char* key, const char* name) {
     RegCloseKey(opened);
 }
 
-inline void bareWrite(HKEY hive, const char* key, const char* name, DWORD type, const void* data,
-                      DWORD size) {
+inline void bareWrite(const char* key, const char* name, DWORD type, const void* data, DWORD size) {
     HKEY opened = nullptr;
-    if (RegCreateKeyExA(hive, key, 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_READ | KEY_WRITE, nullptr,
-                        &opened, nullptr) != ERROR_SUCCESS)
+    if (RegCreateKeyExA(HKEY_CURRENT_USER, key, 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_READ | KEY_WRITE,
+                        nullptr, &opened, nullptr) != ERROR_SUCCESS)
         return;
     RegSetValueExA(opened, name, 0, type, static_cast<const BYTE*>(data), size);
     RegCloseKey(opened);
 }
 
-inline void bareWriteNumber(HKEY hive, const char* key, const char* name, DWORD number) {
-    bareWrite(hive, key, name, REG_DWORD, &number, sizeof number);
+inline void bareWriteNumber(const char* key, const char* name, DWORD number) {
+    bareWrite(key, name, REG_DWORD, &number, sizeof number);
+}
+
+inline void bareWriteText(const char* key, const char* name, const std::string& text) {
+    bareWrite(key, name, REG_SZ, text.c_str(), static_cast<DWORD>(text.size()) + 1);
 }
 
 /// Asks for the folder, opens the file for appending, writes, closes.

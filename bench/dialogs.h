@@ -57,7 +57,7 @@ private:
         return message == WM_INITDIALOG;
     }
 
-    NoAddIn locator_;
+    Locator locator_;
     win::Machine machine_{locator_};
 
 public:

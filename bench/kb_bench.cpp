@@ -24,41 +24,33 @@ std::string nameOf(int index) { return "Knowledgebase " + std::to_string(index *
 
 std::string keyOf(const std::string& name) { return std::string(PROFILE) + "\\" + name; }
 
-void writeText(const std::string& key, const std::string& name, const std::string& text) {
-    bench::bareWrite(HKEY_CURRENT_USER, key.c_str(), name.c_str(), REG_SZ, text.c_str(),
-                     static_cast<DWORD>(text.size()) + 1);
-}
-
-void setCount(int count) {
-    bench::bareWriteNumber(HKEY_CURRENT_USER, PROFILE, "ProjectCount", static_cast<DWORD>(count));
-}
+void setCount(int count) { bench::bareWriteNumber(PROFILE, "ProjectCount", static_cast<DWORD>(count)); }
 
 void writeRecords() {
     for (int index = 1; index <= LARGE; ++index) {
         const std::string name = nameOf(index);
         const std::string key = keyOf(name);
-        writeText(PROFILE, "Project" + std::to_string(index), name);
-        writeText(key, "KBLastUpdate", std::to_string(40000 + index % 997) + "." + std::to_string(index));
-        bench::bareWriteNumber(HKEY_CURRENT_USER, key.c_str(), "KBSize",
-                               static_cast<DWORD>(index * 3571 % 9'000'000));
-        bench::bareWriteNumber(HKEY_CURRENT_USER, key.c_str(), "KBDocuments",
-                               static_cast<DWORD>(index % 4001));
-        writeText(key + "\\Foldersize", "Inbox", "1");
+        bench::bareWriteText(PROFILE, ("Project" + std::to_string(index)).c_str(), name);
+        bench::bareWriteText(key.c_str(), "KBLastUpdate",
+                             std::to_string(40000 + index % 997) + "." + std::to_string(index));
+        bench::bareWriteNumber(key.c_str(), "KBSize", static_cast<DWORD>(index * 3571 % 9'000'000));
+        bench::bareWriteNumber(key.c_str(), "KBDocuments", static_cast<DWORD>(index % 4001));
+        bench::bareWriteText((key + "\\Foldersize").c_str(), "Inbox", "1");
     }
     setCount(LARGE);
 }
 
 /// What a refill of the list asks of the registry.
 void bareFill(int count) {
-    bench::bareRead(HKEY_CURRENT_USER, PROFILE, "ProjectEventName");
-    bench::bareRead(HKEY_CURRENT_USER, PROFILE, "ProjectCount");
-    bench::bareRead(HKEY_CURRENT_USER, PROFILE, "ProjectCount");
+    bench::bareRead(PROFILE, "ProjectEventName");
+    bench::bareRead(PROFILE, "ProjectCount");
+    bench::bareRead(PROFILE, "ProjectCount");
     for (int index = 1; index <= count; ++index) {
-        bench::bareRead(HKEY_CURRENT_USER, PROFILE, ("Project" + std::to_string(index)).c_str());
+        bench::bareRead(PROFILE, ("Project" + std::to_string(index)).c_str());
         const std::string key = keyOf(nameOf(index));
         for (const char* value : {"KBLastUpdate", "KBSize", "KBDocuments"})
-            bench::bareRead(HKEY_CURRENT_USER, key.c_str(), value);
-        bench::bareRead(HKEY_CURRENT_USER, (key + "\\Foldersize").c_str(), "");
+            bench::bareRead(key.c_str(), value);
+        bench::bareRead((key + "\\Foldersize").c_str(), "");
     }
 }
 
@@ -165,7 +157,7 @@ private:
         });
     }
 
-    bench::NoAddIn locator_;
+    bench::Locator locator_;
     win::Machine machine_{locator_};
     win::Screen screen_{GetModuleHandleW(nullptr)};
     PointerWatch watch_;

@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr const char* KEY = "Software\\Norvane\\Quillmark";
 constexpr const char* PROFILE = "Software\\Norvane\\Quillmark\\";
 constexpr WPARAM POLL_TIMER = 1;  // the first timer of a window
 
@@ -44,13 +43,12 @@ std::vector<std::string> readAtStart() {
 
 using bench::bareAppend;
 using bench::bareRead;
-using bench::bareWrite;
 using bench::bareWriteNumber;
+using bench::bareWriteText;
 
 /// One question to each folder, where there are knowledgebases.
 void bareRule(bool anyKnowledgebase) {
-    for (const char* name : {"KBProcessState", "ProjectCount", "VexaBaseDir"})
-        bareRead(HKEY_CURRENT_USER, PROFILE, name);
+    for (const char* name : {"KBProcessState", "ProjectCount", "VexaBaseDir"}) bareRead(PROFILE, name);
     if (!anyKnowledgebase) return;
     for (const wchar_t* pattern : {L"C:\\kb\\*.dct", L"C:\\kb\\Temp\\*.dct"}) {
         WIN32_FIND_DATAW found;
@@ -78,10 +76,10 @@ void bareStart(Fixture& fixture) {
     KillTimer(page, 7);
     SetTimer(page, 7, 250, nullptr);
     static const std::vector<std::string> names = readAtStart();
-    for (const std::string& name : names) bareRead(HKEY_CURRENT_USER, PROFILE, name.c_str());
+    for (const std::string& name : names) bareRead(PROFILE, name.c_str());
     bareRule(false);
     EnableWindow(reinterpret_cast<HWND>(fixture.page->cmdWizard.handle()), TRUE);
-    bareWriteNumber(HKEY_CURRENT_USER, PROFILE, "hWndProperties", 1);
+    bareWriteNumber(PROFILE, "hWndProperties", 1);
     bareRule(false);
     bareButtons(*fixture.page);
     bareLog(fixture.application);
@@ -91,23 +89,20 @@ void bareStart(Fixture& fixture) {
 
 void bareApply(Fixture& fixture) {
     bareLog(fixture.application);
-    bareWrite(HKEY_CURRENT_USER, PROFILE, "VexaBaseDir", REG_SZ, "", 1);
-    bareWrite(HKEY_CURRENT_USER, PROFILE, "DefaultProject", REG_SZ, "default", 8);
+    bareWriteText(PROFILE, "VexaBaseDir", "");
+    bareWriteText(PROFILE, "DefaultProject", "default");
     static const std::vector<std::string> names = tests::namesAsWritten();
     for (std::size_t written = 2; written < names.size(); ++written)
-        bareWriteNumber(HKEY_CURRENT_USER, PROFILE, names[written].c_str(), 1);
+        bareWriteNumber(PROFILE, names[written].c_str(), 1);
 }
 
 void addEmptyKnowledgebases(int count) {
     for (int index = 1; index <= count; ++index) {
-        char name[32];
-        char value[32];
-        std::snprintf(name, sizeof name, "Project%d", index);
-        const int length = std::snprintf(value, sizeof value, "Empty%d", index);
-        bareWrite(HKEY_CURRENT_USER, PROFILE, name, REG_SZ, value, static_cast<DWORD>(length) + 1);
+        const std::string number = std::to_string(index);
+        bareWriteText(PROFILE, ("Project" + number).c_str(), "Empty" + number);
     }
-    bareWriteNumber(HKEY_CURRENT_USER, PROFILE, "ProjectCount", static_cast<DWORD>(count));
-    bareWrite(HKEY_CURRENT_USER, PROFILE, "VexaBaseDir", REG_SZ, "C:\\kb", 6);
+    bareWriteNumber(PROFILE, "ProjectCount", static_cast<DWORD>(count));
+    bareWriteText(PROFILE, "VexaBaseDir", "C:\\kb");
 }
 
 }  // namespace

@@ -44,15 +44,6 @@ public:
     }
 
 private:
-    class Locator : public vexa::AddInLocator {
-    public:
-        explicit Locator(std::shared_ptr<vexa::AddIn> addIn) : addIn_(std::move(addIn)) {}
-        std::shared_ptr<vexa::AddIn> running() override { return addIn_; }
-
-    private:
-        std::shared_ptr<vexa::AddIn> addIn_;
-    };
-
     [[nodiscard]] vexa::Platform ports() {
         const vexa::Platform real = machine_.platform();
         return {real.registry, real.ansi, real.conversions, files_,

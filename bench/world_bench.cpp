@@ -110,12 +110,11 @@ void prepare(const World& world) {
     RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Norvane");
     for (int index = 1; index <= world.knowledgebases; ++index) {
         const std::string name = "Project" + std::to_string(index);
-        bench::bareWrite(HKEY_CURRENT_USER, key, name.c_str(), REG_SZ, name.c_str(),
-                         static_cast<DWORD>(name.size()) + 1);
+        bench::bareWriteText(key, name.c_str(), name);
     }
-    bench::bareWriteNumber(HKEY_CURRENT_USER, key, "ProjectCount", static_cast<DWORD>(world.knowledgebases));
-    bench::bareWrite(HKEY_CURRENT_USER, key, "VexaBaseDir", REG_SZ, "C:\\slow", 8);
-    bench::bareWriteNumber(HKEY_CURRENT_USER, key, "hWndSearchCtl",
+    bench::bareWriteNumber(key, "ProjectCount", static_cast<DWORD>(world.knowledgebases));
+    bench::bareWriteText(key, "VexaBaseDir", "C:\\slow");
+    bench::bareWriteNumber(key, "hWndSearchCtl",
                            static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(world.searchWindow)));
 }
 

@@ -232,22 +232,14 @@ TEST_F(SettingsRecord, AColourKeepsItsTopByte) {
     EXPECT_EQ(stage->value(ROOT_KEY, L"Penalty2"), Value(-1));
 }
 
-TEST_F(SettingsRecord, TheProfileKeyEndsInTheProfilesName) {
-    stage->setValue(ROOT_KEY, L"CurrentProfile", L"Work");
-    application.loadProfileKey();
-    EXPECT_EQ(application.ProfileKey, std::wstring(ROOT_KEY) + L"\\Work");
-}
-
-TEST_F(SettingsRecord, AProfileNameThatIsANumberIsItsDecimalText) {
-    stage->setValue(ROOT_KEY, L"CurrentProfile", 7);
-    application.loadProfileKey();
-    EXPECT_EQ(application.ProfileKey, std::wstring(ROOT_KEY) + L"\\7");
-}
-
-TEST_F(SettingsRecord, AProfileNameThatIsNoTextCountsAsNone) {
-    stage->setValue(ROOT_KEY, L"CurrentProfile", vexa::Bytes{1});
-    application.loadProfileKey();
-    EXPECT_EQ(application.ProfileKey, std::wstring(ROOT_KEY) + L"\\");
+TEST_F(SettingsRecord, TheProfileKeyEndsInTheProfilesNameANumbersTextOrNothing) {
+    const std::pair<Value, const wchar_t*> cases[] = {{L"Work", L"Work"}, {7, L"7"}, {vexa::Bytes{1}, L""}};
+    for (const auto& [stored, name] : cases) {
+        stage->setValue(ROOT_KEY, L"CurrentProfile", stored);
+        application.loadProfileKey();
+        EXPECT_EQ(application.ProfileKey, std::wstring(ROOT_KEY) + L"\\" + name)
+            << "\"" << toUtf8(name) << "\"";
+    }
 }
 
 TEST_F(SettingsRecord, TheLogsFolderIsBelowTheInstallationUnlessTheProfileNamesAnother) {

@@ -41,18 +41,19 @@ protected:
     TimerTest() { modTimer::clear(); }
     ~TimerTest() override { modTimer::clear(); }
 
-    std::shared_ptr<CTimer> makeTimer(int& notified) {
-        auto timer = CTimer::create(system);
-        timer->Interval = 150;
-        timer->Notify = [&notified] { ++notified; };
-        return timer;
+    std::shared_ptr<CTimer> makeTimer(int& ticks) {
+        auto made = CTimer::create(system);
+        made->Interval = 150;
+        made->Notify = [&ticks] { ++ticks; };
+        return made;
     }
     ManualTimers system;
+    int notified = 0;
+    const std::shared_ptr<CTimer> timer = makeTimer(notified);
 };
 
 TEST_F(TimerTest, RaisesNotifyOncePerTick) {
-    int notified = 0;
-    makeTimer(notified)->StartTimer();
+    timer->StartTimer();
     EXPECT_THAT(system.intervals, ElementsAre(150U));
     system.tick(41);
     system.tick(41);
@@ -60,8 +61,6 @@ TEST_F(TimerTest, RaisesNotifyOncePerTick) {
 }
 
 TEST_F(TimerTest, ANewIntervalTakesEffectAtTheNextStart) {
-    int notified = 0;
-    const auto timer = makeTimer(notified);
     timer->StartTimer();
     timer->Interval = 20;
     EXPECT_EQ(system.intervals.size(), 1U);
@@ -76,8 +75,6 @@ TEST_F(TimerTest, StoppingBeforeAnyStartKillsTheIdentifierZero) {
 }
 
 TEST_F(TimerTest, StoppingKillsTheTimerAndKeepsTheActiveObject) {
-    int notified = 0;
-    const auto timer = makeTimer(notified);
     timer->StartTimer();
     timer->StopTimer();
     EXPECT_THAT(system.killed, ElementsAre(41U));
@@ -86,8 +83,6 @@ TEST_F(TimerTest, StoppingKillsTheTimerAndKeepsTheActiveObject) {
 }
 
 TEST_F(TimerTest, StartingTwiceLeavesTheFirstTimerTickingForTheSameObject) {
-    int notified = 0;
-    const auto timer = makeTimer(notified);
     timer->StartTimer();
     timer->StartTimer();
     system.tick(41);
@@ -100,27 +95,24 @@ TEST_F(TimerTest, StartingTwiceLeavesTheFirstTimerTickingForTheSameObject) {
 }
 
 TEST_F(TimerTest, ASecondObjectTakesTheSlotAndTheTicksOfTheFirst) {
-    int first = 0;
     int second = 0;
-    const auto firstTimer = makeTimer(first);
     const auto secondTimer = makeTimer(second);
-    firstTimer->StartTimer();
+    timer->StartTimer();
     secondTimer->StartTimer();
     system.tick(41);
     system.tick(42);
-    EXPECT_EQ(first, 0);
+    EXPECT_EQ(notified, 0);
     EXPECT_EQ(second, 2);
-    firstTimer->StopTimer();
+    timer->StopTimer();
     EXPECT_THAT(system.killed, ElementsAre(42U)) << "whoever stops, the timer that was started last ends";
 }
 
 TEST_F(TimerTest, TheSlotKeepsItsObjectAliveUntilItIsCleared) {
-    int notified = 0;
     std::weak_ptr<CTimer> observed;
     {
-        const auto timer = makeTimer(notified);
-        observed = timer;
-        timer->StartTimer();
+        const auto own = makeTimer(notified);
+        observed = own;
+        own->StartTimer();
     }
     system.tick(41);
     EXPECT_EQ(notified, 1);
@@ -133,19 +125,17 @@ TEST_F(TimerTest, TheSlotKeepsItsObjectAliveUntilItIsCleared) {
 TEST_F(TimerTest, AHandlerMayStartAnotherTimer) {
     int second = 0;
     const auto secondTimer = makeTimer(second);
-    const auto first = CTimer::create(system);
-    first->Notify = [&] { secondTimer->StartTimer(); };
-    first->StartTimer();
+    timer->Notify = [&] { secondTimer->StartTimer(); };
+    timer->StartTimer();
     system.tick(41);
     system.tick(42);
     EXPECT_EQ(second, 1);
 }
 
 TEST_F(TimerTest, AHandlerMayReplaceItself) {
-    const auto timer = CTimer::create(system);
     std::vector<std::string> told;
     // Longer than the room for short texts, so that the handler's own copy lies in memory of its own.
-    timer->Notify = [&, timer = timer.get(), name = std::string("the handler that replaced itself")] {
+    timer->Notify = [&, name = std::string("the handler that replaced itself")] {
         timer->Notify = [&] { told.emplace_back("the second"); };
         told.push_back(name);
     };
@@ -156,7 +146,6 @@ TEST_F(TimerTest, AHandlerMayReplaceItself) {
 }
 
 TEST_F(TimerTest, NothingThatAHandlerThrowsReachesTheSystem) {
-    const auto timer = CTimer::create(system);
     timer->Notify = [] { throw vexa::Error(L"failed"); };
     timer->StartTimer();
     EXPECT_NO_THROW(system.tick(41));
@@ -165,8 +154,6 @@ TEST_F(TimerTest, NothingThatAHandlerThrowsReachesTheSystem) {
 }
 
 TEST_F(TimerTest, ASystemWithoutTimersLeavesNothingToStop) {
-    int notified = 0;
-    const auto timer = makeTimer(notified);
     system.exhausted = true;
     timer->StartTimer();
     timer->StopTimer();

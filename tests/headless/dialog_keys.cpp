@@ -5,7 +5,6 @@
 #include "tests/headless/choice_controls.h"
 #include "tests/headless/letters.h"
 #include "tests/headless/tab_strip.h"
-#include "tests/stage/user.h"
 #include "ui/dialog_ids.h"
 
 namespace headless {
@@ -87,8 +86,6 @@ bool changeTab(Window& window, const ui::KeyEvent& event) {
         }
     return false;
 }
-
-bool isArrow(int key) { return key >= tests::key::left && key <= tests::key::down; }
 
 }  // namespace
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
-#include <fstream>
+#include <regex>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
@@ -16,17 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Folders whose resource scripts hold dialogs.
-constexpr const char* ROOMS[] = {"page", "settings", "kb", "report"};
-
-std::string readText(const fs::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    if (!stream) throw std::runtime_error("cannot read " + path.string());
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-}
-
 // --- Tokens -----------------------------------------------------------------------------------------------
 
 struct Token {
@@ -35,80 +24,43 @@ struct Token {
     int line = 0;
 };
 
-bool isWordCharacter(char character) {
-    return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '_';
+/// What stands between quotation marks: a doubled one stands for one; backslash escapes are the ones that the
+/// templates use.
+std::string unescaped(const std::string& quoted) {
+    std::string content;
+    for (auto at = quoted.begin(); at != quoted.end(); ++at) {
+        const bool escape = *at == '\\';
+        if (escape || *at == '"') ++at;
+        content += escape && *at == 'n' ? '\n' : escape && *at == 't' ? '\t' : *at;
+    }
+    return content;
 }
 
-class Lexer {
-public:
-    explicit Lexer(std::string text) : text_(std::move(text)) {}
-
-    std::vector<Token> tokens() {
-        std::vector<Token> all;
-        do all.push_back(next());
-        while (all.back().kind != Token::Kind::end);
-        return all;
+/// The words, numbers, texts and signs of a script in their order, its end behind them.
+std::vector<Token> tokensOf(const std::string& script) {
+    enum Group { BLANK = 1, QUOTED, WORD };
+    const std::string blank = R"(\s+|//[^\n]*|/\*[\s\S]*?\*/)";
+    const std::string quoted = R"re("((?:[^"\\]|\\[\s\S]|"")*)")re";
+    static const std::regex pieces("(" + blank + ")|" + quoted + R"(|(\w+)|[\s\S])");
+    std::vector<Token> tokens;
+    int line = 1;
+    for (std::sregex_iterator piece(script.begin(), script.end(), pieces), end; piece != end; ++piece) {
+        const std::string text = piece->str();
+        if ((*piece)[QUOTED].matched)
+            tokens.push_back({Token::Kind::text, unescaped((*piece)[QUOTED]), line});
+        else if (text == "\"")
+            throw std::runtime_error("line " + std::to_string(line) + ": a text without end");
+        else if ((*piece)[WORD].matched)
+            tokens.push_back({std::isdigit(static_cast<unsigned char>(text[0])) != 0 ? Token::Kind::number
+                                                                                     : Token::Kind::word,
+                              text, line});
+        else if (!(*piece)[BLANK].matched)
+            tokens.push_back({Token::Kind::sign, text, line});
+        line += static_cast<int>(std::ranges::count(text, '\n'));
     }
-
-private:
-    Token next() {
-        skipBlanksAndComments();
-        if (position_ >= text_.size()) return {Token::Kind::end, "", line_};
-        const char first = text_[position_];
-        if (first == '"') return quoted();
-        if (std::isdigit(static_cast<unsigned char>(first)) != 0) return run(Token::Kind::number);
-        if (isWordCharacter(first)) return run(Token::Kind::word);
-        ++position_;
-        return {Token::Kind::sign, std::string(1, first), line_};
-    }
-
-    void skipBlanksAndComments() {
-        for (; position_ < text_.size(); ++position_) {
-            if (text_.compare(position_, 2, "//") == 0)
-                position_ = std::min(text_.find('\n', position_), text_.size());
-            if (text_.compare(position_, 2, "/*") == 0) skipLongComment();
-            if (position_ >= text_.size() || std::isspace(static_cast<unsigned char>(text_[position_])) == 0)
-                return;
-            if (text_[position_] == '\n') ++line_;
-        }
-    }
-
-    void skipLongComment() {
-        const std::size_t end = std::min(text_.find("*/", position_), text_.size() - 2) + 2;
-        line_ += static_cast<int>(std::count(text_.begin() + static_cast<std::ptrdiff_t>(position_),
-                                             text_.begin() + static_cast<std::ptrdiff_t>(end), '\n'));
-        position_ = end;
-    }
-
-    Token run(Token::Kind kind) {
-        const std::size_t start = position_;
-        while (position_ < text_.size() && isWordCharacter(text_[position_])) ++position_;
-        return {kind, text_.substr(start, position_ - start), line_};
-    }
-
-    /// A doubled quote stands for one; backslash escapes are the ones that the templates use.
-    Token quoted() {
-        std::string content;
-        for (++position_; position_ < text_.size(); ++position_) {
-            char character = text_[position_];
-            if (character == '"') {
-                ++position_;
-                if (position_ >= text_.size() || text_[position_] != '"')
-                    return {Token::Kind::text, content, line_};
-            } else if (character == '\\') {
-                character = text_[++position_];
-                if (character == 'n') character = '\n';
-                if (character == 't') character = '\t';
-            }
-            content += character;
-        }
-        throw std::runtime_error("line " + std::to_string(line_) + ": a text without end");
-    }
-
-    std::string text_;
-    std::size_t position_ = 0;
-    int line_ = 1;
-};
+    tokens.push_back({Token::Kind::end, "", line});
+    return tokens;
+}
 
 // --- Statements -------------------------------------------------------------------------------------------
 
@@ -143,7 +95,7 @@ class Parser {
 public:
     Parser(std::string sourceFolder, std::string file)
         : folder_(std::move(sourceFolder)), file_(std::move(file)) {
-        tokens_ = Lexer(readText(fs::path(folder_) / file_)).tokens();
+        tokens_ = tokensOf(tests::contentOf(folder_ + "/" + file_));
     }
 
     std::vector<DialogTemplate> parse() {
@@ -159,13 +111,13 @@ public:
 
 private:
     void parseInclude() {
-        expectWord("include");
+        if (takeWord() != "include") fail("include is missing");
         if (takeSign("<")) {  // a header of the system: style names only
             while (!takeSign(">")) take();
             return;
         }
         const std::string header = takeText();
-        for (const auto& [name, number] : readIdentifiers((fs::path(folder_) / header).string()))
+        for (const auto& [name, number] : readIdentifiers(folder_ + "/" + header))
             identifiers_[name] = number;
     }
 
@@ -286,9 +238,6 @@ private:
         if (peek().kind != Token::Kind::word) fail("a word is missing before " + peek().text);
         return take().text;
     }
-    void expectWord(const std::string& word) {
-        if (takeWord() != word) fail(word + " is missing");
-    }
     std::string takeText() {
         if (peek().kind != Token::Kind::text) fail("a text is missing before " + peek().text);
         return take().text;
@@ -305,10 +254,25 @@ private:
     std::set<std::string> negated_;
 };
 
+/// The resource scripts of the product's dialogs, below the source folder.
+std::vector<std::string> dialogScripts() {
+    std::vector<std::string> scripts;
+    for (const std::string room : {"page", "settings", "kb", "report"})
+        for (const auto& entry : fs::directory_iterator(tests::sourceFolder() + "/" + room))
+            if (entry.path().extension() == ".rc")
+                scripts.push_back(room + "/" + entry.path().filename().string());
+    std::ranges::sort(scripts);
+    return scripts;
+}
+
 /// The system's own rounding of dialog units.
 int scaled(int units, int base, int divisor) { return (units * base + divisor / 2) / divisor; }
 
 }  // namespace
+
+bool isWordCharacter(char character) {
+    return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '_';
+}
 
 std::vector<DialogTemplate> readDialogs(const std::string& sourceFolder, const std::string& file) {
     return Parser(sourceFolder, file).parse();
@@ -316,7 +280,7 @@ std::vector<DialogTemplate> readDialogs(const std::string& sourceFolder, const s
 
 std::vector<std::pair<std::string, int>> readIdentifiers(const std::string& path) {
     std::vector<std::pair<std::string, int>> identifiers;
-    std::istringstream lines(readText(path));
+    std::istringstream lines(tests::contentOf(path));
     for (std::string line; std::getline(lines, line);) {
         std::istringstream words(line);
         std::string directive, name, number;
@@ -326,29 +290,20 @@ std::vector<std::pair<std::string, int>> readIdentifiers(const std::string& path
     return identifiers;
 }
 
-std::vector<std::string> dialogScripts(const std::string& sourceFolder) {
-    std::vector<std::string> scripts;
-    for (const char* room : ROOMS) {
-        if (!fs::exists(fs::path(sourceFolder) / room)) continue;
-        for (const auto& entry : fs::directory_iterator(fs::path(sourceFolder) / room))
-            if (entry.path().extension() == ".rc")
-                scripts.push_back(std::string(room) + "/" + entry.path().filename().string());
-    }
-    std::ranges::sort(scripts);
-    return scripts;
+const std::vector<DialogTemplate>& allDialogs() {
+    static const std::vector<DialogTemplate> dialogs = [] {
+        std::vector<DialogTemplate> all;
+        for (const std::string& script : dialogScripts())
+            std::ranges::move(readDialogs(tests::sourceFolder(), script), std::back_inserter(all));
+        return all;
+    }();
+    return dialogs;
 }
 
 const DialogTemplate& dialogTemplate(int id) {
-    static const std::map<int, DialogTemplate> dialogs = [] {
-        std::map<int, DialogTemplate> all;
-        for (const std::string& script : dialogScripts(tests::sourceFolder()))
-            for (DialogTemplate& dialog : readDialogs(tests::sourceFolder(), script))
-                all[dialog.id] = std::move(dialog);
-        return all;
-    }();
-    const auto found = dialogs.find(id);
-    if (found == dialogs.end()) throw std::logic_error("no dialog template " + std::to_string(id));
-    return found->second;
+    const auto found = std::ranges::find(allDialogs(), id, &DialogTemplate::id);
+    if (found == allDialogs().end()) throw std::logic_error("no dialog template " + std::to_string(id));
+    return *found;
 }
 
 ui::Rect toPixels(const ui::Rect& units) {

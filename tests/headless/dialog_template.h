@@ -42,8 +42,11 @@ struct DialogTemplate {
 /// `#define NAME number` lines of a header, in their order.
 [[nodiscard]] std::vector<std::pair<std::string, int>> readIdentifiers(const std::string& path);
 
-/// The resource scripts of the product's dialogs, below the source folder.
-[[nodiscard]] std::vector<std::string> dialogScripts(const std::string& sourceFolder);
+/// A letter, a digit or an underscore, as identifiers are made of.
+[[nodiscard]] bool isWordCharacter(char character);
+
+/// The product's dialogs.
+[[nodiscard]] const std::vector<DialogTemplate>& allDialogs();
 
 /// The product's dialog with this identifier. Throws std::logic_error where there is none.
 [[nodiscard]] const DialogTemplate& dialogTemplate(int id);

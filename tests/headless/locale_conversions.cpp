@@ -1,5 +1,6 @@
 #include "tests/headless/locale_conversions.h"
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <cmath>
@@ -23,21 +24,22 @@ public:
     explicit Reader(const std::wstring& text) : text_(text) {}
     [[nodiscard]] bool atEnd() const { return position_ >= text_.size(); }
     [[nodiscard]] wchar_t peek() const { return atEnd() ? L'\0' : text_[position_]; }
-    wchar_t take() { return text_[position_++]; }
-    bool take(wchar_t character) {
-        if (atEnd() || text_[position_] != character) return false;
-        ++position_;
-        return true;
-    }
     bool take(const std::wstring& word) {
         if (word.empty() || text_.compare(position_, word.size(), word) != 0) return false;
         position_ += word.size();
         return true;
     }
-    bool takeBlanks() {
-        const std::size_t start = position_;
-        while (!atEnd() && isBlank(text_[position_])) ++position_;
-        return position_ > start;
+    bool take(wchar_t character) { return take(std::wstring(1, character)); }
+    /// In either case. `word` is in capitals.
+    bool takeWord(const std::wstring& word) { return take(word) || take(lower(word)); }
+    bool takeBlanks() { return !takeWhile(isBlank).empty(); }
+    /// The narrow characters, or blanks, up to the first that does not belong.
+    template <class Belongs>
+    std::string takeWhile(Belongs belongs, std::size_t most = std::string::npos) {
+        std::string taken;
+        for (; !atEnd() && taken.size() < most && belongs(text_[position_]); ++position_)
+            taken += static_cast<char>(text_[position_]);
+        return taken;
     }
 
 private:
@@ -63,7 +65,7 @@ public:
         takeDigits();
         takeExponent();
         takeTrailing();
-        if (!reader_.atEnd() || !anyDigit_ || openParenthesis_) typeMismatch();
+        if (!reader_.atEnd() || !anyDigit() || openParenthesis_) typeMismatch();
         return value();
     }
 
@@ -97,38 +99,29 @@ private:
         return currency_ = true;
     }
     void takeDigits() {
-        while (!reader_.atEnd()) {
-            if (isDigit(reader_.peek())) {
-                digits_ += static_cast<char>(reader_.take());
-                anyDigit_ = true;
-            } else if (!point_ && reader_.take(locale_.decimalPoint)) {
-                digits_ += '.';
-                point_ = true;
-            } else if (digits_.empty() || !reader_.take(locale_.thousandsSeparator)) {
-                return;
-            }
-        }
+        do digits_ += reader_.takeWhile(isDigit);
+        while (takePoint() || (!digits_.empty() && reader_.take(locale_.thousandsSeparator)));
     }
+    bool takePoint() {
+        if (!takeOnce(point_, locale_.decimalPoint)) return false;
+        digits_ += '.';
+        return true;
+    }
+    [[nodiscard]] bool anyDigit() const { return std::ranges::any_of(digits_, isDigit); }
     void takeExponent() {
-        if (!anyDigit_ || (reader_.peek() != L'e' && reader_.peek() != L'E')) return;
-        reader_.take();
-        digits_ += 'e';
-        if (reader_.take(L'-'))
-            digits_ += '-';
-        else
-            reader_.take(L'+');
-        if (!isDigit(reader_.peek())) typeMismatch();
-        while (isDigit(reader_.peek())) digits_ += static_cast<char>(reader_.take());
+        if (!anyDigit() || !reader_.takeWord(L"E")) return;
+        const bool negative = reader_.take(L'-');
+        if (!negative) reader_.take(L'+');
+        const std::string exponent = reader_.takeWhile(isDigit);
+        if (exponent.empty()) typeMismatch();
+        digits_ += (negative ? "e-" : "e") + exponent;
     }
     /// Hexadecimal or octal digits, with no regard to the locale.
     double takePlain() {
-        const wchar_t letter = lower(reader_.peek());
-        if (letter != L'h' && letter != L'o') typeMismatch();
-        reader_.take();
-        const int base = letter == L'h' ? 16 : 8;
-        std::string digits;
-        while (!reader_.atEnd() && !isBlank(reader_.peek()) && reader_.peek() < 0x80)
-            digits += static_cast<char>(reader_.take());
+        const int base = reader_.takeWord(L"H") ? 16 : reader_.takeWord(L"O") ? 8 : 0;
+        if (base == 0) typeMismatch();
+        const std::string digits =
+            reader_.takeWhile([](wchar_t character) { return !isBlank(character) && character < 0x80; });
         std::uint32_t number = 0;
         const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number, base);
         reader_.takeBlanks();
@@ -146,7 +139,6 @@ private:
     Reader reader_;
     const Locale& locale_;
     std::string digits_;
-    bool anyDigit_ = false;
     bool point_ = false;
     bool plus_ = false;
     bool minus_ = false;
@@ -178,11 +170,9 @@ public:
 
 private:
     int takeNumber() {
-        if (!isDigit(reader_.peek())) typeMismatch();
-        int number = 0;
-        for (int count = 0; count < 4 && isDigit(reader_.peek()); ++count)
-            number = number * 10 + static_cast<int>(reader_.take() - L'0');
-        return number;
+        const std::string digits = reader_.takeWhile(isDigit, 4);
+        if (digits.empty()) typeMismatch();
+        return std::stoi(digits);
     }
     void takeSeparator() {
         if (!reader_.take(L'/') && !reader_.take(L'-') && !reader_.take(L'.')) typeMismatch();
@@ -193,9 +183,7 @@ private:
         takeSeparator();
         const int third = takeNumber();
         if (first > 31) return serialOf(first, second, third);
-        int month = locale_.monthFirst ? first : second;
-        int day = locale_.monthFirst ? second : first;
-        return serialOf(third, month, day);
+        return locale_.monthFirst ? serialOf(third, first, second) : serialOf(third, second, first);
     }
     /// A year of two digits lies between 1950 and 2049; a month above 12 is the day.
     static double serialOf(int year, int month, int day) {
@@ -209,8 +197,8 @@ private:
         int parts[3] = {hour, 0, 0};
         for (int index = 1; index < 3 && reader_.take(L':'); ++index) parts[index] = takeNumber();
         reader_.takeBlanks();
-        const bool afternoon = reader_.take(L"PM") || reader_.take(L"pm");
-        const bool morning = !afternoon && (reader_.take(L"AM") || reader_.take(L"am"));
+        const bool afternoon = reader_.takeWord(L"PM");
+        const bool morning = !afternoon && reader_.takeWord(L"AM");
         if ((afternoon || morning) && parts[0] == 12) parts[0] = 0;
         if (afternoon) parts[0] += 12;
         if (parts[0] > 23 || parts[1] > 59 || parts[2] > 59) typeMismatch();
@@ -253,7 +241,7 @@ std::int64_t dateSerial(int year, int month, int day) {
     const auto days = [](const year_month_day& date) { return sys_days(date).time_since_epoch().count(); };
     const year_month_day date(std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
                               std::chrono::day(static_cast<unsigned>(day)));
-    if (!date.ok()) throw vexa::Error(L"Type mismatch");
+    if (!date.ok()) typeMismatch();
     constexpr year_month_day epoch(std::chrono::year(1899), December, std::chrono::day(30));
     return days(date) - days(epoch);
 }

@@ -9,42 +9,43 @@
 
 namespace headless {
 
-/// The date stands still; milliseconds are those of the loop.
-class LoopClock : public vexa::Clock {
+/// A port that lives in the loop's time.
+template <class Port>
+class Looped : public Port {
 public:
-    explicit LoopClock(EventLoop& loop) : loop_(loop) {}
+    explicit Looped(EventLoop& loop) : loop_(loop) {}
+
+protected:
+    EventLoop& loop_;
+};
+
+/// The date stands still; milliseconds are those of the loop.
+class LoopClock : public Looped<vexa::Clock> {
+public:
+    using Looped::Looped;
     [[nodiscard]] vexa::LocalTime localTime() override { return time; }
     [[nodiscard]] std::int64_t milliseconds() override { return loop_.now(); }
     void sleep(int) override {}
     vexa::LocalTime time{2026, 2, 3, 9, 5, 7, 4};
-
-private:
-    EventLoop& loop_;
 };
 
 /// Nobody else is there: messages reach no window.
-class LonelyDesktop : public vexa::Desktop {
+class LonelyDesktop : public Looped<vexa::Desktop> {
 public:
-    explicit LonelyDesktop(EventLoop& loop) : loop_(loop) {}
+    using Looped::Looped;
     bool sendMessage(std::intptr_t, std::uint32_t, std::uintptr_t, std::intptr_t) override { return false; }
     void setPointer(vexa::PointerShape shape) override { pointer = shape; }
     void doEvents() override { loop_.runPending(); }
     vexa::PointerShape pointer = vexa::PointerShape::standard;
-
-private:
-    EventLoop& loop_;
 };
 
-class LoopTimers : public vexa::SystemTimers {
+class LoopTimers : public Looped<vexa::SystemTimers> {
 public:
-    explicit LoopTimers(EventLoop& loop) : loop_(loop) {}
+    using Looped::Looped;
     std::uintptr_t setTimer(std::uint32_t milliseconds, Callback callback) override {
         return loop_.startTimer(static_cast<int>(milliseconds), callback);
     }
     void killTimer(std::uintptr_t identifier) override { loop_.stopTimer(identifier); }
-
-private:
-    EventLoop& loop_;
 };
 
 /// Members that the ports refer to each other by; it stays where it was made.

@@ -1,4 +1,4 @@
-// Controls that nobody can press, and the push button.
+// Controls that nobody can press, the push button, and what several of the other kinds share.
 #pragma once
 
 #include "tests/headless/window.h"
@@ -7,8 +7,7 @@
 
 namespace headless {
 
-/// As a key and as a character.
-inline constexpr int BACKSPACE = 0x08;
+[[nodiscard]] inline bool isArrow(int key) { return key >= tests::key::left && key <= tests::key::down; }
 
 using Frame = Typed<ui::Frame>;
 using Line = Typed<ui::Line>;
@@ -36,6 +35,16 @@ public:
     using Pressable::Pressable;
     [[nodiscard]] bool isPushButton() const override { return true; }
     void press() override { raise(onClick); }
+};
+
+/// A control that has the focus and keeps the arrow keys and typed letters to itself.
+template <class Ui>
+class KeyTaking : public Typed<Ui> {
+public:
+    using Typed<Ui>::Typed;
+    [[nodiscard]] bool focusable() const override { return true; }
+    [[nodiscard]] bool wantsKey(const ui::KeyEvent& event) const override { return isArrow(event.key); }
+    [[nodiscard]] bool wantsCharacters() const override { return true; }
 };
 
 }  // namespace headless

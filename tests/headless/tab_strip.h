@@ -3,15 +3,14 @@
 
 #include <vector>
 
-#include "tests/headless/item.h"
-#include "tests/stage/user.h"
+#include "tests/headless/plain_controls.h"
 #include "ui/tabstrip.h"
 
 namespace headless {
 
-class TabStrip : public Typed<ui::TabStrip> {
+class TabStrip : public KeyTaking<ui::TabStrip> {
 public:
-    using Typed::Typed;
+    using KeyTaking::KeyTaking;
     void addTab(const std::wstring& caption) override { captions_.push_back(caption); }
     [[nodiscard]] int count() const override { return static_cast<int>(captions_.size()); }
     [[nodiscard]] std::wstring tabCaption(int index) const override {
@@ -24,12 +23,6 @@ public:
         raise(onClick);
     }
 
-    [[nodiscard]] bool focusable() const override { return true; }
-    [[nodiscard]] bool wantsKey(const ui::KeyEvent& event) const override {
-        return event.key >= tests::key::left && event.key <= tests::key::down;
-    }
-    [[nodiscard]] bool wantsCharacters() const override { return true; }
-    void press() override {}
     void handleKey(const ui::KeyEvent& event) override {
         if (event.key == tests::key::left) setCurrent(current_ - 1);
         if (event.key == tests::key::right) setCurrent(current_ + 1);

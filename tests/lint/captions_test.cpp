@@ -4,7 +4,6 @@
 #include <map>
 
 #include "tests/headless/dialog_template.h"
-#include "tests/support/source_folder.h"
 #include "tests/support/text.h"
 
 namespace headless {
@@ -132,13 +131,12 @@ using Captions = std::map<std::string, std::string>;
 
 Captions captionsOfTheTemplates() {
     Captions captions;
-    for (const std::string& script : dialogScripts(tests::sourceFolder()))
-        for (const DialogTemplate& dialog : readDialogs(tests::sourceFolder(), script)) {
-            captions[dialog.idName + " "] = tests::toUtf8(dialog.caption);
-            for (const TemplateControl& control : dialog.controls)
-                if (!control.caption.empty())
-                    captions[dialog.idName + " " + control.idName] = tests::toUtf8(control.caption);
-        }
+    for (const DialogTemplate& dialog : allDialogs()) {
+        captions[dialog.idName + " "] = tests::toUtf8(dialog.caption);
+        for (const TemplateControl& control : dialog.controls)
+            if (!control.caption.empty())
+                captions[dialog.idName + " " + control.idName] = tests::toUtf8(control.caption);
+    }
     return captions;
 }
 

@@ -90,7 +90,6 @@ private:
     static std::string name(const Block& block) { return block.controls.front()->idName; }
 
     // --- What takes part
-    // --------------------------------------------------------------------------------------
 
     /// What lies upon another control (a field's arrows, a toolbar's combos) or is not seen has no place of
     /// its own.
@@ -136,7 +135,6 @@ private:
     }
 
     // --- Distances
-    // --------------------------------------------------------------------------------------------
 
     void checkEdges(const TemplateControl* container, const Controls& controls) {
         const ui::Rect inside = insideOf(container);
@@ -201,7 +199,6 @@ private:
     }
 
     // --- Sizes
-    // ------------------------------------------------------------------------------------------------
 
     void checkSize(const TemplateControl& control) {
         const ui::Rect place = placeOf(control);

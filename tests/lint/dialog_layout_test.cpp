@@ -3,8 +3,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-
 #include "tests/lint/dialog_pages.h"
 
 namespace headless {
@@ -52,13 +50,11 @@ constexpr Flaw FLAWS[] = {
 class PlantedFlaw : public testing::TestWithParam<Flaw> {};
 
 TEST_P(PlantedFlaw, IsFound) {
-    std::vector<DialogTemplate> dialogs = allDialogs();
-    const auto dialog = std::ranges::find(dialogs, GetParam().dialog, &DialogTemplate::idName);
-    ASSERT_NE(dialog, dialogs.end());
-    const auto control = std::ranges::find(dialog->controls, GetParam().control, &TemplateControl::idName);
-    ASSERT_NE(control, dialog->controls.end());
-    control->units.*GetParam().part += GetParam().off;
-    EXPECT_THAT(layoutFindings(*dialog), Contains(HasSubstr(GetParam().finding)));
+    const Flaw& flaw = GetParam();
+    const DialogTemplate dialog =
+        flawed(flaw.dialog, flaw.control,
+               [&](DialogTemplate& copy, std::size_t at) { copy.controls[at].units.*flaw.part += flaw.off; });
+    EXPECT_THAT(layoutFindings(dialog), Contains(HasSubstr(flaw.finding)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Flaws, PlantedFlaw, testing::ValuesIn(FLAWS));

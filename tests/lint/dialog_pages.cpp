@@ -1,9 +1,9 @@
 #include "tests/lint/dialog_pages.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "tests/headless/kinds.h"
-#include "tests/support/source_folder.h"
 
 namespace headless {
 
@@ -48,12 +48,15 @@ std::vector<Controls> pagesOf(const DialogTemplate& dialog) {
     return {first, second};
 }
 
-std::vector<DialogTemplate> allDialogs() {
-    std::vector<DialogTemplate> dialogs;
-    const std::string sources = tests::sourceFolder();
-    for (const std::string& script : dialogScripts(sources))
-        for (DialogTemplate& dialog : readDialogs(sources, script)) dialogs.push_back(std::move(dialog));
-    return dialogs;
+DialogTemplate flawed(const std::string& dialog, const std::string& control,
+                      const std::function<void(DialogTemplate& dialog, std::size_t control)>& plant) {
+    for (DialogTemplate copy : allDialogs())
+        for (std::size_t index = 0; index < copy.controls.size(); ++index)
+            if (copy.idName == dialog && copy.controls[index].idName == control) {
+                plant(copy, index);
+                return copy;
+            }
+    throw std::logic_error(dialog + " has no control " + control);
 }
 
 }  // namespace headless

@@ -2,6 +2,7 @@
 // together.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "tests/headless/dialog_template.h"
@@ -30,7 +31,10 @@ using Controls = std::vector<const TemplateControl*>;
 /// first page's controls are visible in the template, the others' are not.
 [[nodiscard]] std::vector<Controls> pagesOf(const DialogTemplate& dialog);
 
-/// The product's dialogs.
-[[nodiscard]] std::vector<DialogTemplate> allDialogs();
+/// The product's dialog with a flaw in it, planted at the control. Throws std::logic_error where there is no
+/// such control.
+[[nodiscard]] DialogTemplate flawed(
+    const std::string& dialog, const std::string& control,
+    const std::function<void(DialogTemplate& dialog, std::size_t control)>& plant);
 
 }  // namespace headless

@@ -2,11 +2,8 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
-#include <fstream>
 #include <map>
-#include <sstream>
 
 #include "tests/lint/dialog_pages.h"
 #include "tests/support/source_folder.h"
@@ -30,20 +27,13 @@ struct Places {
     std::vector<DialogTemplate> dialogs;
 };
 
-std::string readAll(const fs::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-}
-
 Files filesEndingWith(const std::string& ending) {
     Files files;
     const fs::path sources = tests::sourceFolder();
     for (const char* room : ROOMS)
         for (const auto& entry : fs::recursive_directory_iterator(sources / room))
             if (entry.is_regular_file() && entry.path().string().ends_with(ending))
-                files[fs::relative(entry.path(), sources).string()] = readAll(entry.path());
+                files[fs::relative(entry.path(), sources).string()] = tests::contentOf(entry.path());
     return files;
 }
 
@@ -54,10 +44,6 @@ Places placesOfTheProduct() {
     for (const auto& [path, text] : filesEndingWith("ids.h"))
         places.headers[path] = readIdentifiers(tests::sourceFolder() + "/" + path);
     return places;
-}
-
-bool isWordCharacter(char character) {
-    return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '_';
 }
 
 bool containsWord(const std::string& text, const std::string& word) {
@@ -75,8 +61,7 @@ bool anyContainsWord(const Files& files, const std::string& word) {
 
 // --- The rules --------------------------------------------------------------------------------------------
 
-Findings givenTwice(const Places& places) {
-    Findings found;
+void givenTwice(const Places& places, Findings& found) {
     std::map<std::string, std::string> names;
     std::map<int, std::string> numbers;
     for (const auto& [path, identifiers] : places.headers)
@@ -86,50 +71,40 @@ Findings givenTwice(const Places& places) {
             if (!numbers.emplace(number, name).second)
                 found.push_back(name + " has the number of " + numbers[number]);
         }
-    return found;
 }
 
-Findings stale(const Places& places) {
-    Findings found;
+void stale(const Places& places, Findings& found) {
     for (const auto& [path, identifiers] : places.headers)
         for (const auto& [name, number] : identifiers)
             if (!anyContainsWord(places.scripts, name)) found.push_back(name + " is stale");
-    return found;
 }
 
-Findings neverShown(const Places& places) {
-    Findings found;
+void neverShown(const Places& places, Findings& found) {
     for (const DialogTemplate& dialog : places.dialogs)
         if (!anyContainsWord(places.code, dialog.idName)) found.push_back(dialog.idName + " is never shown");
-    return found;
 }
 
 /// Controls that take input and that no code uses.
-Findings unused(const Places& places) {
-    Findings found;
+void unused(const Places& places, Findings& found) {
     for (const DialogTemplate& dialog : places.dialogs)
         for (const TemplateControl& control : dialog.controls)
             if (!isDecoration(control) && !anyContainsWord(places.code, control.idName))
                 found.push_back(control.idName + " is used by no code");
-    return found;
 }
 
-Findings outsideTheirBlock(const Places& places) {
+void outsideTheirBlock(const Places& places, Findings& found) {
     constexpr int BLOCK = 100;
     constexpr int SHARED = 10;  // the buttons that Enter and Esc press
-    Findings found;
     for (const DialogTemplate& dialog : places.dialogs)
         for (const TemplateControl& control : dialog.controls)
             if (control.id >= SHARED && (control.id <= dialog.id || control.id >= dialog.id + BLOCK))
                 found.push_back(control.idName + " lies outside the block of " + dialog.idName);
-    return found;
 }
 
 Findings findingsIn(const Places& places) {
-    Findings all;
-    for (const auto rule : {givenTwice, stale, neverShown, unused, outsideTheirBlock})
-        for (const std::string& finding : rule(places)) all.push_back(finding);
-    return all;
+    Findings found;
+    for (const auto rule : {givenTwice, stale, neverShown, unused, outsideTheirBlock}) rule(places, found);
+    return found;
 }
 
 // --- The product ------------------------------------------------------------------------------------------

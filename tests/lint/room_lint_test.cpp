@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <set>
 #include <sstream>
@@ -23,11 +21,6 @@ using testing::IsEmpty;
 using Rooms = std::map<std::string, std::set<std::string>>;
 
 const std::string EVERYTHING = "everything";
-
-std::string contentOf(const fs::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 /// What stands between backticks, in order.
 std::vector<std::string> textsInBackticks(const std::string& cell) {
@@ -98,6 +91,8 @@ std::vector<fs::path> sourcesBelow(const fs::path& folder) {
 
 class RoomLint : public testing::Test {
 protected:
+    const fs::path sources = sourceFolder();
+    const Rooms rooms = readRooms(contentOf(sources / "docs/architecture.md"));
     const Rooms planted = readRooms(
         "| Folder | What lives there | May include |\n"
         "|---|---|---|\n"
@@ -109,8 +104,6 @@ protected:
 };
 
 TEST_F(RoomLint, EveryRoomIncludesWhatTheArchitectureLetsItInclude) {
-    const fs::path sources = sourceFolder();
-    const Rooms rooms = readRooms(contentOf(sources / "docs/architecture.md"));
     int read = 0;
     for (const fs::path& path : sourcesBelow(sources)) {
         const std::string place = fs::relative(path, sources).generic_string();
@@ -121,10 +114,9 @@ TEST_F(RoomLint, EveryRoomIncludesWhatTheArchitectureLetsItInclude) {
 }
 
 TEST_F(RoomLint, EveryFolderOfTheTableIsThereAndStandsBelowWhatItIncludes) {
-    const Rooms rooms = readRooms(contentOf(fs::path(sourceFolder()) / "docs/architecture.md"));
     EXPECT_GE(rooms.size(), 10U);
     for (const auto& [room, allowed] : rooms) {
-        EXPECT_TRUE(fs::is_directory(fs::path(sourceFolder()) / room)) << room;
+        EXPECT_TRUE(fs::is_directory(sources / room)) << room;
         for (const std::string& other : allowed) {
             if (other == EVERYTHING) continue;
             ASSERT_TRUE(rooms.contains(other)) << room << " may include " << other << ", which is no room";

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <sstream>
 
 #include "common/settings.h"
@@ -13,12 +12,7 @@
 namespace tests {
 namespace {
 
-std::string readAll(const std::string& path) {
-    std::ifstream stream(sourceFolder() + "/" + path, std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-}
+std::string readAll(const std::string& path) { return contentOf(sourceFolder() + "/" + path); }
 
 /// The texts in quotes of the lines that declare names of registry values.
 std::vector<std::string> declaredNames(const std::string& header) {

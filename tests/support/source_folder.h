@@ -8,4 +8,7 @@ namespace tests {
 /// Without a final slash.
 [[nodiscard]] std::string sourceFolder();
 
+/// The bytes of a file. Throws std::runtime_error where it cannot be read.
+[[nodiscard]] std::string contentOf(const std::string& path);
+
 }  // namespace tests

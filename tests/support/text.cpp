@@ -11,24 +11,11 @@ bool isHighSurrogate(std::uint32_t unit) { return unit >= 0xD800 && unit < 0xDC0
 bool isLowSurrogate(std::uint32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
 
 void appendUtf8(std::string& bytes, std::uint32_t point) {
-    const auto tail = [&](int shift) {
-        bytes.push_back(static_cast<char>(0x80 | ((point >> shift) & 0x3F)));
-    };
-    if (point < 0x80) {
-        bytes.push_back(static_cast<char>(point));
-    } else if (point < 0x800) {
-        bytes.push_back(static_cast<char>(0xC0 | (point >> 6)));
-        tail(0);
-    } else if (point < FIRST_SUPPLEMENTARY) {
-        bytes.push_back(static_cast<char>(0xE0 | (point >> 12)));
-        tail(6);
-        tail(0);
-    } else {
-        bytes.push_back(static_cast<char>(0xF0 | (point >> 18)));
-        tail(12);
-        tail(6);
-        tail(0);
-    }
+    constexpr std::uint32_t FIRST_MARKS[] = {0, 0xC0, 0xE0, 0xF0};
+    const int tails = (point >= 0x80) + (point >= 0x800) + (point >= FIRST_SUPPLEMENTARY);
+    bytes.push_back(static_cast<char>(FIRST_MARKS[tails] | (point >> (6 * tails))));
+    for (int left = tails - 1; left >= 0; --left)
+        bytes.push_back(static_cast<char>(0x80 | ((point >> (6 * left)) & 0x3F)));
 }
 
 void appendWide(std::wstring& text, std::uint32_t point) {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "workbench/addin/contract.h"
+#include "workbench/answers.h"
 
 namespace workbench {
 namespace {
@@ -39,13 +40,6 @@ com::Ptr<ITypeLib> ownTypeLibrary() {
     GetModuleFileNameW(nullptr, path, MAX_PATH);
     LoadTypeLibEx(path, REGKIND_NONE, library.out());
     return library;
-}
-
-template <class Interface>
-HRESULT give(Interface* object, void** out) {
-    object->AddRef();
-    *out = object;
-    return S_OK;
 }
 
 /// Walks over one connection point.

@@ -120,15 +120,18 @@ void Knowledgebases::clear() {
     write({});
 }
 
+std::wstring serialText(double serial) {
+    com::Bstr text;
+    VarBstrFromR8(serial, LOCALE_USER_DEFAULT, 0, text.out());
+    return com::toText(text.get());
+}
+
 std::wstring presentDateSerial() {
     SYSTEMTIME now;
     GetLocalTime(&now);
     double serial = 0;
-    com::Bstr text;
     SystemTimeToVariantTime(&now, &serial);
-    // The user's own locale: the page converts the text back by the same rules.
-    VarBstrFromR8(serial, LOCALE_USER_DEFAULT, 0, text.out());
-    return com::toText(text.get());
+    return serialText(serial);
 }
 
 }  // namespace workbench

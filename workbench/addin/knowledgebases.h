@@ -42,7 +42,9 @@ private:
     [[nodiscard]] static std::wstring fileOf(const std::wstring& name);
 };
 
-/// The present local time as the decimal text of a date serial, by the rules of the user's locale.
+/// A date serial as decimal text, by the rules of the user's own locale: the page converts it back by them.
+[[nodiscard]] std::wstring serialText(double serial);
+/// That of the present local time.
 [[nodiscard]] std::wstring presentDateSerial();
 
 }  // namespace workbench

@@ -1,6 +1,5 @@
 #include "workbench/addin/sample.h"
 
-#include "interfaces/com.h"
 #include "workbench/addin/contract.h"
 #include "workbench/addin/knowledgebases.h"
 #include "workbench/addin/store.h"
@@ -25,12 +24,6 @@ constexpr Sample SAMPLES[] = {
     {L"Reisekosten Übersicht", 45655.0, 71'500, 48},
     {L"Newsletters", -1, -1, 0},
 };
-
-std::wstring serialText(double serial) {
-    com::Bstr text;
-    VarBstrFromR8(serial, LOCALE_USER_DEFAULT, 0, text.out());
-    return com::toText(text.get());
-}
 
 void fillKnowledgebases() {
     Knowledgebases knowledgebases;

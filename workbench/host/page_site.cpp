@@ -3,26 +3,6 @@
 #include "workbench/host/ambient.h"
 
 namespace workbench {
-namespace {
-
-constexpr long PROPERTY_PAGE_SITE_CLASS = 70;  // Outlook's number for the kind of object
-constexpr DISPID ON_STATUS_CHANGE = 0x2100;
-
-template <class Interface>
-HRESULT give(Interface* object, void** out) {
-    object->AddRef();
-    *out = object;
-    return S_OK;
-}
-
-template <class Type>
-HRESULT none(Type** out) {
-    if (out == nullptr) return E_POINTER;
-    *out = nullptr;
-    return E_NOTIMPL;
-}
-
-}  // namespace
 
 PageSite::PageSite(HWND window, PageEvents& events, CallList& calls)
     : window_(window), events_(&events), calls_(calls) {}
@@ -58,8 +38,6 @@ ULONG PageSite::Release() {
 
 // --- Client site and place --------------------------------------------------------------------------------
 
-HRESULT PageSite::GetMoniker(DWORD, DWORD, IMoniker** moniker) { return none(moniker); }
-
 HRESULT PageSite::GetContainer(IOleContainer** container) {
     return none(container) == E_POINTER ? E_POINTER : E_NOINTERFACE;
 }
@@ -90,8 +68,6 @@ HRESULT PageSite::SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) {
     return S_OK;
 }
 
-HRESULT PageSite::GetExtendedControl(IDispatch** control) { return none(control); }
-
 HRESULT PageSite::TranslateAccelerator(MSG* message, DWORD) {
     if (message == nullptr) return E_POINTER;
     return events_ != nullptr && events_->leftoverKey(*message) ? S_OK : S_FALSE;
@@ -105,10 +81,6 @@ HRESULT PageSite::GetTypeInfoCount(UINT* count) {
     return S_OK;
 }
 
-HRESULT PageSite::GetTypeInfo(UINT, LCID, ITypeInfo** information) { return none(information); }
-
-HRESULT PageSite::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) { return DISP_E_UNKNOWNNAME; }
-
 HRESULT PageSite::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                          UINT*) {
     if ((flags & DISPATCH_PROPERTYGET) == 0) return DISP_E_MEMBERNOTFOUND;
@@ -121,48 +93,6 @@ HRESULT PageSite::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS*, V
 void PageSite::statusChanged() {
     calls_.note(side::pageToHost, L"OnStatusChange");
     if (events_ != nullptr) events_->statusChanged();
-}
-
-HRESULT PageSite::Outlook::QueryInterface(REFIID iid, void** object) {
-    // The dispatch interface of this face is its own.
-    if (object != nullptr && iid == __uuidof(IDispatch))
-        return give(static_cast<PropertyPageSite*>(this), object);
-    return site_.QueryInterface(iid, object);
-}
-
-HRESULT PageSite::Outlook::GetTypeInfoCount(UINT* count) { return site_.GetTypeInfoCount(count); }
-
-HRESULT PageSite::Outlook::GetTypeInfo(UINT, LCID, ITypeInfo** information) { return none(information); }
-
-HRESULT PageSite::Outlook::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) {
-    return DISP_E_UNKNOWNNAME;
-}
-
-HRESULT PageSite::Outlook::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                                  UINT*) {
-    if (member != ON_STATUS_CHANGE || (flags & DISPATCH_METHOD) == 0) return DISP_E_MEMBERNOTFOUND;
-    return OnStatusChange();
-}
-
-HRESULT PageSite::Outlook::get_Application(IDispatch** application) { return none(application); }
-
-HRESULT PageSite::Outlook::get_Class(long* classNumber) {
-    if (classNumber == nullptr) return E_POINTER;
-    *classNumber = PROPERTY_PAGE_SITE_CLASS;
-    return S_OK;
-}
-
-HRESULT PageSite::Outlook::get_Session(IDispatch** session) { return none(session); }
-
-HRESULT PageSite::Outlook::get_Parent(IDispatch** parent) { return none(parent); }
-
-HRESULT PageSite::Outlook::OnStatusChange() {
-    try {
-        site_.statusChanged();
-        return S_OK;
-    } catch (...) {
-        return E_FAIL;
-    }
 }
 
 }  // namespace workbench

@@ -9,6 +9,7 @@
 #include "OutlookPages.h"
 #include "interfaces/com.h"
 #include "workbench/addin/call_list.h"
+#include "workbench/answers.h"
 #include "workbench/host/page_events.h"
 
 namespace workbench {
@@ -38,7 +39,7 @@ public:
     ULONG STDMETHODCALLTYPE Release() override;
     // IOleClientSite
     HRESULT STDMETHODCALLTYPE SaveObject() override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker** moniker) override;
+    HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker** moniker) override { return none(moniker); }
     HRESULT STDMETHODCALLTYPE GetContainer(IOleContainer** container) override;
     HRESULT STDMETHODCALLTYPE ShowObject() override { return S_OK; }
     HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL) override { return S_OK; }
@@ -75,15 +76,19 @@ public:
     // IOleControlSite
     HRESULT STDMETHODCALLTYPE OnControlInfoChanged() override { return S_OK; }
     HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE GetExtendedControl(IDispatch** control) override;
+    HRESULT STDMETHODCALLTYPE GetExtendedControl(IDispatch** control) override { return none(control); }
     HRESULT STDMETHODCALLTYPE TransformCoords(POINTL*, POINTF*, DWORD) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG* message, DWORD modifiers) override;
     HRESULT STDMETHODCALLTYPE OnFocus(BOOL) override { return S_OK; }
     HRESULT STDMETHODCALLTYPE ShowPropertyFrame() override { return E_NOTIMPL; }
     // IDispatch: the ambient properties
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** information) override;
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override;
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** information) override {
+        return none(information);
+    }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+        return DISP_E_UNKNOWNNAME;
+    }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID iid, LCID locale, WORD flags,
                                      DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                                      UINT* wrongArgument) override;
@@ -96,20 +101,48 @@ private:
     public:
         explicit Outlook(PageSite& site) : site_(site) {}
         ~Outlook() = default;
-        HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
+        HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+            // The dispatch interface of this face is its own.
+            if (object != nullptr && iid == __uuidof(IDispatch))
+                return give(static_cast<PropertyPageSite*>(this), object);
+            return site_.QueryInterface(iid, object);
+        }
         ULONG STDMETHODCALLTYPE AddRef() override { return site_.AddRef(); }
         ULONG STDMETHODCALLTYPE Release() override { return site_.Release(); }
-        HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-        HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** information) override;
-        HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override;
-        HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID iid, LCID locale, WORD flags,
-                                         DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
-                                         UINT* wrongArgument) override;
-        HRESULT STDMETHODCALLTYPE get_Application(IDispatch** application) override;
-        HRESULT STDMETHODCALLTYPE get_Class(long* classNumber) override;
-        HRESULT STDMETHODCALLTYPE get_Session(IDispatch** session) override;
-        HRESULT STDMETHODCALLTYPE get_Parent(IDispatch** parent) override;
-        HRESULT STDMETHODCALLTYPE OnStatusChange() override;
+        HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
+            return site_.GetTypeInfoCount(count);
+        }
+        HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** information) override {
+            return none(information);
+        }
+        HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+            return DISP_E_UNKNOWNNAME;
+        }
+        HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT*,
+                                         EXCEPINFO*, UINT*) override {
+            constexpr DISPID ON_STATUS_CHANGE = 0x2100;
+            if (member != ON_STATUS_CHANGE || (flags & DISPATCH_METHOD) == 0) return DISP_E_MEMBERNOTFOUND;
+            return OnStatusChange();
+        }
+        HRESULT STDMETHODCALLTYPE get_Application(IDispatch** application) override {
+            return none(application);
+        }
+        HRESULT STDMETHODCALLTYPE get_Class(long* classNumber) override {
+            constexpr long PROPERTY_PAGE_SITE_CLASS = 70;  // Outlook's number for the kind of object
+            if (classNumber == nullptr) return E_POINTER;
+            *classNumber = PROPERTY_PAGE_SITE_CLASS;
+            return S_OK;
+        }
+        HRESULT STDMETHODCALLTYPE get_Session(IDispatch** session) override { return none(session); }
+        HRESULT STDMETHODCALLTYPE get_Parent(IDispatch** parent) override { return none(parent); }
+        HRESULT STDMETHODCALLTYPE OnStatusChange() override {
+            try {
+                site_.statusChanged();
+                return S_OK;
+            } catch (...) {
+                return E_FAIL;
+            }
+        }
 
     private:
         PageSite& site_;

@@ -43,12 +43,12 @@ void readPress(CommandLine& line, const std::wstring& button) {
         line.presses.push_back(found->second);
 }
 
-/// Reads milliseconds into a place of the command line.
-template <class Place>
-auto time(const wchar_t* option, Place place) {
+/// Reads milliseconds into a member of a part of the command line.
+template <class Part>
+auto time(const wchar_t* option, Part CommandLine::*part, unsigned Part::*member) {
     return [=](CommandLine& line, const std::wstring& text) {
         wchar_t* end = nullptr;
-        place(line) = std::wcstoul(text.c_str(), &end, 10);
+        (line.*part).*member = std::wcstoul(text.c_str(), &end, 10);
         if (text.empty() || *end != L'\0') line.fault = std::wstring(option) + L" " + text;
     };
 }
@@ -82,14 +82,9 @@ const std::map<std::wstring, Option> OPTIONS{
     {L"--ocx", [](CommandLine& line, const std::wstring& text) { line.pageFile = text; }},
     {L"--log", [](CommandLine& line, const std::wstring& text) { line.logFile = text; }},
     {L"--eml", [](CommandLine& line, const std::wstring& text) { line.behaviour.mailFolder = text; }},
-    {L"--work-time", time(
-                         L"--work-time", [](CommandLine& line) -> auto& { return line.behaviour.workTime; })},
-    {L"--searching-time",
-     time(
-         L"--searching-time", [](CommandLine& line) -> auto& { return line.weather.searchingTime; })},
-    {L"--base-folder-time",
-     time(
-         L"--base-folder-time", [](CommandLine& line) -> auto& { return line.weather.baseFolderTime; })},
+    {L"--work-time", time(L"--work-time", &CommandLine::behaviour, &Behaviour::workTime)},
+    {L"--searching-time", time(L"--searching-time", &CommandLine::weather, &Weather::searchingTime)},
+    {L"--base-folder-time", time(L"--base-folder-time", &CommandLine::weather, &Weather::baseFolderTime)},
     {L"--fail", readFailure},
     {L"--press", readPress},
 };
