@@ -8,21 +8,8 @@
 namespace tests {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Not;
-using vexa::frmKBConfiguration;
-using Names = std::vector<std::wstring>;
-using ui::MessageAnswer;
-
-class KBHostCloses : public KBTest {
-protected:
-    void SetUp() override {
-        KBTest::SetUp();
-        stage->setValue(ROOT, L"hWndSearchCtl", 4711);
-        recordNames({L"Mail", L"News"});
-    }
+class KBHostCloses : public KBMailAndNews {
+public:
     /// The host closes the page inside the next call that begins so.
     void hostClosesDuring(const std::string& call) {
         calls.during(call, [this] { stage->closeDialogs(); });
@@ -37,8 +24,7 @@ protected:
 
 TEST_F(KBHostCloses, OverTheLockedDialog) {
     open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
+        lockByUpdate(form);
         stage->closeDialogs();
         EXPECT_FALSE(form.window().isOpen());
     });
@@ -214,7 +200,7 @@ TEST_F(KBHostCloses, InTheCallThatRefusesANameReadsNoListAnew) {
             EXPECT_FALSE(form.window().isOpen());
         });
         calls.forgetFaults();
-        EXPECT_THAT(calls.linesWith("addin Notify"), testing::SizeIs(1));
+        EXPECT_THAT(calls.linesWith("addin Notify"), SizeIs(1));
         EXPECT_THAT(log(), Not(Contains("frmKBConfiguration, Lookup: ProjectEventName")));
         EXPECT_THAT(stage->messages(), IsEmpty());
     }
@@ -251,7 +237,7 @@ TEST_F(KBHostCloses, WhileTheAddInHearsOfTheRemovalOfTheAutoUpdateKnowledgebaseS
     application.settings.DefaultProject = L"Mail";
     open([&](frmKBConfiguration& form) {
         choose(form, L"Mail");
-        stage->answerMessages({ui::MessageAnswer::yes});
+        stage->answerMessages({MessageAnswer::yes});
         hostClosesDuring("addin NotifyKbRemoved");
         user.click(form.cmdRemove);
     });
@@ -272,8 +258,7 @@ TEST_F(KBHostCloses, WhileTheAddInIsAskedWhetherItUpdatesGivesNoCommand) {
 
 TEST_F(KBHostCloses, WhileItIsLockedLooksForNoEndAnyMore) {
     open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
+        lockByUpdate(form);
         user.closeWindow(form.window());
         stage->setValue(KEY, L"KBProcessState", 3);
         user.wait(1000);

@@ -36,7 +36,7 @@ private:
 };
 
 class PageTest : public FormTest {
-protected:
+public:
     /// Creates the page and starts it.
     vexa::ctlPPE& start() {
         create();

@@ -13,7 +13,7 @@ using vexa::frmSendBugReport;
 using vexa::SEND_BUTTON;
 
 class ReportTest : public FormTest {
-protected:
+public:
     void SetUp() override { application.addIn = application.platform.addIns.running(); }
 
     /// Opens a composer, plays `script` and closes the composer where that is still open.
