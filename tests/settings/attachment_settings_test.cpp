@@ -6,12 +6,6 @@
 namespace tests {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using vexa::ChangeFlags;
-using vexa::frmAttachment;
-using vexa::Settings;
-
 class AttachmentSettings : public SettingsTest {
 protected:
     void open(const std::function<void(frmAttachment&)>& script) { openAttachments(script); }
@@ -22,11 +16,10 @@ protected:
     }
     /// Opens the dialog with lists that have room for just so many items.
     void openWithRoom(int available, int selected, const std::function<void(frmAttachment&)>& script) {
-        stage->whenShown<frmAttachment>(script);
         frmAttachment form(application, stage->owner());
         stage->setRoom(form.lstAvailable, available);
         stage->setRoom(form.lstSelected, selected);
-        form.Show();
+        show(form, script);
     }
     void showExtensions(frmAttachment& form) { user.pickTab(form.sstAttachments, 1); }
 
@@ -44,20 +37,14 @@ protected:
 
 // --- Loading ----------------------------------------------------------------------------------------------
 
-TEST_F(AttachmentSettings, TheTwoTabsBearTheirCaptions) {
+TEST_F(AttachmentSettings, TabsBearTheirCaptionsAndPictureButtonsTooltips) {
     open([&](frmAttachment& form) {
         EXPECT_EQ(form.sstAttachments.count(), 2);
         EXPECT_EQ(form.sstAttachments.tabCaption(0), L"Knowledgebase");
         EXPECT_EQ(form.sstAttachments.tabCaption(1), L"Extensions");
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(AttachmentSettings, PictureButtonsHaveTooltipsInsteadOfCaptions) {
-    open([&](frmAttachment& form) {
         EXPECT_EQ(form.cmdAdd.tooltip(), L"Add to the selected extensions");
         EXPECT_EQ(form.cmdRemove.tooltip(), L"Remove from the selected extensions");
-        user.click(form.cmdCancel);
+        EXPECT_EQ(form.txtMaxSize.description(), L"1 to 65000");
     });
 }
 
@@ -72,7 +59,6 @@ TEST_F(AttachmentSettings, TheControlsShowTheRecord) {
         EXPECT_EQ(form.txtMaxSize.text(), L"512");
         EXPECT_TRUE(form.chkFindAtt.checked());
         EXPECT_EQ(sizeField(form), on);
-        user.click(form.cmdCancel);
     });
 }
 
@@ -86,32 +72,12 @@ TEST_F(AttachmentSettings, WithNothingStoredBothListsAreEmptyAndTheButtonsDisabl
     EXPECT_EQ(storedText(L"SelectedExtensions"), L"");
 }
 
-TEST_F(AttachmentSettings, AvailableExtensionsAreShownWhereTheyAreNotSelected) {
-    setExtensions(L"doc;pdf;txt;", L"PDF;");
-    open([&](frmAttachment& form) {
-        EXPECT_THAT(items(form.lstAvailable), ElementsAre(L"doc", L"txt"));
-        EXPECT_THAT(items(form.lstSelected), ElementsAre(L"pdf"));
-        user.click(form.cmdOk);
-    });
-    EXPECT_EQ(storedText(L"SelectedExtensions"), L"pdf;");
-    EXPECT_EQ(storedText(L"AvailableExtensions"), L"doc;pdf;txt;") << "never written";
-}
-
-TEST_F(AttachmentSettings, AListWithoutItsFinalSeparatorLosesItsLastItem) {
-    setExtensions(L"doc;pdf", L"");
-    open([&](frmAttachment& form) {
-        EXPECT_THAT(items(form.lstAvailable), ElementsAre(L"doc"));
-        user.click(form.cmdCancel);
-    });
-}
-
 TEST_F(AttachmentSettings, TheFirstItemOfEachListIsSelected) {
     setExtensions(L"doc;txt;zip;", L"pdf;rtf;");
     open([&](frmAttachment& form) {
         EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"doc"));
         EXPECT_THAT(selectedItems(form.lstSelected), ElementsAre(L"pdf"));
         EXPECT_THAT(moveButtons(form), ElementsAre(true, true));
-        user.click(form.cmdCancel);
     });
 }
 
@@ -130,7 +96,6 @@ TEST_F(AttachmentSettings, UntickedTheSizeFieldIsDisabledWhateverOptionIsSelecte
         EXPECT_EQ(sizeField(form), on);
         user.click(form.chkKBAdd);
         EXPECT_EQ(sizeField(form), off);
-        user.click(form.cmdCancel);
     });
 }
 
@@ -144,7 +109,6 @@ TEST_F(AttachmentSettings, TickingEnablesTheSizeFieldOnlyForFilesOfMaximumSize) 
         EXPECT_EQ(sizeField(form), on);
         user.click(everyFile(form));
         EXPECT_EQ(sizeField(form), off);
-        user.click(form.cmdCancel);
     });
 }
 
@@ -155,7 +119,6 @@ TEST_F(AttachmentSettings, TheQueryCheckBoxIsIndependent) {
         user.click(form.chkFindAtt);
         EXPECT_TRUE(form.chkFindAtt.checked());
         EXPECT_FALSE(form.chkKBAdd.checked());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -176,18 +139,6 @@ TEST_F(AttachmentSettings, KeysChangeTheTabFromWhereverTheFocusIs) {
         EXPECT_EQ(tabAfter(key::pageDown, ui::modifier::control), 0) << "around the end";
         EXPECT_EQ(tabAfter(key::pageUp, ui::modifier::control), 1);
         EXPECT_TRUE(form.lstAvailable.hasFocus());
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(AttachmentSettings, TheTabStripIsTheFirstStopBeforeItsPage) {
-    open([&](frmAttachment& form) {
-        form.cmdCancel.setFocus();
-        user.press(form.window(), key::tab);
-        EXPECT_TRUE(form.sstAttachments.hasFocus());
-        user.press(form.window(), key::tab);
-        EXPECT_TRUE(form.chkKBAdd.hasFocus());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -207,7 +158,6 @@ TEST_F(AttachmentSettings, EachTabShowsItsControlsAndMovesTheFocusToItsFirst) {
         EXPECT_TRUE(form.chkKBAdd.visible());
         EXPECT_FALSE(form.lstSelected.visible());
         EXPECT_TRUE(form.chkKBAdd.hasFocus());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -219,7 +169,6 @@ TEST_F(AttachmentSettings, ThePageOfATabKeepsWhatWasDoneOnIt) {
         user.pickTab(form.sstAttachments, 0);
         EXPECT_TRUE(form.chkFindAtt.checked());
         EXPECT_EQ(sizeField(form), on);
-        user.click(form.cmdCancel);
     });
 }
 
@@ -281,7 +230,6 @@ TEST_F(AttachmentSettings, OnlyCtrlASelectsEverything) {
             EXPECT_THAT(selectedItems(form.lstSelected), ElementsAre(L"pdf", L"rtf")) << more;
         }
         EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"doc")) << "the other list is left alone";
-        user.click(form.cmdCancel);
     });
 }
 
@@ -297,7 +245,6 @@ TEST_F(AttachmentSettings, SomeItemsPickedWithCtrlAreMovedAndTheSourcesFirstIsSe
         EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"a"));
         EXPECT_THAT(items(form.lstSelected), ElementsAre(L"z", L"d", L"b"));
         EXPECT_THAT(selectedItems(form.lstSelected), ElementsAre(L"d", L"b")) << "z is not any more";
-        user.click(form.cmdCancel);
     });
 }
 
@@ -324,7 +271,6 @@ TEST_F(AttachmentSettings, WithNothingSelectedAddOnlySelectsTheFirst) {
         EXPECT_THAT(items(form.lstAvailable), ElementsAre(L"a", L"b"));
         EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"a"));
         EXPECT_THAT(selectedItems(form.lstSelected), IsEmpty());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -340,7 +286,6 @@ TEST_F(AttachmentSettings, CtrlADoesNotLookForAnItemOfItsCharacter) {
                                                                   L"\x01"
                                                                   L"a",
                                                                   L"txt"));
-        user.click(form.cmdCancel);
     });
 }
 
@@ -432,15 +377,6 @@ TEST_F(AttachmentSettings, CancelWritesNothing) {
     EXPECT_THAT(calls.linesWith("registry create"), IsEmpty());
 }
 
-TEST_F(AttachmentSettings, ThePageIsNotMarkedChanged) {
-    open([&](frmAttachment& form) {
-        user.click(form.chkKBAdd);
-        user.click(form.chkFindAtt);
-        user.click(form.cmdOk);
-    });
-    EXPECT_EQ(application.flags, ChangeFlags());
-}
-
 TEST_F(AttachmentSettings, ItReadsAndWritesTheProfilesKey) {
     stage->setValue(SETTINGS_KEY, L"CurrentProfile", L"Jane");
     application.loadProfileKey();
@@ -455,46 +391,21 @@ TEST_F(AttachmentSettings, ItReadsAndWritesTheProfilesKey) {
 
 // --- Keyboard ---------------------------------------------------------------------------------------------
 
-TEST_F(AttachmentSettings, EnterReachesOkAndEscCancel) {
-    open([&](frmAttachment& form) {
-        user.click(form.chkFindAtt);
-        user.press(form.window(), key::enter);
-        EXPECT_FALSE(form.window().isOpen());
-    });
-    EXPECT_TRUE(settings.AddAttachmentsToQuery);
-    open([&](frmAttachment& form) {
-        user.click(form.chkFindAtt);
-        user.press(form.window(), key::escape);
-        EXPECT_FALSE(form.window().isOpen());
-    });
-    EXPECT_TRUE(settings.AddAttachmentsToQuery);
-}
-
-TEST_F(AttachmentSettings, TheCloseBoxCancels) {
-    open([&](frmAttachment& form) {
-        user.click(form.chkFindAtt);
-        user.closeWindow(form.window());
-    });
-    EXPECT_FALSE(settings.AddAttachmentsToQuery);
+TEST_F(AttachmentSettings, EnterReachesOkAndEscAndTheCloseBoxCancel) {
+    expectEndings<frmAttachment>(
+        &SettingsScene::openAttachments, [](frmAttachment& form) -> ui::CheckBox& { return form.chkFindAtt; },
+        &Settings::AddAttachmentsToQuery);
 }
 
 TEST_F(AttachmentSettings, TabReachesTheControlsOfTheShownPageOnly) {
     limitSize();
     setExtensions(L"doc;", L"pdf;");
     open([&](frmAttachment& form) {
-        const auto walk = [&](ui::Control& first, const std::vector<ui::Control*>& next) {
-            first.setFocus();
-            for (std::size_t index = 0; index < next.size(); ++index) {
-                user.press(form.window(), key::tab);
-                EXPECT_TRUE(next[index]->hasFocus()) << index;
-            }
-        };
-        walk(form.chkKBAdd, {&limited(form), &form.txtMaxSize, &form.chkFindAtt, &form.cmdOk, &form.cmdCancel,
-                             &form.sstAttachments, &form.chkKBAdd});
+        expectTabOrder(form, {&form.chkKBAdd, &limited(form), &form.txtMaxSize, &form.chkFindAtt, &form.cmdOk,
+                              &form.cmdCancel, &form.sstAttachments, &form.chkKBAdd});
         showExtensions(form);
-        walk(form.lstAvailable, {&form.cmdAdd, &form.cmdRemove, &form.lstSelected, &form.cmdOk,
-                                 &form.cmdCancel, &form.sstAttachments, &form.lstAvailable});
-        user.click(form.cmdCancel);
+        expectTabOrder(form, {&form.lstAvailable, &form.cmdAdd, &form.cmdRemove, &form.lstSelected,
+                              &form.cmdOk, &form.cmdCancel, &form.sstAttachments, &form.lstAvailable});
     });
 }
 
@@ -508,7 +419,6 @@ TEST_F(AttachmentSettings, TabsAreChangedByTheArrowKeys) {
         user.press(form.window(), key::left);
         EXPECT_EQ(form.sstAttachments.current(), 0);
         EXPECT_TRUE(form.chkKBAdd.hasFocus());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -531,7 +441,7 @@ TEST_F(AttachmentSettings, ExtensionsAreMovedByKeyboardAlone) {
 TEST_F(AttachmentSettings, AccessKeysWorkOnTheShownPage) {
     limitSize();
     open([&](frmAttachment& form) {
-        const auto alt = [&](int letter) { user.press(form.window(), letter, ui::modifier::alt); };
+        const auto alt = [&](int letter) { pressAlt(form, letter); };
         alt('S');
         EXPECT_TRUE(form.txtMaxSize.hasFocus()) << "the list of the same letter is hidden";
         alt('A');
@@ -547,7 +457,6 @@ TEST_F(AttachmentSettings, AccessKeysWorkOnTheShownPage) {
         EXPECT_TRUE(form.lstSelected.hasFocus());
         alt('V');
         EXPECT_TRUE(form.lstAvailable.hasFocus());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -604,9 +513,7 @@ std::vector<Deed<frmAttachment>> attachmentDeeds() {
          [](User& user, frmAttachment& form) {
              tick(user, form);
              user.click(form.optKBAddAll[1]);
-             form.txtMaxSize.setFocus();
-             form.txtMaxSize.select(0, static_cast<int>(form.txtMaxSize.text().size()));
-             user.type(form.txtMaxSize, L"2048");
+             typeOver(user, form.txtMaxSize, L"2048");
          },
          [](Settings& s) {
              setOptions(s, true, false, true);
@@ -631,6 +538,7 @@ TEST_P(AttachmentSettingsTable, WritesAndStoresOnOkAndForgetsOnCancel) {
     open([&](frmAttachment& form) {
         deed.act(user, form);
         user.click(confirmed ? form.cmdOk : form.cmdCancel);
+        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_EQ(settings, expected);
     EXPECT_EQ(application.flags, ChangeFlags());

@@ -10,10 +10,6 @@
 namespace tests {
 namespace {
 
-using vexa::frmAttachment;
-using vexa::frmSettings;
-using vexa::Settings;
-
 const int STEPS = walkLength(100'000);
 
 const std::vector<std::wstring> TEXTS{
@@ -131,7 +127,7 @@ private:
         ASSERT_FALSE(form.window().isOpen());
         ASSERT_TRUE(scene_.settings == (ok ? shown : before));
         if (!ok) {
-            ASSERT_EQ(scene_.application.flags, vexa::ChangeFlags());
+            ASSERT_EQ(scene_.application.flags, ChangeFlags());
         } else {
             ASSERT_EQ(scene_.application.flags.shortcutChanged, shown.FindShortcut != before.FindShortcut);
         }
@@ -251,7 +247,7 @@ private:
         ASSERT_FALSE(form.window().isOpen());
         ASSERT_TRUE(scene_.settings == (ok ? shown : before));
         ASSERT_EQ(scene_.storedText(L"SelectedExtensions"), ok ? selected : storedBefore);
-        ASSERT_EQ(scene_.application.flags, vexa::ChangeFlags());
+        ASSERT_EQ(scene_.application.flags, ChangeFlags());
     }
 
     void act(frmAttachment& form) {
