@@ -5,10 +5,6 @@
 namespace tests {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
-
 class PageApply : public PageTest {
 protected:
     void SetUp() override {

@@ -1,6 +1,7 @@
 // One run per outside call in which just that call fails: the settings dialogs load what they can, and OK
 // writes what it can.
 #include "tests/settings/settings_test_base.h"
+#include "tests/stage/fault_runs.h"
 #include "tests/support/known_settings.h"
 
 namespace tests {
@@ -24,36 +25,17 @@ struct Scene : SettingsScene {
     }
 };
 
-/// Plays `deed` on fresh scenes: first without a fault, then once for each of its calls with that call
-/// failing. `deed` clears the call log where the calls to fail begin and forgets the faults where they end;
-/// `failed` is empty in the first run.
-void failEachCall(const std::function<void(Scene&, const std::function<void()>& arm)>& deed,
+void failEachCall(const std::function<void(Scene&, const Arm&)>& deed,
                   const std::function<void(Scene&, const std::string& failed)>& check) {
-    std::size_t count = 0;
-    {
-        Scene scene;
-        deed(scene, [&] { scene.calls.clear(); });
-        count = scene.calls.lines().size();
-    }
-    ASSERT_GT(count, 0U);
-    for (std::size_t index = 0; index < count; ++index) {
-        Scene scene;
-        deed(scene, [&] {
-            scene.calls.clear();
-            scene.calls.failCall(index);
-        });
-        scene.calls.forgetFaults();
-        ASSERT_GT(scene.calls.lines().size(), index);
-        const std::string failed = scene.calls.lines()[index];
-        SCOPED_TRACE("failed: " + failed);
+    failEachCallOn<Scene>(deed, [&](Scene& scene, const std::string& failed) {
         check(scene, failed);
         EXPECT_THAT(scene.stage->messages(), IsEmpty());
-    }
+    });
 }
 
 TEST(SettingsFaults, EachCallOfTheSearchDialogsLoadMayFailAndTheRestIsLoaded) {
     failEachCall(
-        [](Scene& scene, const std::function<void()>& arm) {
+        [](Scene& scene, const Arm& arm) {
             arm();
             scene.openSearch([&](frmSettings& form) {
                 EXPECT_EQ(form.txtEntryCount.text(), L"55");
@@ -100,7 +82,7 @@ void expectLoaded(frmAttachment& form) {
 
 TEST(SettingsFaults, EachCallOfTheAttachmentDialogsLoadMayFailAndTheRestIsLoaded) {
     failEachCall(
-        [](Scene& scene, const std::function<void()>& arm) {
+        [](Scene& scene, const Arm& arm) {
             arm();
             scene.openAttachments([&](frmAttachment& form) { expectLoaded(form); });
         },
@@ -116,7 +98,7 @@ TEST(SettingsFaults, EachCallOfTheAttachmentDialogsLoadMayFailAndTheRestIsLoaded
 TEST(SettingsFaults, AfterAFailedLoadOkOfTheAttachmentDialogStoresWhatItShows) {
     std::wstring shown;
     failEachCall(
-        [&](Scene& scene, const std::function<void()>& arm) {
+        [&](Scene& scene, const Arm& arm) {
             arm();
             scene.openAttachments([&](frmAttachment& form) {
                 scene.calls.forgetFaults();
@@ -142,7 +124,7 @@ TEST(SettingsFaults, AfterAFailedLoadOkOfTheAttachmentDialogStoresWhatItShows) {
 TEST(SettingsFaults, AfterAFailedLoadOkOfTheSearchDialogStoresWhatItShows) {
     std::wstring shown;
     failEachCall(
-        [&](Scene& scene, const std::function<void()>& arm) {
+        [&](Scene& scene, const Arm& arm) {
             arm();
             scene.openSearch([&](frmSettings& form) {
                 const int index = form.cboDefaultKB.selectedIndex();
@@ -162,7 +144,7 @@ TEST(SettingsFaults, AfterAFailedLoadOkOfTheSearchDialogStoresWhatItShows) {
 
 TEST(SettingsFaults, EachCallOfTheAttachmentDialogsOkMayFailAndTheOtherValuesAreWritten) {
     failEachCall(
-        [](Scene& scene, const std::function<void()>& arm) {
+        [](Scene& scene, const Arm& arm) {
             scene.openAttachments([&](frmAttachment& form) {
                 scene.user.click(form.chkFindAtt);
                 arm();
