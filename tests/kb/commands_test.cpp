@@ -199,16 +199,12 @@ TEST_F(KBCommands, AddProposesTheFirstFreeNumberFromTheNumberOfRows) {
     }
 }
 
-TEST_F(KBCommands, TheNewRowTakesItsPlaceInAListSortedByName) {
+TEST_F(KBCommands, TheNewRowTakesItsPlaceInAListSortedByNameAndStaysLastInOneSortedByAnotherColumn) {
     openWith({L"Alpha", L"Zulu"}, [&](frmKBConfiguration& form) {
         user.click(form.cmdAdd);
         EXPECT_EQ(names(form), (Names{L"Alpha", L"New[2]", L"Zulu"}));
         EXPECT_EQ(form.sftKBConfiguration.editedRow(), 1);
-    });
-}
-
-TEST_F(KBCommands, TheNewRowStaysLastInAListSortedByAnotherColumn) {
-    openWith({L"Alpha", L"Zulu"}, [&](frmKBConfiguration& form) {
+        user.press(form.window(), key::escape);
         user.clickHeader(form.sftKBConfiguration, 3);
         user.click(form.cmdAdd);
         EXPECT_EQ(form.sftKBConfiguration.editedRow(), 2);
@@ -242,7 +238,7 @@ TEST_F(KBCommands, TheProposedNameCanBeAcceptedAsItIs) {
     EXPECT_THAT(sent(), Contains("addin NotifyKbAdded(New[1])"));
 }
 
-TEST_F(KBCommands, EscTakesTheNewRowAwayAndTheButtonsFollowTheirRules) {
+TEST_F(KBCommands, EscTakesTheNewRowAwayAndLeavesTheFocusInTheListAndTheRowBeforeCurrent) {
     open([&](frmKBConfiguration& form) {
         choose(form, L"News");
         user.click(form.cmdAdd);
@@ -251,6 +247,7 @@ TEST_F(KBCommands, EscTakesTheNewRowAwayAndTheButtonsFollowTheirRules) {
         EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
         EXPECT_EQ(current(form), L"News");
         EXPECT_EQ(buttons(form), ALL);
+        EXPECT_TRUE(form.sftKBConfiguration.hasFocus());
     });
     EXPECT_THAT(sent(), IsEmpty());
 }
@@ -353,27 +350,24 @@ TEST_F(KBCommands, ARenameHandsTheOldAndTheNewNameToTheAddIn) {
     EXPECT_THAT(log(), Contains("frmKBConfiguration, Postedit (Rename) Index after sorting: 1"));
 }
 
-TEST_F(KBCommands, AnUnchangedNameRaisesNoEvent) {
+TEST_F(KBCommands, NeitherAnUnchangedNameNorEscNorDelRaisesAnything) {
     openWith({L"Mail"}, [&](frmKBConfiguration& form) {
         choose(form, L"Mail");
         user.click(form.cmdRename);
         user.press(form.window(), key::enter);
-        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
-    });
-    EXPECT_THAT(sent(), IsEmpty());
-    EXPECT_EQ(storedText(L"OldProjectname"), L"(missing)");
-}
-
-TEST_F(KBCommands, EscUndoesARenameAndRaisesNothing) {
-    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
+        expectList(form, {L"Mail"});
         user.click(form.cmdRename);
         user.rewrite(form.sftKBConfiguration, L"Post");
         user.press(form.window(), key::escape);
-        EXPECT_EQ(names(form), Names{L"Mail"});
+        expectList(form, {L"Mail"});
         EXPECT_TRUE(form.window().isOpen());
+        choose(form, L"Mail");
+        user.press(form.window(), key::remove);
+        expectList(form, {L"Mail"});
     });
+    EXPECT_THAT(stage->messages(), IsEmpty());
     EXPECT_THAT(sent(), IsEmpty());
+    EXPECT_EQ(storedText(L"OldProjectname"), L"(missing)");
 }
 
 TEST_F(KBCommands, ARenameRewritesDefaultProjectWhereThatIsItsNameToTheLetter) {
@@ -417,16 +411,6 @@ TEST_F(KBCommands, F2AndASlowSecondClickOnAGreyedRowDoNothing) {
         user.clickRowAndRest(form.sftKBConfiguration, 0);
         EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
     });
-}
-
-TEST_F(KBCommands, DelRemovesNothing) {
-    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.press(form.window(), key::remove);
-        EXPECT_EQ(names(form), Names{L"Mail"});
-    });
-    EXPECT_THAT(stage->messages(), IsEmpty());
-    EXPECT_THAT(sent(), IsEmpty());
 }
 
 TEST_F(KBCommands, RenamingARowWithoutANameNeverHandsOverTheNameOfAnEarlierRename) {

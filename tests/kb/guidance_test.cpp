@@ -207,17 +207,6 @@ TEST_F(KBGuidance, AnEndByATickLeavesTheNeighbourOfARemovedOneCurrent) {
     });
 }
 
-TEST_F(KBGuidance, ANewNameThatIsGivenUpLeavesTheFocusInTheListAndTheOneBeforeCurrent) {
-    open([&](frmKBConfiguration& form) {
-        choose(form, L"News");
-        user.click(form.cmdAdd);
-        user.press(form.window(), key::escape);
-        EXPECT_TRUE(form.sftKBConfiguration.hasFocus());
-        EXPECT_EQ(current(form), L"News");
-        EXPECT_EQ(buttons(form), ALL);
-    });
-}
-
 TEST_F(KBGuidance, TheCurrentRowStaysWhereTheAddInNamesNone) {
     open([&](frmKBConfiguration& form) {
         choose(form, L"Post");

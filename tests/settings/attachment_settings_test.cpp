@@ -275,17 +275,11 @@ TEST_F(AttachmentSettings, WithNothingSelectedAddOnlySelectsTheFirst) {
 }
 
 TEST_F(AttachmentSettings, CtrlADoesNotLookForAnItemOfItsCharacter) {
-    setExtensions(
-        L"doc;\x01"
-        L"a;txt;",
-        L"");
+    setExtensions(L"doc;\u0001a;txt;", L"");
     open([&](frmAttachment& form) {
         showExtensions(form);
         user.press(form.window(), 'A', ui::modifier::control);
-        EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"doc",
-                                                                  L"\x01"
-                                                                  L"a",
-                                                                  L"txt"));
+        EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"doc", L"\u0001a", L"txt"));
     });
 }
 

@@ -77,31 +77,20 @@ TEST_F(Highlights, TextMarksEnableTheSixLevelsAndDisableTheHotspotSwatchAndItsLa
     });
 }
 
-TEST_F(Highlights, WithNeitherOptionSetAllSwatchesAreEnabledAndOkStoresTextMarks) {
-    settings.DisplayHotSpots = settings.DisplayTextMarks = false;
-    open([&](frmDispMatches& form) {
-        EXPECT_FALSE(hotspots(form).selected());
-        EXPECT_FALSE(textMarks(form).selected());
-        EXPECT_EQ(levelStates(form), sixOn);
-        EXPECT_TRUE(form.lblSelHotspotColor.enabled());
-        user.click(form.cmdOk);
-    });
-    EXPECT_FALSE(settings.DisplayHotSpots);
-    EXPECT_TRUE(settings.DisplayTextMarks);
-    EXPECT_FALSE(application.flags.dialogChanged) << "hotspots were off before and after";
-}
-
-TEST_F(Highlights, WithBothOptionsStoredTheSecondWinsOnLoading) {
-    settings.DisplayHotSpots = settings.DisplayTextMarks = true;
-    open([&](frmDispMatches& form) {
-        EXPECT_FALSE(hotspots(form).selected());
-        EXPECT_TRUE(textMarks(form).selected());
-        EXPECT_EQ(levelStates(form), sixOn);
-        user.click(form.cmdOk);
-    });
-    EXPECT_FALSE(settings.DisplayHotSpots);
-    EXPECT_TRUE(settings.DisplayTextMarks);
-    EXPECT_TRUE(application.flags.dialogChanged);
+TEST_F(Highlights, WithNeitherOptionStoredNoneIsSelectedWithBothTheSecondAndOkStoresTextMarks) {
+    for (const bool both : {false, true}) {
+        settings.DisplayHotSpots = settings.DisplayTextMarks = both;
+        open([&](frmDispMatches& form) {
+            EXPECT_FALSE(hotspots(form).selected());
+            EXPECT_EQ(textMarks(form).selected(), both);
+            EXPECT_EQ(levelStates(form), sixOn);
+            EXPECT_EQ(form.lblSelHotspotColor.enabled(), !both);
+            user.click(form.cmdOk);
+        });
+        EXPECT_FALSE(settings.DisplayHotSpots);
+        EXPECT_TRUE(settings.DisplayTextMarks);
+        EXPECT_EQ(application.flags.dialogChanged, both) << "hotspots were off before and after";
+    }
 }
 
 TEST_F(Highlights, TheChooserStartsOnTheSwatchesColourAndBearsTheLevelsCaption) {
@@ -118,14 +107,16 @@ TEST_F(Highlights, TheChooserStartsOnTheSwatchesColourAndBearsTheLevelsCaption) 
                                                       Stage::ColourQuestion{0xFF00FF, L"Level 4"}));
 }
 
-TEST_F(Highlights, ACancelledChooserLeavesTheSwatch) {
-    open([&](frmDispMatches& form) {
-        stage->answerColours({std::nullopt});
-        user.click(form.lblSelHotspotColor);
-        EXPECT_EQ(form.lblSelHotspotColor.colour(), 0x00FFFF);
-        user.click(form.cmdOk);
-    });
-    EXPECT_FALSE(application.flags.dialogChanged);
+TEST_F(Highlights, ACancelledChooserAndTheSameColourLeaveTheSwatchAndDoNotMarkThePageChanged) {
+    for (const std::optional<ui::Colour> answer : {std::optional<ui::Colour>(), std::optional(0x00FFFF)}) {
+        open([&](frmDispMatches& form) {
+            stage->answerColours({answer});
+            user.click(form.lblSelHotspotColor);
+            EXPECT_EQ(form.lblSelHotspotColor.colour(), 0x00FFFF);
+            user.click(form.cmdOk);
+        });
+        EXPECT_FALSE(application.flags.dialogChanged);
+    }
 }
 
 TEST_F(Highlights, AFailingChooserLeavesTheSwatchAndShowsAndLogsNothing) {
@@ -136,27 +127,6 @@ TEST_F(Highlights, AFailingChooserLeavesTheSwatchAndShowsAndLogsNothing) {
     });
     EXPECT_THAT(stage->messages(), IsEmpty());
     EXPECT_THAT(calls.linesWith("files"), IsEmpty());
-}
-
-TEST_F(Highlights, APickedColourThenCancelLeavesTheSettings) {
-    const Settings before = settings;
-    open([&](frmDispMatches& form) {
-        stage->answerColours({0x112233});
-        user.click(form.lblSelHotspotColor);
-        user.click(form.chkKeepHighlights);
-        user.click(form.cmdCancel);
-    });
-    EXPECT_EQ(settings, before);
-    EXPECT_FALSE(application.flags.dialogChanged);
-}
-
-TEST_F(Highlights, TheSameColourPickedAgainDoesNotMarkThePageChanged) {
-    open([&](frmDispMatches& form) {
-        stage->answerColours({0x00FFFF});
-        user.click(form.lblSelHotspotColor);
-        user.click(form.cmdOk);
-    });
-    EXPECT_FALSE(application.flags.dialogChanged);
 }
 
 TEST_F(Highlights, AColourWithItsTopByteSetIsKeptAsItIs) {
