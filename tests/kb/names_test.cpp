@@ -17,77 +17,36 @@ const Names OTHERS{L"News", L"Ärzte", L"a b", L"New[1]", L"12"};
 const Names OTHER_SCRIPTS{L"Ελλάδα", L"Книга"};
 
 std::vector<NameCase> nameCases() {
-    std::vector<NameCase> cases{
+    const std::pair<Answer, Names> groups[] = {
         // Empty and blank.
-        {L"", Answer::empty},
-        {L" ", Answer::taken},
-        {L"   ", Answer::taken},
-        {L" Mail", Answer::taken},
-        {L"Mail ", Answer::taken},
-        {L"\u00A0", Answer::taken},
+        {Answer::empty, {L""}},
+        {Answer::taken, {L" ", L"   ", L" Mail", L"Mail ", L"\u00A0"}},
         // Equal to the old name, or to it but for case.
-        {L"Mail", Answer::unchanged},
-        {L"MAIL", Answer::taken},
-        {L"mail", Answer::taken},
-        {L"mAiL", Answer::taken},
+        {Answer::unchanged, {L"Mail"}},
+        {Answer::taken, {L"MAIL", L"mail", L"mAiL"}},
         // Twins of the others.
-        {L"News", Answer::exists},
-        {L"news", Answer::exists},
-        {L"NEWS", Answer::exists},
-        {L"nEwS", Answer::exists},
-        {L"Ärzte", Answer::exists},
-        {L"ärzte", Answer::exists},
-        {L"ÄRZTE", Answer::exists},
-        {L"Ελλάδα", Answer::exists},
-        {L"ελλάδα", Answer::exists},
-        {L"ΕΛΛΆΔΑ", Answer::exists},
-        {L"Книга", Answer::exists},
-        {L"книга", Answer::exists},
-        {L"КНИГА", Answer::exists},
-        {L"A B", Answer::exists},
-        {L"new[1]", Answer::exists},
-        {L"12", Answer::exists},
+        {Answer::exists,
+         {L"News", L"news", L"NEWS", L"nEwS", L"Ärzte", L"ärzte", L"ÄRZTE", L"Ελλάδα", L"ελλάδα", L"ΕΛΛΆΔΑ",
+          L"Книга", L"книга", L"КНИГА", L"A B", L"new[1]", L"12"}},
         // Near them, but others.
-        {L"Arzte", Answer::taken},
-        {L"Aerzte", Answer::taken},
-        {L"Ελλαδα", Answer::taken},
-        {L"Книги", Answer::taken},
-        {L"ab", Answer::taken},
-        {L"a  b", Answer::taken},
-        {L"New[2]", Answer::taken},
-        {L"New[1", Answer::taken},
-        {L"[", Answer::taken},
-        {L"]", Answer::taken},
-        {L"News2", Answer::taken},
-        {L"New", Answer::taken},
+        {Answer::taken,
+         {L"Arzte", L"Aerzte", L"Ελλαδα", L"Книги", L"ab", L"a  b", L"New[2]", L"New[1", L"[", L"]", L"News2",
+          L"New"}},
         // Letters and signs of all kinds.
-        {L"Zürich", Answer::taken},
-        {L"Straße", Answer::taken},
-        {L"ÄÖÜäöü", Answer::taken},
-        {L"日本語", Answer::taken},
-        {L"שלום", Answer::taken},
-        {L"a.b", Answer::taken},
-        {L".", Answer::taken},
-        {L"..", Answer::taken},
-        {L"a;b", Answer::taken},
-        {L"a'b", Answer::taken},
-        {L"'", Answer::taken},
-        {L"a&b", Answer::taken},
-        {L"100%", Answer::taken},
-        {L"(x) {y}", Answer::taken},
-        {L"#1 ~ @home", Answer::taken},
-        {L"a,b", Answer::taken},
-        {L"a=b+c-d_e", Answer::taken},
-        {L"default", Answer::taken},
-        {L"-", Answer::taken},
-        {L"<None>", Answer::forbidden},
+        {Answer::taken,
+         {L"Zürich", L"Straße", L"ÄÖÜäöü", L"日本語", L"שלום", L"a.b", L".", L"..", L"a;b", L"a'b", L"'",
+          L"a&b", L"100%", L"(x) {y}", L"#1 ~ @home", L"a,b", L"a=b+c-d_e", L"default", L"-"}},
+        {Answer::forbidden, {L"<None>"}},
         // Long ones.
-        {std::wstring(255, L'x'), Answer::taken},
-        {std::wstring(254, L'x') + L"?", Answer::forbidden},
-        {std::wstring(100, L'Ä'), Answer::taken},
+        {Answer::taken, {std::wstring(255, L'x')}},
+        {Answer::forbidden, {std::wstring(254, L'x') + L"?"}},
+        {Answer::taken, {std::wstring(100, L'Ä')}},
         // An empty text is refused before anything else; a forbidden sign before a twin.
-        {L"Ne*ws", Answer::forbidden},
+        {Answer::forbidden, {L"Ne*ws"}},
     };
+    std::vector<NameCase> cases;
+    for (const auto& [answer, names] : groups)
+        for (const std::wstring& name : names) cases.push_back({name, answer});
     for (const wchar_t sign : std::wstring(L"\\/:*?\"<>|")) {
         cases.push_back({std::wstring(1, sign), Answer::forbidden});
         cases.push_back({sign + std::wstring(L"name"), Answer::forbidden});

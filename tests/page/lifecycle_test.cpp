@@ -79,27 +79,15 @@ TEST_F(PageLifeCycle, LoggingFollowsTheRootKeyAndEverythingElseTheProfile) {
     EXPECT_EQ(application.settings.MaxEntries, 77);
 }
 
-TEST_F(PageLifeCycle, TheHandleOfTheMessageButtonIsPublishedAndWithdrawn) {
+TEST_F(PageLifeCycle, TheHandleOfTheMessageButtonIsPublishedAndWithdrawnBeforeTheLastLine) {
     start();
     EXPECT_EQ(integer(PROFILE, L"hWndProperties"), messageHandle(*page));
     EXPECT_FALSE(page->cmdMsg.visible());
+    calls.clear();
     end();
     EXPECT_FALSE(stage->value(PROFILE, L"hWndProperties"));
     EXPECT_EQ(log().back(), "ctlPPE, terminated.");
-}
-
-TEST_F(PageLifeCycle, TheMessageHandleGoesBeforeTheLastLine) {
-    start();
-    calls.clear();
-    end();
-    const std::string withdrawn = "registry delete Software\\Norvane\\Quillmark\\hWndProperties";
-    const auto& lines = calls.lines();
-    const auto deleted = std::ranges::find(lines, withdrawn);
-    const auto written =
-        std::ranges::find_if(lines, [](const std::string& l) { return l.starts_with("files write"); });
-    ASSERT_NE(deleted, lines.end());
-    ASSERT_NE(written, lines.end());
-    EXPECT_LT(deleted, written);
+    expectOrder("registry delete Software\\Norvane\\Quillmark\\hWndProperties", "files write");
 }
 
 TEST_F(PageLifeCycle, TheMessageHandleIsPublishedAndWithdrawnBelowTheSetProfile) {
@@ -268,13 +256,7 @@ TEST_F(PageLifeCycle, WhatTheProcessRemembersGoesOnInANewApplication) {
 TEST_F(PageLifeCycle, TheMissingAddInIsReportedBeforeTheSettingsAreRead) {
     stage->setAddInRunning(false);
     start();
-    const auto& lines = calls.lines();
-    const auto box = std::ranges::find(lines, "screen message Failed to get AddIn.");
-    const auto read =
-        std::ranges::find_if(lines, [](const std::string& line) { return line.starts_with("registry"); });
-    ASSERT_NE(box, lines.end());
-    ASSERT_NE(read, lines.end());
-    EXPECT_LT(box, read);
+    expectOrder("screen message Failed to get AddIn.", "registry");
 }
 
 TEST_F(PageLifeCycle, TwoPagesAliveAtOnceDoNotDisturbEachOther) {

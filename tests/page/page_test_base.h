@@ -101,6 +101,16 @@ public:
                            window.control<ui::Button>(first + 4)});
         return all;
     }
+    /// Both were called, the first call that begins with the one before that of the other.
+    void expectOrder(const std::string& before, const std::string& after) {
+        const auto first = [&](const std::string& beginning) {
+            return std::ranges::find_if(calls.lines(),
+                                        [&](const std::string& line) { return line.starts_with(beginning); });
+        };
+        ASSERT_NE(first(before), calls.lines().end());
+        ASSERT_NE(first(after), calls.lines().end());
+        EXPECT_LT(first(before), first(after));
+    }
     /// As it is published.
     static std::int32_t messageHandle(const vexa::ctlPPE& of) {
         return static_cast<std::int32_t>(of.cmdMsg.handle());

@@ -21,6 +21,15 @@ protected:
         stage->setRoom(form.lstSelected, selected);
         show(form, script);
     }
+    /// Opens the dialog with these lists on their tab.
+    void openLists(const std::wstring& available, const std::wstring& selected,
+                   const std::function<void(frmAttachment&)>& script) {
+        setExtensions(available, selected);
+        open([&](frmAttachment& form) {
+            showExtensions(form);
+            script(form);
+        });
+    }
     void showExtensions(frmAttachment& form) { user.pickTab(form.sstAttachments, 1); }
 
     static ui::OptionButton& everyFile(frmAttachment& form) { return form.optKBAddAll[0]; }
@@ -83,31 +92,26 @@ TEST_F(AttachmentSettings, TheFirstItemOfEachListIsSelected) {
 
 // --- Enabling ---------------------------------------------------------------------------------------------
 
-TEST_F(AttachmentSettings, UntickedTheSizeFieldIsDisabledWhateverOptionIsSelected) {
+TEST_F(AttachmentSettings, TheSizeFieldIsEnabledWhileTickedForFilesOfMaximumSizeOnly) {
     limitSize();
     settings.AddAttachments = false;
     open([&](frmAttachment& form) {
         EXPECT_FALSE(everyFile(form).enabled());
         EXPECT_FALSE(limited(form).enabled());
-        EXPECT_EQ(sizeField(form), off);
+        EXPECT_EQ(sizeField(form), off) << "unticked, whatever option is selected";
         user.click(form.chkKBAdd);
         EXPECT_TRUE(everyFile(form).enabled());
         EXPECT_TRUE(limited(form).enabled());
         EXPECT_EQ(sizeField(form), on);
-        user.click(form.chkKBAdd);
+        user.click(everyFile(form));
         EXPECT_EQ(sizeField(form), off);
-    });
-}
-
-TEST_F(AttachmentSettings, TickingEnablesTheSizeFieldOnlyForFilesOfMaximumSize) {
-    settings.AddAttachments = false;
-    open([&](frmAttachment& form) {
+        user.click(form.chkKBAdd);
         user.click(form.chkKBAdd);
         EXPECT_TRUE(everyFile(form).selected());
-        EXPECT_EQ(sizeField(form), off);
+        EXPECT_EQ(sizeField(form), off) << "ticked";
         user.click(limited(form));
         EXPECT_EQ(sizeField(form), on);
-        user.click(everyFile(form));
+        user.click(form.chkKBAdd);
         EXPECT_EQ(sizeField(form), off);
     });
 }
@@ -175,9 +179,7 @@ TEST_F(AttachmentSettings, ThePageOfATabKeepsWhatWasDoneOnIt) {
 // --- Moving -----------------------------------------------------------------------------------------------
 
 TEST_F(AttachmentSettings, EverythingSelectedDisablesAddAndEnablesRemove) {
-    setExtensions(L"doc;txt;", L"");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"doc;txt;", L"", [&](frmAttachment& form) {
         user.click(form.cmdAdd);
         user.click(form.cmdAdd);
         EXPECT_EQ(form.lstAvailable.count(), 0);
@@ -188,9 +190,7 @@ TEST_F(AttachmentSettings, EverythingSelectedDisablesAddAndEnablesRemove) {
 }
 
 TEST_F(AttachmentSettings, AnEmptiedSelectedListIsWrittenAsTheEmptyText) {
-    setExtensions(L"doc;", L"doc;pdf;");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"doc;", L"doc;pdf;", [&](frmAttachment& form) {
         user.click(form.cmdRemove);
         user.click(form.cmdRemove);
         EXPECT_THAT(moveButtons(form), ElementsAre(true, false));
@@ -201,9 +201,7 @@ TEST_F(AttachmentSettings, AnEmptiedSelectedListIsWrittenAsTheEmptyText) {
 }
 
 TEST_F(AttachmentSettings, CtrlAAndAddMoveTheWholeListAndTheMovedItemsAreSelectedThere) {
-    setExtensions(L"doc;txt;zip;", L"pdf;");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"doc;txt;zip;", L"pdf;", [&](frmAttachment& form) {
         user.press(form.window(), 'A', ui::modifier::control);
         EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"doc", L"txt", L"zip"));
         user.click(form.cmdAdd);
@@ -217,9 +215,7 @@ TEST_F(AttachmentSettings, CtrlAAndAddMoveTheWholeListAndTheMovedItemsAreSelecte
 }
 
 TEST_F(AttachmentSettings, OnlyCtrlASelectsEverything) {
-    setExtensions(L"doc;txt;", L"pdf;rtf;");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"doc;txt;", L"pdf;rtf;", [&](frmAttachment& form) {
         form.lstSelected.setFocus();
         user.press(form.window(), 'A');
         user.press(form.window(), 'B', ui::modifier::control);
@@ -234,9 +230,7 @@ TEST_F(AttachmentSettings, OnlyCtrlASelectsEverything) {
 }
 
 TEST_F(AttachmentSettings, SomeItemsPickedWithCtrlAreMovedAndTheSourcesFirstIsSelected) {
-    setExtensions(L"a;b;c;d;e;", L"z;");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"a;b;c;d;e;", L"z;", [&](frmAttachment& form) {
         user.pickItem(form.lstAvailable, 1);
         user.pickItem(form.lstAvailable, 3, ui::modifier::control);
         EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"b", L"d"));
@@ -249,9 +243,7 @@ TEST_F(AttachmentSettings, SomeItemsPickedWithCtrlAreMovedAndTheSourcesFirstIsSe
 }
 
 TEST_F(AttachmentSettings, ARangePickedWithShiftIsMoved) {
-    setExtensions(L"", L"a;b;c;d;");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"", L"a;b;c;d;", [&](frmAttachment& form) {
         user.pickItem(form.lstSelected, 1);
         user.pickItem(form.lstSelected, 3, ui::modifier::shift);
         user.click(form.cmdRemove);
@@ -263,9 +255,7 @@ TEST_F(AttachmentSettings, ARangePickedWithShiftIsMoved) {
 }
 
 TEST_F(AttachmentSettings, WithNothingSelectedAddOnlySelectsTheFirst) {
-    setExtensions(L"a;b;", L"z;");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"a;b;", L"z;", [&](frmAttachment& form) {
         form.lstAvailable.selectAll(false);
         user.click(form.cmdAdd);
         EXPECT_THAT(items(form.lstAvailable), ElementsAre(L"a", L"b"));
@@ -275,9 +265,7 @@ TEST_F(AttachmentSettings, WithNothingSelectedAddOnlySelectsTheFirst) {
 }
 
 TEST_F(AttachmentSettings, CtrlADoesNotLookForAnItemOfItsCharacter) {
-    setExtensions(L"doc;\u0001a;txt;", L"");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"doc;\u0001a;txt;", L"", [&](frmAttachment& form) {
         user.press(form.window(), 'A', ui::modifier::control);
         EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"doc", L"\u0001a", L"txt"));
     });
@@ -324,9 +312,7 @@ TEST_F(AttachmentSettings, ASelectedListThatCannotBeFilledKeepsWhatIsStored) {
 TEST_F(AttachmentSettings, FiveThousandExtensionsMoveAtOnce) {
     std::wstring available;
     for (int index = 0; index < 5000; ++index) available += L"x" + std::to_wstring(index) + L";";
-    setExtensions(available, L"");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(available, L"", [&](frmAttachment& form) {
         ASSERT_EQ(form.lstAvailable.count(), 5000);
         user.press(form.window(), 'A', ui::modifier::control);
         user.click(form.cmdAdd);
@@ -417,9 +403,7 @@ TEST_F(AttachmentSettings, TabsAreChangedByTheArrowKeys) {
 }
 
 TEST_F(AttachmentSettings, ExtensionsAreMovedByKeyboardAlone) {
-    setExtensions(L"doc;txt;", L"");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"doc;txt;", L"", [&](frmAttachment& form) {
         user.press(form.window(), 'A', ui::modifier::control);
         user.press(form.window(), key::tab);
         EXPECT_TRUE(form.cmdAdd.hasFocus());

@@ -14,12 +14,6 @@ struct StoredLists {
     std::wstring shownSelected;  ///< which OK writes
 };
 
-std::wstring joined(const ui::ListBox& list) {
-    std::wstring text;
-    for (const std::wstring& item : items(list)) text += item + L";";
-    return text;
-}
-
 std::wstring repeated(const std::wstring& text, int count) {
     std::wstring all;
     for (int index = 0; index < count; ++index) all += text;

@@ -230,18 +230,6 @@ TEST_F(SearchSettings, UntickingTheLoggingDisablesSendReportAtOnce) {
 
 // --- Storing ----------------------------------------------------------------------------------------------
 
-TEST_F(SearchSettings, TurningTheAutomaticSearchOffStoresBothScopesAsFalse) {
-    settings.AutoInfo = true;
-    open([&](frmSettings& form) {
-        user.click(form.chkAutoInfo);
-        user.click(form.cmdOk);
-    });
-    EXPECT_FALSE(settings.AutoInfo);
-    EXPECT_FALSE(settings.AutoFindUnread);
-    EXPECT_FALSE(settings.AutoFindAll);
-    open([&](frmSettings& form) { EXPECT_TRUE(unread(form).selected()); });
-}
-
 TEST_F(SearchSettings, AShortcutOutsideTheListIsNotSelectedAndOkStoresNoSelection) {
     for (const std::int32_t stored : {7, 2, -1, -7, 2147483647, -2147483647 - 1}) {
         settings = Settings();

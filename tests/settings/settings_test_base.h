@@ -137,6 +137,13 @@ public:
     return all;
 }
 
+/// As a text in which each item ends with a semicolon.
+[[nodiscard]] inline std::wstring joined(const ui::ListBox& list) {
+    std::wstring text;
+    for (const std::wstring& item : items(list)) text += item + L";";
+    return text;
+}
+
 [[nodiscard]] inline Strings selectedItems(const ui::ListBox& list) {
     Strings all;
     for (int index = 0; index < list.count(); ++index)
