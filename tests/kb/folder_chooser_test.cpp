@@ -95,6 +95,7 @@ TEST_F(FolderChooser, OKTakesTheFolderThatIsShown) {
         EXPECT_EQ(form.folder(), base + L"\\beta");
         EXPECT_THAT(inside(form), IsEmpty());
         user.click(form.cmdOk);
+        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_TRUE(application.bBaseDirChanged);
     EXPECT_EQ(application.settings.VexaBaseDir, base + L"\\beta");
@@ -104,6 +105,7 @@ TEST_F(FolderChooser, CancelChangesNothing) {
     open([&](frmKnowledgeBase& form) {
         user.doubleClickRow(form.dirVexaBaseDir, form.dirVexaBaseDir.currentRow() + 1);
         user.click(form.cmdCancel);
+        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_FALSE(application.bBaseDirChanged);
     EXPECT_EQ(application.settings.VexaBaseDir, base);

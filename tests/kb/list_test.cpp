@@ -179,7 +179,7 @@ TEST_F(KBList, LoadingAndClosingLeaveTheirLines) {
 }
 
 TEST_F(KBList, TheCurrentKnowledgebaseIsSelectedAtLoadWithoutRegardToCaseAndDefaultWhereNoneIs) {
-    openWith({L"Mail", L"default", L"News"},
+    openWith({L"Archive", L"default", L"News"},
              [&](frmKBConfiguration& form) { EXPECT_EQ(current(form), L"default"); });
     stage->setValue(KEY, L"Projectname", L"NEWS");
     open([&](frmKBConfiguration& form) { EXPECT_EQ(current(form), L"News"); });
