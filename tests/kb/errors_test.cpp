@@ -8,12 +8,6 @@
 namespace tests {
 namespace {
 
-using testing::AllOf;
-using testing::Contains;
-using testing::SizeIs;
-using testing::StartsWith;
-using vexa::frmKBConfiguration;
-
 /// The machine's conversions, until they fail.
 class FailingConversions : public vexa::Conversions {
 public:
@@ -35,12 +29,10 @@ private:
 
 [[noreturn]] void fail() { throw vexa::Error(L"It failed"); }
 
-class KBErrors : public KBTest {
+class KBErrors : public KBMailAndNews {
 public:
     KBErrors() {
         SetUp();
-        stage->setValue(ROOT, L"hWndSearchCtl", 4711);
-        recordNames({L"Mail", L"News"});
         own.ProfileKey = application.ProfileKey;
         own.addIn = application.addIn;
         own.settings = application.settings;
@@ -49,7 +41,7 @@ public:
     void TestBody() override {}
 
     /// The dialog on conversions that may fail, and a page that takes every command.
-    void play(const std::function<void(frmKBConfiguration&)>& script) {
+    void play(FunctionRef<void(frmKBConfiguration&)> script) {
         stage->whenShown<frmKBConfiguration>([&](frmKBConfiguration& form) {
             script(form);
             conversions.failing = false;
@@ -60,14 +52,6 @@ public:
         form.KBClick = [](bool&, std::wstring&, std::int32_t&) { return true; };
         form.Show();
     }
-    void chooseMail(frmKBConfiguration& form) { choose(form, L"Mail"); }
-    void accept(frmKBConfiguration& form, const std::wstring& name) { enter(form, name); }
-    std::vector<std::string> lines() { return log(); }
-
-    using PageTest::calls;
-    using PageTest::stage;
-    using PageTest::user;
-    FakeAddIn& theAddIn() { return addIn; }
     void store(const wchar_t* key, const wchar_t* name, const vexa::Value& value) {
         stage->setValue(std::wstring(KEY) + key, name, value);
     }
@@ -93,7 +77,7 @@ const Failure FAILURES[] = {
     {"CaretChange", [](KBErrors& scene) { scene.store(L"\\Mail", L"KBDocuments", std::wstring(L"7")); },
      [](KBErrors& scene, frmKBConfiguration& form) {
          scene.conversions.failing = true;
-         scene.chooseMail(form);
+         scene.choose(form, L"Mail");
      }},
     {"GetNewKBName", nullptr,
      [](KBErrors& scene, frmKBConfiguration& form) {
@@ -106,7 +90,7 @@ const Failure FAILURES[] = {
      [](KBErrors& scene, frmKBConfiguration& form) {
          scene.user.click(form.cmdAdd);
          scene.conversions.failing = true;
-         scene.accept(form, L"Post");
+         scene.enter(form, L"Post");
          EXPECT_EQ(form.sftKBConfiguration.rowCount(), 2) << "the new row has gone";
          EXPECT_TRUE(form.cmdAdd.enabled());
      }},
@@ -114,37 +98,33 @@ const Failure FAILURES[] = {
      [](KBErrors& scene, frmKBConfiguration& form) {
          scene.user.click(form.cmdAdd);
          scene.calls.failCallsWith("addin IsAutoUpdateRunning");
-         scene.accept(form, L"Post");
+         scene.enter(form, L"Post");
          EXPECT_TRUE(form.cmdAdd.enabled());
      }},
     {"LockForm", nullptr,
      [](KBErrors& scene, frmKBConfiguration& form) {
-         scene.chooseMail(form);
+         scene.choose(form, L"Mail");
          scene.calls.during("doevents", fail);
          scene.user.click(form.cmdUpdate);
          EXPECT_TRUE(form.locked()) << "the add-in has the command";
      }},
     {"tmrLock_Timer", nullptr,
      [](KBErrors& scene, frmKBConfiguration& form) {
-         scene.chooseMail(form);
-         scene.user.click(form.cmdUpdate);
-         scene.store(L"", L"KBProcessState", 3);
+         scene.lockByUpdate(form);
          scene.conversions.failing = true;
-         scene.user.wait(500);
+         scene.endByTick();
          EXPECT_FALSE(form.locked());
      }},
     {"mvarTeskAddIn_ProcessFinished", nullptr,
      [](KBErrors& scene, frmKBConfiguration& form) {
-         scene.chooseMail(form);
-         scene.stage->answerMessages({ui::MessageAnswer::yes});
-         scene.user.click(form.cmdRemove);
+         scene.removeMail(form);
          scene.calls.during("message 4711 256", fail);
-         scene.theAddIn().finish(L"Mail", false);
+         scene.addIn.finish(L"Mail", false);
          EXPECT_FALSE(form.locked());
      }},
     {"Form_QueryUnload", nullptr,
      [](KBErrors& scene, frmKBConfiguration& form) {
-         scene.chooseMail(form);
+         scene.choose(form, L"Mail");
          scene.user.click(form.cmdAdd);
          form.sftKBConfiguration.onCaretChange = fail;
          scene.user.closeWindow(form.window());
@@ -165,8 +145,8 @@ TEST_P(KBErrorLines, NameTheProcedureAndSayWhatFailed) {
             EXPECT_TRUE(form.sftKBConfiguration.row(row).enabled);
     });
     const std::string line = std::string("frmKBConfiguration, Error ") + GetParam().procedure + ": ";
-    EXPECT_THAT(scene.lines(), Contains(AllOf(StartsWith(line), SizeIs(testing::Gt(line.size())))));
-    EXPECT_THAT(scene.lines(), Contains("frmKBConfiguration, Loading..."));
+    EXPECT_THAT(scene.log(), Contains(testing::AllOf(StartsWith(line), SizeIs(testing::Gt(line.size())))));
+    EXPECT_THAT(scene.log(), Contains("frmKBConfiguration, Loading..."));
 }
 
 INSTANTIATE_TEST_SUITE_P(Procedures, KBErrorLines, testing::ValuesIn(FAILURES),

@@ -5,18 +5,10 @@
 namespace tests {
 namespace {
 
-using testing::Contains;
-using testing::IsEmpty;
-using testing::Not;
-using ui::MessageAnswer;
-using vexa::frmKBConfiguration;
-using Names = std::vector<std::wstring>;
-
-class KBGuidance : public KBTest {
-protected:
+class KBGuidance : public KBMailAndNews {
+public:
     void SetUp() override {
-        KBTest::SetUp();
-        stage->setValue(ROOT, L"hWndSearchCtl", 4711);
+        KBMailAndNews::SetUp();
         recordNames({L"Mail", L"News", L"Post"});
     }
     static Names menuOf(const frmKBConfiguration& form) {
@@ -41,66 +33,37 @@ protected:
 
 // --- What goes on -----------------------------------------------------------------------------------------
 
-struct SaidCommand {
-    const char* name;
-    ui::Button& (*button)(frmKBConfiguration&);
-    const wchar_t* said;
-};
-
-class KBEachSaidCommand : public KBGuidance, public testing::WithParamInterface<SaidCommand> {};
-
-TEST_P(KBEachSaidCommand, IsNamedWithItsKnowledgebaseForAsLongAsItRuns) {
-    open([&](frmKBConfiguration& form) {
+TEST_F(KBGuidance, EachCommandIsNamedWithItsKnowledgebaseForAsLongAsItRuns) {
+    openForEach(LOCKING_COMMANDS, [&](frmKBConfiguration& form, const Command& command) {
         EXPECT_EQ(form.lblStatus.text(), L"");
-        choose(form, L"Mail");
-        stage->answerMessages({MessageAnswer::yes});
-        user.click(GetParam().button(form));
-        EXPECT_EQ(form.lblStatus.text(), GetParam().said);
+        give(form, command);
+        EXPECT_EQ(form.lblStatus.text(), command.said);
         EXPECT_TRUE(form.lblStatus.visible());
-        EXPECT_THAT(stage->announced(), Contains(GetParam().said));
+        EXPECT_THAT(stage->announced(), Contains(command.said));
         addIn.finish(L"Mail", true);
         EXPECT_EQ(form.lblStatus.text(), L"");
     });
 }
 
-TEST_P(KBEachSaidCommand, KeepsTheFocusInTheListAndGivesItBackToItsButton) {
-    open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        stage->answerMessages({MessageAnswer::yes});
-        ui::Button& button = GetParam().button(form);
-        user.click(button);
+TEST_F(KBGuidance, EachCommandKeepsTheFocusInTheListAndGivesItBackToItsButton) {
+    openForEach(LOCKING_COMMANDS, [&](frmKBConfiguration& form, const Command& command) {
+        give(form, command);
         ASSERT_TRUE(form.locked());
         EXPECT_TRUE(form.sftKBConfiguration.hasFocus());
         addIn.finish(L"Mail", true);
-        EXPECT_TRUE(button.hasFocus());
+        EXPECT_TRUE(command.button(form).hasFocus());
     });
 }
 
-TEST_P(KBEachSaidCommand, SaysNothingWhereItNeverReachesTheAddIn) {
-    open([&](frmKBConfiguration& form) {
+TEST_F(KBGuidance, ACommandThatNeverReachesTheAddInSaysNothing) {
+    openForEach(LOCKING_COMMANDS, [&](frmKBConfiguration& form, const Command& command) {
         form.KBClick = nullptr;
-        choose(form, L"Mail");
-        stage->answerMessages({MessageAnswer::yes});
-        ui::Button& button = GetParam().button(form);
-        user.click(button);
+        give(form, command);
         EXPECT_EQ(form.lblStatus.text(), L"");
         EXPECT_TRUE(form.cmdBaseFolder.enabled());
-        EXPECT_TRUE(button.hasFocus());
+        EXPECT_TRUE(command.button(form).hasFocus());
     });
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Commands, KBEachSaidCommand,
-    testing::Values(
-        SaidCommand{"Edit", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdEdit; },
-                    L"The add-in is editing 'Mail'..."},
-        SaidCommand{"Remove", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdRemove; },
-                    L"The add-in is removing 'Mail'..."},
-        SaidCommand{"Rebuild", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdRebuild; },
-                    L"The add-in is rebuilding 'Mail'..."},
-        SaidCommand{"Update", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdUpdate; },
-                    L"The add-in is updating 'Mail'..."}),
-    [](const auto& test) { return std::string(test.param.name); });
 
 TEST_F(KBGuidance, AnAddInThatWorksAtLoadIsSaidToWork) {
     addIn.processing = true;
@@ -148,14 +111,12 @@ TEST_F(KBGuidance, WithoutAnAddInTheStatusLineSaysWhatIsPossible) {
 
 TEST_F(KBGuidance, TheBaseFolderIsNotOfferedWhileTheDialogIsLocked) {
     open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
+        lockByUpdate(form);
         EXPECT_FALSE(form.cmdBaseFolder.enabled());
         addIn.finish(L"Mail", false);
         EXPECT_TRUE(form.cmdBaseFolder.enabled());
         user.click(form.cmdUpdate);
-        stage->setValue(KEY, L"KBProcessState", 3);
-        user.wait(500);
+        endByTick();
         EXPECT_TRUE(form.cmdBaseFolder.enabled()) << "after a tick, too";
     });
 }
@@ -164,8 +125,7 @@ TEST_F(KBGuidance, TheBaseFolderIsNotOfferedWhileTheDialogIsLocked) {
 
 TEST_F(KBGuidance, AFocusThatTheUserHasMovedOnStaysWhereItIs) {
     open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
+        lockByUpdate(form);
         user.press(form.window(), key::tab);
         ASSERT_TRUE(form.cmdCancel.hasFocus()) << "the only button that is left";
         addIn.finish(L"Mail", false);
@@ -185,8 +145,7 @@ TEST_F(KBGuidance, ACommandFromTheListLeavesTheFocusThere) {
 
 TEST_F(KBGuidance, TheFocusStaysInTheListWhereTheButtonIsNoLongerAllowed) {
     open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
+        lockByUpdate(form);
         record({{L"Mail", {}, {}, 0}, {L"News", {}, {}, 7}});
         addIn.finish(L"Mail", false);
         ASSERT_FALSE(form.cmdUpdate.enabled());
@@ -208,15 +167,6 @@ TEST_F(KBGuidance, TheFocusThatAGuardedPressTookGoesOnWhenTheDialogUnlocks) {
         user.click(form.cmdCancel);
         addIn.finish(L"Mail", false);
         EXPECT_TRUE(form.sftKBConfiguration.hasFocus()) << "no button was pressed";
-    });
-}
-
-TEST_F(KBGuidance, EscWhileANameIsEnteredLeavesTheFocusInTheList) {
-    open([&](frmKBConfiguration& form) {
-        user.click(form.cmdAdd);
-        user.press(form.window(), key::escape);
-        EXPECT_TRUE(form.sftKBConfiguration.hasFocus());
-        EXPECT_EQ(buttons(form), ALL);
     });
 }
 
@@ -249,21 +199,10 @@ TEST_F(KBGuidance, AfterARemovalTheNeighbourIsCurrent) {
 
 TEST_F(KBGuidance, AnEndByATickLeavesTheNeighbourOfARemovedOneCurrent) {
     open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        stage->answerMessages({MessageAnswer::yes});
-        user.click(form.cmdRemove);
+        removeMail(form);
         recordNames({L"News", L"Post"});
-        stage->setValue(KEY, L"KBProcessState", 3);
-        user.wait(500);
-        EXPECT_EQ(current(form), L"News");
-    });
-}
-
-TEST_F(KBGuidance, ANewNameThatIsGivenUpLeavesTheOneBeforeCurrent) {
-    open([&](frmKBConfiguration& form) {
-        choose(form, L"News");
-        user.click(form.cmdAdd);
-        user.press(form.window(), key::escape);
+        endByTick();
+        EXPECT_EQ(names(form), (Names{L"News", L"Post"}));
         EXPECT_EQ(current(form), L"News");
     });
 }
@@ -350,8 +289,7 @@ TEST_F(KBGuidance, AFillThatIsDoneAtOnceShowsNoHourglass) {
 
 TEST_F(KBGuidance, ALongRefillAtTheEndOfACommandIsSeenAndTheStatusLineIsEmptyAfterIt) {
     open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
+        lockByUpdate(form);
         std::wstring said;
         const std::string read = "registry query Software\\Norvane\\Quillmark\\Alice\\Project";
         calls.takes(read + "2", 150);

@@ -8,20 +8,16 @@
 namespace tests {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Not;
-using vexa::frmKBConfiguration;
-using Names = std::vector<std::wstring>;
-using ui::MessageAnswer;
-
-class KBHostCloses : public KBTest {
-protected:
-    void SetUp() override {
-        KBTest::SetUp();
-        stage->setValue(ROOT, L"hWndSearchCtl", 4711);
-        recordNames({L"Mail", L"News"});
+class KBHostCloses : public KBMailAndNews {
+public:
+    /// Plays `script` in the open dialog, during which the host closes the page: the dialog has closed, too,
+    /// nobody listens any more, and the page can end.
+    void openAndClose(FunctionRef<void(frmKBConfiguration&)> script) {
+        open([&](frmKBConfiguration& form) {
+            script(form);
+            EXPECT_FALSE(form.window().isOpen());
+        });
+        expectEnded();
     }
     /// The host closes the page inside the next call that begins so.
     void hostClosesDuring(const std::string& call) {
@@ -36,83 +32,70 @@ protected:
 };
 
 TEST_F(KBHostCloses, OverTheLockedDialog) {
-    open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
+    openAndClose([&](frmKBConfiguration& form) {
+        lockByUpdate(form);
         stage->closeDialogs();
-        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_EQ(stored(L"KBProcessState"), 2) << "the add-in is still at it";
     EXPECT_EQ(stored(L"KBConfigColumn"), 0) << "the sort is kept on the way";
-    expectEnded();
     addIn.finish(L"Mail", false);
 }
 
 TEST_F(KBHostCloses, WhileANameIsEdited) {
-    open([&](frmKBConfiguration& form) {
+    openAndClose([&](frmKBConfiguration& form) {
         user.click(form.cmdAdd);
         stage->closeDialogs();
-        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_EQ(application.settings.ProjectCount, 2) << "the new row counts for nothing";
     EXPECT_THAT(sent(), IsEmpty());
-    expectEnded();
 }
 
 TEST_F(KBHostCloses, OverTheRemovalQuestion) {
-    open([&](frmKBConfiguration& form) {
+    openAndClose([&](frmKBConfiguration& form) {
         choose(form, L"Mail");
         hostClosesDuring("screen message Are you sure");
         user.click(form.cmdRemove);
-        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_THAT(sent(), IsEmpty());
     EXPECT_EQ(stored(L"KBProcessState"), MISSING);
-    expectEnded();
 }
 
 TEST_F(KBHostCloses, OverARefusal) {
-    open([&](frmKBConfiguration& form) {
+    openAndClose([&](frmKBConfiguration& form) {
         user.click(form.cmdAdd);
         hostClosesDuring("screen message The name may not contain");
         enter(form, L"a*b");
-        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_EQ(stage->messages().size(), 1u);
     EXPECT_EQ(application.settings.ProjectCount, 2);
     EXPECT_THAT(sent(), IsEmpty());
-    expectEnded();
 }
 
 TEST_F(KBHostCloses, OverTheAutoUpdateQuestion) {
     recordNames({});
-    open([&](frmKBConfiguration& form) {
+    openAndClose([&](frmKBConfiguration& form) {
         user.click(form.cmdAdd);
         hostClosesDuring("screen message Would you like");
         enter(form, L"Archive");
-        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_THAT(sent(), ElementsAre("addin NotifyKbAdded(Archive)")) << "no folders are chosen any more";
     EXPECT_EQ(application.settings.ProjectCount, 1) << "the add-in knows of the new one";
     EXPECT_EQ(stored(L"KBProcessState"), MISSING);
-    expectEnded();
 }
 
 TEST_F(KBHostCloses, OverTheMessageOfARunningAutoUpdate) {
     addIn.autoUpdateRunning = true;
-    open([&](frmKBConfiguration& form) {
+    openAndClose([&](frmKBConfiguration& form) {
         choose(form, L"Mail");
         hostClosesDuring("screen message An auto-update");
         user.click(form.cmdEdit);
-        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_THAT(sent(), IsEmpty());
-    expectEnded();
 }
 
 TEST_F(KBHostCloses, OverTheChooserOfTheAutoUpdateKnowledgebase) {
     application.settings.DefaultProject = L"Mail";
-    open([&](frmKBConfiguration& form) {
+    openAndClose([&](frmKBConfiguration& form) {
         choose(form, L"Mail");
         stage->answerMessages({MessageAnswer::yes});
         stage->whenShown<vexa::frmSelectDefaultKB>([&](vexa::frmSelectDefaultKB& chooser) {
@@ -121,26 +104,22 @@ TEST_F(KBHostCloses, OverTheChooserOfTheAutoUpdateKnowledgebase) {
             EXPECT_FALSE(chooser.window().isOpen());
         });
         user.click(form.cmdRemove);
-        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_EQ(application.settings.DefaultProject, L"") << "none was chosen";
     EXPECT_THAT(sent(), ElementsAre("addin NotifyKbRemoved(Mail)", "addin SetDefaultKnowledgebase()"));
-    expectEnded();
 }
 
 TEST_F(KBHostCloses, OverTheChooserOfTheBaseFolder) {
     const std::wstring before = application.settings.VexaBaseDir;
-    open([&](frmKBConfiguration& form) {
+    openAndClose([&](frmKBConfiguration& form) {
         stage->whenShown<vexa::frmKnowledgeBase>([&](vexa::frmKnowledgeBase& chooser) {
             stage->closeDialogs();
             EXPECT_FALSE(chooser.window().isOpen());
         });
         user.click(form.cmdBaseFolder);
-        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_EQ(application.settings.VexaBaseDir, before);
     EXPECT_FALSE(application.flags.dialogChanged);
-    expectEnded();
 }
 
 TEST_F(KBHostCloses, WhileTheDialogLoads) {
@@ -170,13 +149,11 @@ TEST_F(KBHostCloses, WhileTheDialogAsksTheAddInAtLoad) {
 }
 
 TEST_F(KBHostCloses, WhileTheListIsReadAnew) {
-    open([&](frmKBConfiguration& form) {
+    openAndClose([&](frmKBConfiguration&) {
         hostClosesDuring("doevents");
         addIn.finish(L"Mail", false);
-        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_EQ(application.settings.ProjectCount, 2) << "not what the emptied list holds";
-    expectEnded();
 }
 
 TEST_F(KBHostCloses, AndThePageCanShowTheDialogAgain) {
@@ -214,7 +191,7 @@ TEST_F(KBHostCloses, InTheCallThatRefusesANameReadsNoListAnew) {
             EXPECT_FALSE(form.window().isOpen());
         });
         calls.forgetFaults();
-        EXPECT_THAT(calls.linesWith("addin Notify"), testing::SizeIs(1));
+        EXPECT_THAT(calls.linesWith("addin Notify"), SizeIs(1));
         EXPECT_THAT(log(), Not(Contains("frmKBConfiguration, Lookup: ProjectEventName")));
         EXPECT_THAT(stage->messages(), IsEmpty());
     }
@@ -251,7 +228,7 @@ TEST_F(KBHostCloses, WhileTheAddInHearsOfTheRemovalOfTheAutoUpdateKnowledgebaseS
     application.settings.DefaultProject = L"Mail";
     open([&](frmKBConfiguration& form) {
         choose(form, L"Mail");
-        stage->answerMessages({ui::MessageAnswer::yes});
+        stage->answerMessages({MessageAnswer::yes});
         hostClosesDuring("addin NotifyKbRemoved");
         user.click(form.cmdRemove);
     });
@@ -272,8 +249,7 @@ TEST_F(KBHostCloses, WhileTheAddInIsAskedWhetherItUpdatesGivesNoCommand) {
 
 TEST_F(KBHostCloses, WhileItIsLockedLooksForNoEndAnyMore) {
     open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
+        lockByUpdate(form);
         user.closeWindow(form.window());
         stage->setValue(KEY, L"KBProcessState", 3);
         user.wait(1000);

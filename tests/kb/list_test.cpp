@@ -4,23 +4,19 @@
 namespace tests {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Not;
-using vexa::frmKBConfiguration;
-using Names = std::vector<std::wstring>;
-
-class KBList : public KBTest {};
+class KBList : public KBTest {
+public:
+    /// Values other than those that opening and closing write.
+    [[nodiscard]] std::vector<std::string> writtenRecords() const {
+        std::vector<std::string> lines = calls.linesWith("registry set");
+        std::erase_if(lines, [](const std::string& line) {
+            return line.find("KBConfig") != std::string::npos || line.find("hWndKBEdit") != std::string::npos;
+        });
+        return lines;
+    }
+};
 
 // --- Records ----------------------------------------------------------------------------------------------
-
-TEST_F(KBList, WithNoProjectCountTheListIsEmptyAndEveryRowBoundCommandIsDisabled) {
-    open([&](frmKBConfiguration& form) {
-        EXPECT_EQ(form.sftKBConfiguration.rowCount(), 0);
-        EXPECT_EQ(buttons(form), "A");
-    });
-}
 
 class KBEachLocale : public KBList, public testing::WithParamInterface<bool> {
 protected:
@@ -88,22 +84,22 @@ TEST_F(KBList, DuplicateNamesAreShownAsOftenAsTheyAreRecorded) {
     open([&](frmKBConfiguration& form) { EXPECT_EQ(form.sftKBConfiguration.rowCount(), 3); });
 }
 
-TEST_F(KBList, AProjectCountBelowZeroCountsAsNone) {
-    stage->setValue(KEY, L"ProjectCount", -5);
-    open([&](frmKBConfiguration& form) {
-        EXPECT_EQ(form.sftKBConfiguration.rowCount(), 0);
-        EXPECT_EQ(buttons(form), "A");
-    });
-}
-
-TEST_F(KBList, AProjectCountOfTheWrongTypeCountsAsNoneOrAsItsNumber) {
+TEST_F(KBList, OnlyAPositiveProjectCountCountsAndWithNoneEveryRowBoundCommandIsDisabled) {
+    const auto expectRows = [&](int rows) {
+        open([&](frmKBConfiguration& form) {
+            EXPECT_EQ(form.sftKBConfiguration.rowCount(), rows);
+            EXPECT_EQ(buttons(form), rows == 0 ? "A" : ALL);
+        });
+    };
+    expectRows(0);
     recordNames({L"Mail", L"News"});
-    stage->setValue(KEY, L"ProjectCount", L"many");
-    open([&](frmKBConfiguration& form) { EXPECT_EQ(form.sftKBConfiguration.rowCount(), 0); });
-    stage->setValue(KEY, L"ProjectCount", L"2");
-    open([&](frmKBConfiguration& form) { EXPECT_EQ(form.sftKBConfiguration.rowCount(), 2); });
+    for (const auto& [count, rows] :
+         std::initializer_list<std::pair<vexa::Value, int>>{{-5, 0}, {L"many", 0}, {L"2", 2}}) {
+        stage->setValue(KEY, L"ProjectCount", count);
+        expectRows(rows);
+    }
     stage->setRawValue(KEY, L"ProjectCount", 3, {1, 2, 3});
-    open([&](frmKBConfiguration& form) { EXPECT_EQ(form.sftKBConfiguration.rowCount(), 0); });
+    expectRows(0);
 }
 
 TEST_F(KBList, ADateThatIsNoDateIsLoggedAndHidesNothingElse) {
@@ -112,7 +108,7 @@ TEST_F(KBList, ADateThatIsNoDateIsLoggedAndHidesNothingElse) {
         EXPECT_EQ(cells(form, 0), (Row{L"Mail", L"-", L"-", L"       5"}));
         EXPECT_EQ(cells(form, 1), (Row{L"News", L"01/01/2020 12:00:00 PM", L"2 KB", L"       5"}));
     });
-    EXPECT_THAT(log(), Contains(testing::StartsWith("frmKBConfiguration, Error UpdateListView: ")));
+    EXPECT_THAT(log(), Contains(StartsWith("frmKBConfiguration, Error UpdateListView: ")));
 }
 
 TEST_F(KBList, SizesAndCountsThatDoNotConvertCountAsUnknown) {
@@ -140,9 +136,22 @@ TEST_F(KBList, NothingOfTheRecordsIsChanged) {
         user.clickHeader(form.sftKBConfiguration, 1);
         choose(form, L"News");
     });
-    for (const std::string& line : calls.linesWith("registry set"))
-        EXPECT_THAT(line, testing::AnyOf(testing::HasSubstr("hWndKBEdit"), testing::HasSubstr("KBConfig")));
+    EXPECT_THAT(writtenRecords(), IsEmpty());
     EXPECT_THAT(calls.linesWith("registry delete"), IsEmpty());
+}
+
+TEST_F(KBList, AProjectCountOfTwoThousandMillionsShowsAHundredThousandRowsAndHangsNothing) {
+    recordNames({L"Mail", L"News"});
+    stage->setValue(KEY, L"ProjectCount", 2'000'000'000);
+    open([&](frmKBConfiguration& form) {
+        EXPECT_EQ(form.sftKBConfiguration.rowCount(), 100'000);
+        EXPECT_EQ(names(form).back(), L"News");
+        user.click(form.cmdAdd);
+        EXPECT_EQ(current(form), L"New[100000]");
+        user.press(form.window(), key::escape);
+    });
+    EXPECT_EQ(stored(L"ProjectCount"), 2'000'000'000);
+    EXPECT_THAT(writtenRecords(), IsEmpty());
 }
 
 // --- Load and unload --------------------------------------------------------------------------------------
@@ -169,15 +178,11 @@ TEST_F(KBList, LoadingAndClosingLeaveTheirLines) {
                             "frmKBConfiguration, form unload."));
 }
 
-TEST_F(KBList, TheCurrentKnowledgebaseIsSelectedAtLoadWithoutRegardToCase) {
-    recordNames({L"Mail", L"News"});
+TEST_F(KBList, TheCurrentKnowledgebaseIsSelectedAtLoadWithoutRegardToCaseAndDefaultWhereNoneIs) {
+    openWith({L"Archive", L"default", L"News"},
+             [&](frmKBConfiguration& form) { EXPECT_EQ(current(form), L"default"); });
     stage->setValue(KEY, L"Projectname", L"NEWS");
     open([&](frmKBConfiguration& form) { EXPECT_EQ(current(form), L"News"); });
-}
-
-TEST_F(KBList, WithoutACurrentKnowledgebaseTheOneNamedDefaultIsSelected) {
-    recordNames({L"Mail", L"default"});
-    open([&](frmKBConfiguration& form) { EXPECT_EQ(current(form), L"default"); });
 }
 
 TEST_F(KBList, ClosingSetsTheSharedNumberOfKnowledgebases) {
@@ -194,9 +199,8 @@ TEST_F(KBList, ClosingWritesOrderColumnAndTypeInThisOrder) {
     });
     const auto writes = calls.linesWith("registry set");
     ASSERT_EQ(writes.size(), 3u);
-    EXPECT_THAT(writes,
-                ElementsAre(testing::HasSubstr("KBConfigSortOrder"), testing::HasSubstr("KBConfigColumn"),
-                            testing::HasSubstr("KBConfigSortType")));
+    EXPECT_THAT(writes, ElementsAre(HasSubstr("KBConfigSortOrder"), HasSubstr("KBConfigColumn"),
+                                    HasSubstr("KBConfigSortType")));
 }
 
 // --- Documents rule ---------------------------------------------------------------------------------------
@@ -204,14 +208,14 @@ TEST_F(KBList, ClosingWritesOrderColumnAndTypeInThisOrder) {
 TEST_F(KBList, RebuildAndUpdateAreEnabledOnlyForAKnowledgebaseWithDocuments) {
     record({{L"Empty", {}, {}, 0}, {L"Full", {}, {}, 3}, {L"Unknown", {}, {}, -1}, {L"Without", {}, {}, {}}});
     open([&](frmKBConfiguration& form) {
-        choose(form, L"Full");
-        EXPECT_EQ(buttons(form), ALL);
-        choose(form, L"Empty");
-        EXPECT_EQ(buttons(form), "AENM");
-        choose(form, L"Unknown");
-        EXPECT_EQ(buttons(form), ALL) << "-1 is not 0";
-        choose(form, L"Without");
-        EXPECT_EQ(buttons(form), "AENM") << "a missing number reads as 0";
+        // -1 is not 0; a missing number reads as 0.
+        for (const auto& [name, enabled] : {std::pair{L"Full", "AENMBU"},
+                                            {L"Empty", "AENM"},
+                                            {L"Unknown", "AENMBU"},
+                                            {L"Without", "AENM"}}) {
+            choose(form, name);
+            EXPECT_EQ(buttons(form), enabled) << narrow(name);
+        }
     });
 }
 
@@ -306,17 +310,15 @@ TEST_P(KBSorting, ByEachColumnLastsThroughRefillsAndOpenings) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Columns, KBSorting, testing::ValuesIn(SORTS),
-                         [](const auto& test) { return std::string(test.param.name); });
+INSTANTIATE_TEST_SUITE_P(Columns, KBSorting, testing::ValuesIn(SORTS), namedRow);
 
 class KBSortRules : public KBSorting {};
 
 TEST_F(KBSortRules, WithNoSavedSortTheListOpensSortedByName) {
     recordFour();
     open([&](frmKBConfiguration& form) { expectState(form, UNSAVED, 0); });
-    EXPECT_EQ(stored(L"KBConfigColumn"), 0);
-    EXPECT_EQ(stored(L"KBConfigSortOrder"), 0);
-    EXPECT_EQ(stored(L"KBConfigSortType"), 0);
+    for (const wchar_t* saved : {L"KBConfigColumn", L"KBConfigSortOrder", L"KBConfigSortType"})
+        EXPECT_EQ(stored(saved), 0) << narrow(saved);
 }
 
 TEST_F(KBSortRules, TwoClicksOnSizeSortByTheKeptNumberNeverByTheUnits) {
@@ -375,20 +377,12 @@ TEST_F(KBList, ARefillSelectsTheKnowledgebaseOfTheLastEventAndLeavesItsLines) {
     EXPECT_THAT(log(), Contains("UpdateListView, ProjectCount: 3"));
 }
 
-TEST_F(KBList, ARefillSelectsByTheExactName) {
-    recordNames({L"Mail", L"News"});
-    stage->setValue(KEY, L"ProjectEventName", L"news");
-    open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        addIn.finish(L"news", false);
+TEST_F(KBList, ARefillSelectsByTheExactNameAndOfSeveralTheLast) {
+    openWith({L"Mail", L"Twin", L"Twin"}, [&](frmKBConfiguration& form) {
+        stage->setValue(KEY, L"ProjectEventName", L"twin");
+        addIn.finish(L"twin", false);
         EXPECT_EQ(current(form), L"Mail") << "the one that was current before";
-    });
-}
-
-TEST_F(KBList, OfSeveralRowsWithTheNameTheLastBecomesCurrent) {
-    recordNames({L"Mail", L"Twin", L"Twin"});
-    stage->setValue(KEY, L"ProjectEventName", L"Twin");
-    open([&](frmKBConfiguration& form) {
+        stage->setValue(KEY, L"ProjectEventName", L"Twin");
         addIn.finish(L"Twin", false);
         EXPECT_EQ(form.sftKBConfiguration.currentRow(), 2);
     });

@@ -6,21 +6,8 @@
 namespace tests {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Not;
-using vexa::frmKBConfiguration;
-using Names = std::vector<std::wstring>;
-using ui::MessageAnswer;
-
-class KBOrder : public KBTest {
-protected:
-    void SetUp() override {
-        KBTest::SetUp();
-        stage->setValue(ROOT, L"hWndSearchCtl", 4711);
-        recordNames({L"Mail", L"News"});
-    }
+class KBOrder : public KBMailAndNews {
+public:
     /// The calls that begin with one of these, each as that beginning.
     [[nodiscard]] std::vector<std::string> order(const std::vector<std::string>& beginnings) const {
         std::vector<std::string> found;
@@ -32,12 +19,6 @@ protected:
     static std::string valueSet(const char* name) {
         return std::string("registry set Software\\Norvane\\Quillmark\\Alice\\") + name;
     }
-    void lock(frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdUpdate);
-        ASSERT_TRUE(form.locked());
-        calls.clear();
-    }
     /// The log from the dialog's first line on.
     [[nodiscard]] std::vector<std::string> dialogLog() {
         std::vector<std::string> lines = log();
@@ -48,61 +29,33 @@ protected:
 
 // --- Commands ---------------------------------------------------------------------------------------------
 
-struct LockedCommand {
-    const char* name;
-    ui::Button& (*button)(frmKBConfiguration&);
-    const char* call;
-    int event;
-    std::size_t eventRuns;  ///< how often events run before the add-in hears of it
-};
-
-class KBEachLockedCommand : public KBOrder, public testing::WithParamInterface<LockedCommand> {};
-
-TEST_P(KBEachLockedCommand, LocksLetsEventsRunAndThenTellsTheAddIn) {
-    open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        stage->answerMessages({MessageAnswer::yes});
-        calls.clear();
+TEST_F(KBOrder, EachLocksLetsEventsRunAndThenTellsTheAddIn) {
+    openForEach(LOCKING_COMMANDS, [&](frmKBConfiguration& form, const Command& command) {
         bool lockedInCall = false;
-        calls.during(GetParam().call, [&] { lockedInCall = form.locked(); });
+        calls.during(command.call, [&] { lockedInCall = form.locked(); });
         bool lockedInEvents = true;
         calls.during("doevents", [&] {
             lockedInEvents = form.locked();
             EXPECT_EQ(buttons(form), "");
             EXPECT_TRUE(anyRowGreyed(form));
         });
-        user.click(GetParam().button(form));
+        give(form, command);
         std::vector<std::string> expected{valueSet("KBProcessState")};
-        expected.insert(expected.end(), GetParam().eventRuns, "doevents");
+        expected.insert(expected.end(), command.eventRuns, "doevents");
         expected.insert(expected.end(),
-                        {valueSet("ProjectEvent "), valueSet("ProjectEventName"), GetParam().call});
+                        {valueSet("ProjectEvent "), valueSet("ProjectEventName"), command.call});
         EXPECT_EQ(order({valueSet("KBProcessState"), "doevents", valueSet("ProjectEvent "),
-                         valueSet("ProjectEventName"), GetParam().call}),
+                         valueSet("ProjectEventName"), command.call}),
                   expected);
         EXPECT_FALSE(lockedInEvents) << "the flag is set last";
         EXPECT_TRUE(lockedInCall);
-        EXPECT_TRUE(form.locked());
-        EXPECT_EQ(buttons(form), "");
-        EXPECT_TRUE(anyRowGreyed(form));
+        expectLocked(form);
+        EXPECT_EQ(sent(), std::vector<std::string>{command.call});
+        EXPECT_EQ(stored(L"ProjectEvent"), command.event);
+        EXPECT_EQ(storedText(L"ProjectEventName"), L"Mail");
+        addIn.finish(L"Mail", true);
     });
-    EXPECT_THAT(sent(), ElementsAre(GetParam().call));
-    EXPECT_EQ(stored(L"KBProcessState"), 2);
-    EXPECT_EQ(stored(L"ProjectEvent"), GetParam().event);
-    EXPECT_EQ(storedText(L"ProjectEventName"), L"Mail");
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Commands, KBEachLockedCommand,
-    testing::Values(
-        LockedCommand{"Edit", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdEdit; },
-                      "message 4711 1139 0 0", 2, 1},
-        LockedCommand{"Remove", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdRemove; },
-                      "addin NotifyKbRemoved(Mail)", 1, 2},
-        LockedCommand{"Rebuild", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdRebuild; },
-                      "addin NotifyKbRebuild(Mail)", 4, 2},
-        LockedCommand{"Update", [](frmKBConfiguration& form) -> ui::Button& { return form.cmdUpdate; },
-                      "addin NotifyKbUpdate(Mail)", 5, 1}),
-    [](const auto& test) { return std::string(test.param.name); });
 
 TEST_F(KBOrder, OfARename) {
     application.settings.DefaultProject = L"Mail";
@@ -123,8 +76,7 @@ TEST_F(KBOrder, OfARename) {
 }
 
 TEST_F(KBOrder, OfANewKnowledgebase) {
-    recordNames({});
-    open([&](frmKBConfiguration& form) {
+    openWith({}, [&](frmKBConfiguration& form) {
         stage->answerMessages({MessageAnswer::yes});
         user.click(form.cmdAdd);
         calls.clear();
@@ -196,7 +148,7 @@ TEST_F(KBOrder, WhileLockedTheListCanBeReadButNothingElse) {
     record({{L"Mail", L"43831", 10, 1}, {L"News", L"43832", 20, 2}});
     open([&](frmKBConfiguration& form) {
         ui::Grid& list = form.sftKBConfiguration;
-        lock(form);
+        lockByUpdate(form);
         for (const int header : {0, 1, 2, 3}) user.clickHeader(list, header);
         EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
         EXPECT_EQ(list.sortArrow(0), ui::SortArrow::up);
@@ -220,15 +172,13 @@ TEST_F(KBOrder, TheLockGoesLastWhenProcessingEnds) {
         SCOPED_TRACE(byTick ? "tick" : "event");
         stage->setValue(KEY, L"EditNoChange", 1);
         open([&](frmKBConfiguration& form) {
-            lock(form);
+            lockByUpdate(form);
             bool lockedInEvents = false;
             calls.during("doevents", [&] { lockedInEvents = form.locked(); });
-            if (byTick) {
-                stage->setValue(KEY, L"KBProcessState", 3);
-                user.wait(500);
-            } else {
+            if (byTick)
+                endByTick();
+            else
                 addIn.finish(L"Mail", false);
-            }
             EXPECT_TRUE(lockedInEvents) << "while the list is read anew";
             EXPECT_FALSE(form.locked());
         });
@@ -268,19 +218,20 @@ struct Tick {
 };
 
 TEST_F(KBOrder, ATickFollowsTheStoredState) {
-    for (const Tick& tick :
-         {Tick{1, "", false}, Tick{2, "", false}, Tick{MISSING, "", false}, Tick{0, "AENMBU", false},
-          Tick{4, "AENMBU", false}, Tick{-1, "AENMBU", false}, Tick{3, "AENMBU", true}}) {
-        SCOPED_TRACE(tick.state);
-        open([&](frmKBConfiguration& form) {
-            lock(form);
+    const Tick ticks[] = {{1, "", false},       {2, "", false},       {MISSING, "", false},
+                          {0, "AENMBU", false}, {4, "AENMBU", false}, {-1, "AENMBU", false},
+                          {3, "AENMBU", true}};
+    open([&](frmKBConfiguration& form) {
+        for (const Tick& tick : ticks) {
+            SCOPED_TRACE(tick.state);
+            lockByUpdate(form);
             if (tick.state == MISSING)
                 application.deleteValue(application.ProfileKey, L"KBProcessState");
             else
                 stage->setValue(KEY, L"KBProcessState", tick.state);
-            user.wait(250);
+            user.wait(TICK / 2);
             EXPECT_EQ(buttons(form), "") << "not due yet";
-            user.wait(250);
+            user.wait(TICK / 2);
             EXPECT_EQ(buttons(form), tick.buttons);
             EXPECT_EQ(form.locked(), !tick.ends);
             EXPECT_EQ(form.lblDebugInfo.text() == L"Status end.", tick.ends);
@@ -290,8 +241,8 @@ TEST_F(KBOrder, ATickFollowsTheStoredState) {
                 EXPECT_THAT(sent(), IsEmpty()) << "the lock holds whatever the buttons show";
             }
             addIn.finish(L"Mail", true);
-        });
-    }
+        }
+    });
 }
 
 TEST_F(KBOrder, ATickWaitsWhileANameIsBeingEntered) {

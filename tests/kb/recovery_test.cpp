@@ -5,32 +5,14 @@
 namespace tests {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Not;
-using vexa::frmKBConfiguration;
-using Names = std::vector<std::wstring>;
-
-class KBRecovery : public KBTest {
-protected:
-    void SetUp() override {
-        KBTest::SetUp();
-        stage->setValue(ROOT, L"hWndSearchCtl", 4711);
-        recordNames({L"Mail", L"News"});
-    }
-    /// The next Edit is of the row that the user chooses.
-    void expectEditOf(frmKBConfiguration& form, const std::wstring& name) {
-        choose(form, name);
-        user.click(form.cmdEdit);
-        EXPECT_TRUE(form.locked());
-        EXPECT_EQ(storedText(L"ProjectEventName"), name);
-        EXPECT_EQ(stored(L"ProjectEvent"), 2);
-    }
-    void expectUnlocked(const frmKBConfiguration& form) {
-        EXPECT_FALSE(form.locked());
-        EXPECT_FALSE(anyRowGreyed(form));
-        EXPECT_EQ(buttons(form).front(), 'A');
+class KBRecovery : public KBMailAndNews {
+public:
+    /// The list is read anew, with these, while the add-in is asked whether it updates.
+    void readAnewInTheGuard(const Names& recorded) {
+        calls.during("addin IsAutoUpdateRunning", [this, recorded] {
+            recordNames(recorded);
+            addIn.finish(recorded.front(), false);
+        });
     }
 };
 
@@ -51,26 +33,18 @@ TEST_F(KBRecovery, AFailureAfterANewOneIsAnnouncedGivesTheCommandsBack) {
     EXPECT_THAT(sent(), ElementsAre("addin NotifyKbAdded(Post)", "message 4711 1139 0 0"));
 }
 
-TEST_F(KBRecovery, ANewRowWhoseListWasReadAnewDuringARefusalIsForgotten) {
+TEST_F(KBRecovery, ANameWhoseListWasReadAnewDuringItsRefusalIsForgotten) {
     open([&](frmKBConfiguration& form) {
-        user.click(form.cmdAdd);
-        calls.during("screen message", [&] { addIn.finish(L"Mail", false); });
-        enter(form, L"a*b");
-        EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
-        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
-        expectEditOf(form, L"News");
-    });
-}
-
-TEST_F(KBRecovery, ARenameWhoseListWasReadAnewDuringARefusalIsForgotten) {
-    open([&](frmKBConfiguration& form) {
-        choose(form, L"Mail");
-        user.click(form.cmdRename);
-        calls.during("screen message", [&] { addIn.finish(L"Mail", false); });
-        enter(form, L"news");
-        EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
-        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
-        expectEditOf(form, L"News");
+        for (ui::Button* button : {&form.cmdAdd, &form.cmdRename})
+            for (const wchar_t* refused : {L"a*b", L"news"}) {
+                choose(form, L"Mail");
+                user.click(*button);
+                calls.during("screen message", [&] { addIn.finish(L"Mail", false); });
+                enter(form, refused);
+                expectList(form, {L"Mail", L"News"});
+                expectEditOf(form, L"News");
+                addIn.finish(L"News", false);
+            }
     });
 }
 
@@ -84,36 +58,31 @@ TEST_F(KBRecovery, ClosingWhileARefusalIsShownForgetsTheNewRow) {
     EXPECT_EQ(application.settings.ProjectCount, 2);
 }
 
-TEST_F(KBRecovery, AddWhileTheUnlockedListIsReadAnewIsNotTaken) {
-    open([&](frmKBConfiguration& form) {
-        calls.during("doevents", [&] { user.click(form.cmdAdd); });
-        addIn.finish(L"Mail", false);
-        EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
-        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
-        expectEditOf(form, L"News");
-    });
-}
-
-TEST_F(KBRecovery, AddWhileATickReadsTheListAnewIsNotTaken) {
-    stage->setValue(KEY, L"KBProcessState", 3);
-    stage->setValue(KEY, L"EditNoChange", 1);
-    open([&](frmKBConfiguration& form) {
-        calls.during("doevents", [&] { user.click(form.cmdAdd); });
-        user.wait(500);
-        EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
-        EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
-        expectEditOf(form, L"News");
-    });
+TEST_F(KBRecovery, AddWhileTheListIsReadAnewIsNotTaken) {
+    for (const bool byTick : {false, true}) {
+        SCOPED_TRACE(byTick ? "tick" : "event");
+        if (byTick) {
+            stage->setValue(KEY, L"KBProcessState", 3);
+            stage->setValue(KEY, L"EditNoChange", 1);
+        }
+        open([&](frmKBConfiguration& form) {
+            calls.during("doevents", [&] { user.click(form.cmdAdd); });
+            if (byTick)
+                user.wait(TICK);
+            else
+                addIn.finish(L"Mail", false);
+            expectList(form, {L"Mail", L"News"});
+            expectEditOf(form, L"News");
+            addIn.finish(L"News", true);
+        });
+    }
 }
 
 // --- The row that is meant --------------------------------------------------------------------------------
 
 TEST_F(KBRecovery, ADoubleClickMeansTheKnowledgebaseNotTheNumberOfItsRow) {
     open([&](frmKBConfiguration& form) {
-        calls.during("addin IsAutoUpdateRunning", [&] {
-            recordNames({L"Alpha", L"Mail", L"News"});
-            addIn.finish(L"Alpha", false);
-        });
+        readAnewInTheGuard({L"Alpha", L"Mail", L"News"});
         user.doubleClickRow(form.sftKBConfiguration, 1);
         EXPECT_TRUE(form.locked());
         EXPECT_EQ(storedText(L"ProjectEventName"), L"News");
@@ -123,10 +92,7 @@ TEST_F(KBRecovery, ADoubleClickMeansTheKnowledgebaseNotTheNumberOfItsRow) {
 TEST_F(KBRecovery, F2MeansTheKnowledgebaseNotTheNumberOfItsRow) {
     open([&](frmKBConfiguration& form) {
         choose(form, L"News");
-        calls.during("addin IsAutoUpdateRunning", [&] {
-            recordNames({L"Alpha", L"Mail", L"News"});
-            addIn.finish(L"Alpha", false);
-        });
+        readAnewInTheGuard({L"Alpha", L"Mail", L"News"});
         user.press(form.window(), key::f2);
         EXPECT_EQ(form.sftKBConfiguration.editedRow(), 2);
         enter(form, L"Post");
@@ -136,10 +102,7 @@ TEST_F(KBRecovery, F2MeansTheKnowledgebaseNotTheNumberOfItsRow) {
 
 TEST_F(KBRecovery, ADoubleClickOnAKnowledgebaseThatIsGoneMeanwhileDoesNothing) {
     open([&](frmKBConfiguration& form) {
-        calls.during("addin IsAutoUpdateRunning", [&] {
-            recordNames({L"Mail"});
-            addIn.finish(L"News", false);
-        });
+        readAnewInTheGuard({L"Mail"});
         user.doubleClickRow(form.sftKBConfiguration, 1);
         expectUnlocked(form);
     });
@@ -180,12 +143,9 @@ TEST_F(KBRecovery, WithoutAnAddInTheListIsShownAndTheCommandsDoNothing) {
         EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
         choose(form, L"Mail");
         EXPECT_EQ(buttons(form), ALL);
-        for (ui::Button* command : {&form.cmdAdd, &form.cmdEdit, &form.cmdRename, &form.cmdRemove,
-                                    &form.cmdRebuild, &form.cmdUpdate}) {
-            user.click(*command);
-            EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
-            EXPECT_EQ(form.sftKBConfiguration.editedRow(), -1);
-            EXPECT_FALSE(form.locked());
+        for (const Command& command : COMMANDS) {
+            user.click(command.button(form));
+            expectList(form, {L"Mail", L"News"});
         }
         user.doubleClickRow(form.sftKBConfiguration, 1);
         EXPECT_FALSE(form.locked());
@@ -194,36 +154,24 @@ TEST_F(KBRecovery, WithoutAnAddInTheListIsShownAndTheCommandsDoNothing) {
     EXPECT_EQ(stage->messages().size(), messages);
     EXPECT_EQ(stored(L"KBProcessState"), MISSING);
     EXPECT_THAT(log(), Contains("frmKBConfiguration, ...load finished."));
-    EXPECT_THAT(log(), Not(Contains(testing::StartsWith("frmKBConfiguration, Error"))));
+    EXPECT_THAT(log(), Not(Contains(StartsWith("frmKBConfiguration, Error"))));
 }
 
 // --- Long names -------------------------------------------------------------------------------------------
 
-class KBLongNames : public KBTest {
-protected:
+TEST_F(KBRecovery, ALongNameIsTakenAsItIsTypedAndStaysWholeWhereItIsLeft) {
     const std::wstring longName = std::wstring(150, L'x') + std::wstring(150, L'y');
-};
-
-TEST_F(KBLongNames, AnUnchangedLongNameStaysWhole) {
-    stage->setValue(KEY, L"ProjectCount", 1);
-    stage->setValue(KEY, L"Project1", longName);
-    open([&](frmKBConfiguration& form) {
-        user.clickRow(form.sftKBConfiguration, 0);
+    openWith({L"Mail"}, [&](frmKBConfiguration& form) {
+        rename(form, L"Mail", longName);
+        EXPECT_EQ(names(form), Names{longName});
+        EXPECT_EQ(storedText(L"ProjectEventName"), longName);
+        calls.clear();
         user.press(form.window(), key::f2);
         EXPECT_EQ(form.sftKBConfiguration.editedRow(), 0);
         user.press(form.window(), key::enter);
         EXPECT_EQ(names(form), Names{longName});
+        EXPECT_THAT(sent(), IsEmpty());
     });
-    EXPECT_THAT(sent(), IsEmpty());
-}
-
-TEST_F(KBLongNames, ALongNameIsTakenAsItIsTyped) {
-    recordNames({L"Mail"});
-    open([&](frmKBConfiguration& form) {
-        rename(form, L"Mail", longName);
-        EXPECT_EQ(names(form), Names{longName});
-    });
-    EXPECT_EQ(storedText(L"ProjectEventName"), longName);
 }
 
 // --- Without a profile ------------------------------------------------------------------------------------

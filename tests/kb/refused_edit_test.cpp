@@ -4,53 +4,47 @@
 namespace tests {
 namespace {
 
-using testing::IsEmpty;
-using testing::SizeIs;
-using vexa::frmKBConfiguration;
-
 /// What the user does while a name is in the editor that will be refused.
 struct Interruption {
     const char* name;
-    void (*act)(User& user, frmKBConfiguration& form);
+    std::function<void(frmKBConfiguration& form)> act;
 };
 
-class KBInterruptedName : public KBTest, public testing::WithParamInterface<Interruption> {};
+class KBStrayEdit : public KBMailAndNews {};
 
-TEST_P(KBInterruptedName, ThatIsRefusedIsEditedAgainAndNothingElseHappens) {
-    recordNames({L"Mail", L"News"});
+TEST_F(KBStrayEdit, OfANameThatIsRefusedGoesOnAndNothingElseHappens) {
+    const Interruption interruptions[] = {
+        {"close", [](frmKBConfiguration& form) { form.cmdCancel.onClick(); }},
+        {"a command", [](frmKBConfiguration& form) { form.cmdUpdate.onClick(); }},
+        {"a click on a command", [&](frmKBConfiguration& form) { user.click(form.cmdUpdate); }},
+        {"a sort", [](frmKBConfiguration& form) { form.sftKBConfiguration.onHeaderClick(0); }},
+    };
     open([&](frmKBConfiguration& form) {
-        choose(form, L"News");
-        user.click(form.cmdRename);
-        user.rewrite(form.sftKBConfiguration, L"a*b");
-        calls.clear();
-        GetParam().act(user, form);
-        EXPECT_TRUE(form.window().isOpen());
-        EXPECT_NE(form.sftKBConfiguration.editedRow(), -1);
-        EXPECT_EQ(names(form), (std::vector<std::wstring>{L"Mail", L"News"}));
-        EXPECT_THAT(stage->messages(), SizeIs(1));
-        EXPECT_THAT(sent(), IsEmpty());
-        EXPECT_FALSE(form.locked());
-        user.press(form.window(), key::escape);
+        for (const Interruption& interruption : interruptions) {
+            SCOPED_TRACE(interruption.name);
+            const std::size_t said = stage->messages().size();
+            choose(form, L"News");
+            user.click(form.cmdRename);
+            user.rewrite(form.sftKBConfiguration, L"a*b");
+            calls.clear();
+            interruption.act(form);
+            EXPECT_TRUE(form.window().isOpen());
+            EXPECT_NE(form.sftKBConfiguration.editedRow(), -1);
+            EXPECT_EQ(stage->messages().size(), said + 1);
+            EXPECT_THAT(sent(), IsEmpty());
+            EXPECT_FALSE(form.locked());
+            EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
+            user.press(form.window(), key::escape);
+            expectList(form, {L"Mail", L"News"});
+        }
     });
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Ways, KBInterruptedName,
-    testing::Values(
-        Interruption{"ByClose", [](User&, frmKBConfiguration& form) { form.cmdCancel.onClick(); }},
-        Interruption{"ByACommand", [](User&, frmKBConfiguration& form) { form.cmdUpdate.onClick(); }},
-        Interruption{"ByASort",
-                     [](User&, frmKBConfiguration& form) { form.sftKBConfiguration.onHeaderClick(0); }}),
-    [](const auto& one) { return std::string(one.param.name); });
-
-class KBStrayEdit : public KBTest {};
-
 TEST_F(KBStrayEdit, ThatTheDialogHasNotBegunChangesNothing) {
-    recordNames({L"Mail"});
     open([&](frmKBConfiguration& form) {
         form.sftKBConfiguration.openEditor(0);
         enter(form, L"Post");
-        EXPECT_EQ(names(form), std::vector<std::wstring>{L"Mail"});
+        EXPECT_EQ(names(form), (Names{L"Mail", L"News"}));
     });
     EXPECT_THAT(sent(), IsEmpty());
     EXPECT_EQ(storedText(L"OldProjectname"), L"(missing)");
@@ -59,9 +53,10 @@ TEST_F(KBStrayEdit, ThatTheDialogHasNotBegunChangesNothing) {
 // --- The dialog without a page ----------------------------------------------------------------------------
 
 class KBAlone : public KBTest {
-protected:
-    void play(const std::function<void(frmKBConfiguration&)>& script) {
+public:
+    void play(FunctionRef<void(frmKBConfiguration&)> script) {
         stage->whenShown<frmKBConfiguration>([&](frmKBConfiguration& form) {
+            stage->answerMessages({MessageAnswer::yes, MessageAnswer::yes});
             script(form);
             user.closeWindow(form.window());
         });
@@ -74,7 +69,6 @@ TEST_F(KBAlone, ItsCommandsReachNobodyAndItUnlocks) {
     application.settings.DefaultProject = L"Mail";
     play([&](frmKBConfiguration& form) {
         choose(form, L"Mail");
-        stage->answerMessages({ui::MessageAnswer::yes, ui::MessageAnswer::yes});
         for (ui::Button* button : {&form.cmdUpdate, &form.cmdRemove, &form.cmdBaseFolder}) {
             user.click(*button);
             EXPECT_FALSE(form.locked());
@@ -88,14 +82,11 @@ TEST_F(KBAlone, ItsCommandsReachNobodyAndItUnlocks) {
 
 TEST_F(KBAlone, AChosenAutoUpdateKnowledgebaseStaysInTheRecord) {
     recordNames({});
-    stage->whenShown<frmKBConfiguration>([&](frmKBConfiguration& form) {
+    play([&](frmKBConfiguration& form) {
         form.KBClick = [](bool&, std::wstring&, std::int32_t&) { return true; };
-        stage->answerMessages({ui::MessageAnswer::yes});
         user.click(form.cmdAdd);
         enter(form, L"Archive");
-        user.closeWindow(form.window());
     });
-    frmKBConfiguration(application, stage->owner()).Show();
     EXPECT_EQ(application.settings.DefaultProject, L"Archive");
     EXPECT_TRUE(application.flags.defaultKnowledgebaseChanged);
 }

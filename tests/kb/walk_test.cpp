@@ -11,27 +11,22 @@
 namespace tests {
 namespace {
 
-using ui::MessageAnswer;
-using vexa::frmKBConfiguration;
-
 const int STEPS = walkLength(200'000);
 constexpr int STEPS_PER_OPENING = 400;
 
-const std::vector<std::wstring> NAMES{
-    L"Mail",   L"mail",   L"News",  L"Archive", L"Work",   L"",        L" ",   L"a/b", L"x?", L"New[1]",
-    L"New[2]", L"new[3]", L"Ärzte", L"ÄRZTE",   L"<None>", L"default", L"a b", L"Z",   L"12", L"-"};
+const Names NAMES{L"Mail",   L"mail",    L"News",   L"Archive", L"Work",   L"",      L" ",
+                  L"a/b",    L"x?",      L"New[1]", L"New[2]",  L"new[3]", L"Ärzte", L"ÄRZTE",
+                  L"<None>", L"default", L"a b",    L"Z",       L"12",     L"-"};
 
-class Walk : public KBTest {
+class KBWalk : public KBTest {
 public:
-    Walk() {
-        SetUp();
+    void SetUp() override {
+        KBTest::SetUp();
         application.settings.LoggingInformation = false;
         stage->setValue(ROOT, L"hWndSearchCtl", 4711);
     }
-    void TestBody() override {}
-
     void play() {
-        while (steps_ < STEPS && !testing::Test::HasFailure()) {
+        while (steps_ < STEPS && !HasFailure()) {
             startOver();
             open([this](frmKBConfiguration& form) { visit(form); });
         }
@@ -133,7 +128,7 @@ private:
             act(form);
             if (!form.window().isOpen()) break;
             expectRules(form);
-            if (testing::Test::HasFailure()) return static_cast<void>(std::printf("step %d\n", steps_));
+            if (HasFailure()) return static_cast<void>(std::printf("step %d\n", steps_));
         }
         calls.forgetFaults();
     }
@@ -237,7 +232,7 @@ private:
 
     Dice dice_{"knowledgebases"};
     RestlessWorld world_{dice_, *stage};
-    std::vector<std::wstring> records_;
+    Names records_;
     int steps_ = 0;
     int locks_ = 0;
     int ends_ = 0;
@@ -245,10 +240,7 @@ private:
     int last_ = 0;
 };
 
-TEST(KBWalk, TheKnowledgebaseDialogKeepsItsRules) {
-    Walk walk;
-    walk.play();
-}
+TEST_F(KBWalk, TheKnowledgebaseDialogKeepsItsRules) { play(); }
 
 }  // namespace
 }  // namespace tests

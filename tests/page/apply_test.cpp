@@ -5,10 +5,6 @@
 namespace tests {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
-
 class PageApply : public PageTest {
 protected:
     void SetUp() override {
@@ -51,12 +47,7 @@ TEST_F(PageApply, LogsTheNumberOfKnowledgebasesFirst) {
 
 TEST_F(PageApply, WritesItsLineBeforeItsValues) {
     page->PropertyPage_Apply();
-    const auto first = [&](const std::string& prefix) {
-        return std::ranges::find_if(calls.lines(),
-                                    [&](const std::string& line) { return line.starts_with(prefix); });
-    };
-    ASSERT_NE(first("files write"), calls.lines().end());
-    EXPECT_LT(first("files write"), first("registry set"));
+    expectOrder("files write", "registry set");
 }
 
 TEST_F(PageApply, IsCleanBeforeTheAddInHearsOfLogging) {

@@ -7,10 +7,7 @@
 namespace tests {
 namespace {
 
-using testing::IsEmpty;
-using vexa::frmAttachment;
 using vexa::frmSendBugReport;
-using vexa::frmSettings;
 
 class ClosingPage : public SettingsTest {
 protected:
@@ -37,10 +34,7 @@ protected:
         user.wait(200);
         EXPECT_THAT(calls.lines(), IsEmpty()) << "nothing ticks";
         bool shown = false;
-        openAttachments([&](frmAttachment& form) {
-            shown = true;
-            user.click(form.cmdCancel);
-        });
+        openAttachments([&](frmAttachment&) { shown = true; });
         EXPECT_TRUE(shown) << "the page may be opened again";
     }
 
@@ -51,7 +45,7 @@ protected:
     }
 
     /// The composer above the search settings, as far as `script` gets.
-    void openComposer(const std::function<void(frmSendBugReport&)>& script) {
+    void openComposer(FunctionRef<void(frmSendBugReport&)> script) {
         openSearch([&](frmSettings& form) {
             change(user, form);
             stage->whenShown<frmSendBugReport>(script);

@@ -8,11 +8,6 @@
 namespace tests {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
-
 class PageCommands : public PageTest {
 protected:
     void SetUp() override {
@@ -22,7 +17,7 @@ protected:
     }
 
     /// At the next poll, as far as the stage's time is exact: a rule that took long is left out of some.
-    bool pollMakes(const std::function<bool()>& isSo) {
+    bool pollMakes(FunctionRef<bool()> isSo) {
         for (int polls = 0; polls < intervalsToWait() && !isSo(); ++polls) user.wait(260);
         return isSo();
     }
@@ -40,8 +35,9 @@ protected:
     }
 
     std::vector<bool> buttonStates() {
-        return {page->cmdKnowledgeBase.enabled(), page->cmdSettings.enabled(), page->cmdAttachments.enabled(),
-                page->cmdDispMatches.enabled(), page->cmdWizard.enabled()};
+        std::vector<bool> states;
+        for (const PageRow& row : rows()) states.push_back(row.button.enabled());
+        return states;
     }
     const std::vector<bool> allOff = std::vector<bool>(5, false);
     const std::vector<bool> allOn = std::vector<bool>(5, true);
@@ -49,36 +45,32 @@ protected:
 
 // --- Why buttons are disabled -----------------------------------------------------------------------------
 
-class PageReasons : public PageCommands {
-protected:
-    std::wstring info(int identifier) { return page->window().control<ui::Label>(identifier).text(); }
-};
-
-TEST_F(PageReasons, WhileTheAddInSearchesEachRowSaysSo) {
-    const std::wstring before = info(IDC_lblSettingsInfo);
+TEST_F(PageCommands, WhileTheAddInSearchesEachRowSaysSo) {
+    const std::wstring before = rows()[1].description.text();
     stage->addIn().searching = true;
     EXPECT_TRUE(pollMakes(allOff));
-    for (const int row : {IDC_lblKnowledgeBaseInfo, IDC_lblSettingsInfo, IDC_lblAttachmentsInfo,
-                          IDC_lblDispMatchesInfo, IDC_lblWizardInfo})
-        EXPECT_EQ(info(row), L"The add-in is searching. Please wait until it has finished.");
-    EXPECT_EQ(page->cmdSettings.description(), info(IDC_lblSettingsInfo));
+    for (const PageRow& row : rows()) {
+        EXPECT_EQ(row.description.text(), L"The add-in is searching. Please wait until it has finished.");
+        EXPECT_EQ(row.button.description(), row.description.text());
+    }
     stage->addIn().searching = false;
     EXPECT_TRUE(pollMakes(allOn));
-    EXPECT_EQ(info(IDC_lblSettingsInfo), before);
+    EXPECT_EQ(rows()[1].description.text(), before);
     EXPECT_EQ(page->cmdSettings.description(), before);
 }
 
-TEST_F(PageReasons, TheWizardsRowSaysWhenItIsOffered) {
-    const std::wstring offered = info(IDC_lblWizardInfo);
+TEST_F(PageCommands, TheWizardsRowSaysWhenItIsOffered) {
+    const ui::Label& info = rows().back().description;
+    const std::wstring offered = info.text();
     stage->setValue(PROFILE, L"KBProcessState", 2);
     EXPECT_TRUE(wizardBecomes(false));
-    EXPECT_EQ(info(IDC_lblWizardInfo), L"Offered while no knowledgebase has content and the add-in is idle.");
+    EXPECT_EQ(info.text(), L"Offered while no knowledgebase has content and the add-in is idle.");
     stage->setValue(PROFILE, L"KBProcessState", 3);
     EXPECT_TRUE(wizardBecomes(true));
-    EXPECT_EQ(info(IDC_lblWizardInfo), offered);
+    EXPECT_EQ(info.text(), offered);
 }
 
-TEST_F(PageReasons, TheHourglassShowsWhileTheAddInIsLookedFor) {
+TEST_F(PageCommands, TheHourglassShowsWhileTheAddInIsLookedFor) {
     end();
     calls.clear();
     stage->setAddInRunning(false);
@@ -96,43 +88,49 @@ struct Event {
     const char* call;  ///< what leaves the page
 };
 
-class PageEvents : public PageCommands, public testing::WithParamInterface<Event> {};
+const Event EVENTS[] = {{0, "addin NotifyKbAdded(Mail)"},   {1, "addin NotifyKbRemoved(Mail)"},
+                        {2, "message 4711 1139 0 0"},       {3, "addin NotifyKbRenamed(Post, Mail)"},
+                        {4, "addin NotifyKbRebuild(Mail)"}, {5, "addin NotifyKbUpdate(Mail)"},
+                        {6, "message 4711 1127 0 "}};
 
-TEST_P(PageEvents, AreWrittenToTheRegistryAndPassedOn) {
-    stage->setValue(PROFILE, L"OldProjectname", L"Post");
-    raise(GetParam().code);
-    EXPECT_EQ(integer(PROFILE, L"ProjectEvent"), GetParam().code);
-    EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"Mail");
-    std::vector<std::string> passedOn = calls.linesWith("addin");
-    for (const std::string& line : calls.linesWith("message")) passedOn.push_back(line);
-    EXPECT_THAT(passedOn, ElementsAre(testing::StartsWith(GetParam().call)));
-    EXPECT_THAT(calls.linesWith("pointer"), ElementsAre("pointer 13", "pointer 0"));
-}
-
-TEST_P(PageEvents, ComeToTheirEndWhereTheAddInFails) {
-    calls.failCallsWith("addin");
-    raise(GetParam().code);
-    EXPECT_EQ(integer(PROFILE, L"ProjectEvent"), GetParam().code);
-    EXPECT_EQ(calls.linesWith("pointer").back(), "pointer 0");
-    if (std::string(GetParam().call).starts_with("addin")) {
-        EXPECT_EQ(log().back(), "ctlPPE, Error m_KBForm_KBClick: The add-in failed");
+class PageEvents : public PageCommands {
+protected:
+    /// Raises each of them, plays `check` with it; it is in the registry, and the pointer has come back.
+    void raiseEach(FunctionRef<void(const Event&)> check) {
+        stage->setValue(PROFILE, L"OldProjectname", L"Post");
+        for (const Event& event : EVENTS) {
+            SCOPED_TRACE(event.code);
+            calls.clear();
+            raise(event.code);
+            EXPECT_EQ(integer(PROFILE, L"ProjectEvent"), event.code);
+            EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"Mail");
+            EXPECT_THAT(calls.linesWith("pointer"), ElementsAre("pointer 13", "pointer 0"));
+            check(event);
+        }
     }
+};
+
+TEST_F(PageEvents, AreWrittenToTheRegistryAndPassedOn) {
+    raiseEach([&](const Event& event) {
+        std::vector<std::string> passedOn = calls.linesWith("addin");
+        for (const std::string& line : calls.linesWith("message")) passedOn.push_back(line);
+        EXPECT_THAT(passedOn, ElementsAre(StartsWith(event.call)));
+    });
 }
 
-TEST_P(PageEvents, AreRecordedWithoutAnAddIn) {
+TEST_F(PageEvents, ComeToTheirEndWhereTheAddInFails) {
+    calls.failCallsWith("addin");
+    std::ptrdiff_t failures = 0;
+    raiseEach([&](const Event& event) {
+        if (std::string(event.call).starts_with("addin")) ++failures;
+        EXPECT_EQ(std::ranges::count(log(), "ctlPPE, Error m_KBForm_KBClick: The add-in failed"), failures);
+    });
+}
+
+TEST_F(PageEvents, AreRecordedWithoutAnAddIn) {
     application.addIn.reset();
-    raise(GetParam().code);
-    EXPECT_EQ(integer(PROFILE, L"ProjectEvent"), GetParam().code);
-    EXPECT_THAT(calls.linesWith("addin"), IsEmpty());
-    EXPECT_EQ(calls.linesWith("pointer").back(), "pointer 0");
+    raiseEach([&](const Event&) { EXPECT_THAT(calls.linesWith("addin"), IsEmpty()); });
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Codes, PageEvents,
-    testing::Values(Event{0, "addin NotifyKbAdded(Mail)"}, Event{1, "addin NotifyKbRemoved(Mail)"},
-                    Event{2, "message 4711 1139 0 0"}, Event{3, "addin NotifyKbRenamed(Post, Mail)"},
-                    Event{4, "addin NotifyKbRebuild(Mail)"}, Event{5, "addin NotifyKbUpdate(Mail)"},
-                    Event{6, "message 4711 1127 0 "}));
 
 TEST_F(PageCommands, TheFlagOfAnEditEventBecomesTheMessagesLParam) {
     raise(2, L"Mail", true);
@@ -207,32 +205,23 @@ TEST_F(PageCommands, AnEventIsWrittenPassedOnAndThenThePointerComesBack) {
 
 // --- Wizard -----------------------------------------------------------------------------------------------
 
-TEST_F(PageCommands, TheWizardButtonNamesTheCurrentKnowledgebase) {
-    stage->setValue(PROFILE, L"ProjectCount", 2);
-    stage->setValue(PROFILE, L"Projectname", L"Archive");
-    user.click(page->cmdWizard);
-    EXPECT_EQ(integer(PROFILE, L"ProjectEvent"), 6);
-    EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"Archive");
-    EXPECT_THAT(calls.linesWith("message 4711 1127 0 "), SizeIs(1));
-}
-
-TEST_F(PageCommands, WithoutKnowledgebasesTheWizardButtonNamesDefault) {
-    stage->setValue(PROFILE, L"Projectname", L"Archive");
-    user.click(page->cmdWizard);
-    EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"default");
-}
-
-TEST_F(PageCommands, AMissingNameOfTheCurrentKnowledgebaseIsDefault) {
-    stage->setValue(PROFILE, L"ProjectCount", 1);
-    user.click(page->cmdWizard);
-    EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"default");
-}
-
-TEST_F(PageCommands, ANegativeCountStillNamesTheCurrentKnowledgebase) {
-    stage->setValue(PROFILE, L"ProjectCount", -1);
-    stage->setValue(PROFILE, L"Projectname", L"Archive");
-    user.click(page->cmdWizard);
-    EXPECT_EQ(text(PROFILE, L"ProjectEventName"), L"Archive");
+TEST_F(PageCommands, TheWizardButtonNamesTheCurrentKnowledgebaseOrDefaultWhereThereIsNone) {
+    struct Current {
+        std::int32_t count;
+        const wchar_t* stored;
+        const wchar_t* named;
+    };
+    for (const Current& current : {Current{1, nullptr, L"default"}, Current{2, L"Archive", L"Archive"},
+                                   Current{0, L"Archive", L"default"}, Current{-1, L"Archive", L"Archive"}}) {
+        SCOPED_TRACE(current.count);
+        stage->setValue(PROFILE, L"ProjectCount", current.count);
+        if (current.stored) stage->setValue(PROFILE, L"Projectname", current.stored);
+        calls.clear();
+        user.click(page->cmdWizard);
+        EXPECT_EQ(integer(PROFILE, L"ProjectEvent"), 6);
+        EXPECT_EQ(text(PROFILE, L"ProjectEventName"), current.named);
+        EXPECT_THAT(calls.linesWith("message 4711 1127 0 "), SizeIs(1));
+    }
 }
 
 TEST_F(PageCommands, LinesAfterTheStartCarryTheContainersNameButThatOfTheFocus) {
@@ -255,10 +244,13 @@ TEST_F(PageCommands, TheWizardButtonLogsItsFocusUnderTheTypesName) {
     EXPECT_THAT(log(), Contains("ctlPPEcmdWizard got focus."));
 }
 
+/// What there is before the start, and whether the wizard is offered then.
 struct WizardCase {
     const char* name;
-    std::function<void(Stage&)> prepare;
     bool allowed;
+    std::vector<std::pair<const wchar_t*, vexa::Value>> values;
+    std::vector<std::pair<const wchar_t*, const char*>> files;  ///< below the stage's folder, with content
+    const wchar_t* base = L"kb";  ///< the base folder; this one has a subfolder "Temp"
 };
 
 void addKnowledgebase(Stage& stage) {
@@ -269,96 +261,62 @@ void addKnowledgebase(Stage& stage) {
     stage.createFolder(stage.folder() + L"kb\\Temp");
 }
 
-class WizardRule : public PageTest, public testing::WithParamInterface<WizardCase> {};
+class WizardRule : public PageTest, public testing::WithParamInterface<WizardCase> {
+protected:
+    void expectDecision() {
+        for (const auto& [name, value] : GetParam().values) stage->setValue(PROFILE, name, value);
+        for (const auto& [path, content] : GetParam().files)
+            stage->writeFile(stage->folder() + path, content);
+        start();
+        EXPECT_EQ(page->cmdWizard.enabled(), GetParam().allowed);
+    }
+};
 
-TEST_P(WizardRule, DecidesWhetherTheWizardIsOffered) {
-    GetParam().prepare(*stage);
-    start();
-    EXPECT_EQ(page->cmdWizard.enabled(), GetParam().allowed);
+TEST_P(WizardRule, DecidesByTheProcessStateWhetherTheWizardIsOffered) { expectDecision(); }
+
+INSTANTIATE_TEST_SUITE_P(
+    WithoutKnowledgebases, WizardRule,
+    testing::Values(WizardCase{"NothingYet", true, {}, {}},
+                    WizardCase{"StateOneIsNotThree", false, {{L"KBProcessState", 1}}, {}},
+                    WizardCase{"StateTwoIsNotThreeEvenWithNoFiles", false, {{L"KBProcessState", 2}}, {}},
+                    WizardCase{"StateThree", true, {{L"KBProcessState", 3}}, {}}),
+    namedRow);
+
+class WizardRuleOfFiles : public WizardRule {};
+
+TEST_P(WizardRuleOfFiles, DecideWhetherTheWizardIsOffered) {
+    addKnowledgebase(*stage);
+    stage->createFolder(stage->folder() + L"bare");
+    stage->setValue(PROFILE, L"VexaBaseDir", stage->folder() + GetParam().base);
+    stage->createFolder(stage->folder() + L"kb\\Folder.dct");
+    expectDecision();
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Cases, WizardRule,
+    OfKnowledgebases, WizardRuleOfFiles,
     testing::Values(
-        WizardCase{"NothingYet", [](Stage&) {}, true},
-        WizardCase{"AddInProcesses", [](Stage& stage) { stage.addIn().processing = true; }, false},
-        WizardCase{"StateOneIsNotThree", [](Stage& stage) { stage.setValue(PROFILE, L"KBProcessState", 1); },
-                   false},
-        WizardCase{"StateTwoIsNotThreeEvenWithNoFiles",
-                   [](Stage& stage) { stage.setValue(PROFILE, L"KBProcessState", 2); }, false},
-        WizardCase{"StateThree", [](Stage& stage) { stage.setValue(PROFILE, L"KBProcessState", 3); }, true},
-        WizardCase{"KnowledgebaseWithoutFile", addKnowledgebase, true},
-        WizardCase{"EmptyFileDoesNotBlock",
-                   [](Stage& stage) {
-                       addKnowledgebase(stage);
-                       stage.writeFile(stage.folder() + L"kb\\Mail.dct", "");
-                   },
-                   true},
-        WizardCase{"FileWithContentBlocks",
-                   [](Stage& stage) {
-                       addKnowledgebase(stage);
-                       stage.writeFile(stage.folder() + L"kb\\Mail.dct", "x");
-                   },
-                   false},
-        WizardCase{"FileInTempWithContentBlocks",
-                   [](Stage& stage) {
-                       addKnowledgebase(stage);
-                       stage.writeFile(stage.folder() + L"kb\\Temp\\Mail.dct", "x");
-                   },
-                   false},
+        WizardCase{"None", true, {}, {}},
+        WizardCase{"AnEmptyOneDoesNotBlock", true, {}, {{L"kb\\Mail.dct", ""}}},
+        WizardCase{"OneWithContentBlocks", false, {}, {{L"kb\\Mail.dct", "x"}}},
+        WizardCase{"OneInTempWithContentBlocks", false, {}, {{L"kb\\Temp\\Mail.dct", "x"}}},
         WizardCase{"OneByteBlocksInTheSecondKnowledgebase",
-                   [](Stage& stage) {
-                       addKnowledgebase(stage);
-                       stage.setValue(PROFILE, L"ProjectCount", 2);
-                       stage.setValue(PROFILE, L"Project2", L"Post");
-                       stage.writeFile(stage.folder() + L"kb\\Post.dct", "x");
-                   },
-                   false},
+                   false,
+                   {{L"ProjectCount", 2}, {L"Project2", L"Post"}},
+                   {{L"kb\\Post.dct", "x"}}},
         WizardCase{"AKnowledgebaseBehindTheCountDoesNotBlock",
-                   [](Stage& stage) {
-                       addKnowledgebase(stage);
-                       stage.setValue(PROFILE, L"Project2", L"Post");
-                       stage.writeFile(stage.folder() + L"kb\\Post.dct", "x");
-                   },
-                   true},
+                   true,
+                   {{L"Project2", L"Post"}},
+                   {{L"kb\\Post.dct", "x"}}},
         WizardCase{"OtherFilesDoNotBlock",
-                   [](Stage& stage) {
-                       addKnowledgebase(stage);
-                       stage.writeFile(stage.folder() + L"kb\\Mail.dctx", "x");
-                       stage.writeFile(stage.folder() + L"kb\\Mail2.dct", "x");
-                       stage.writeFile(stage.folder() + L"Mail.dct", "x");
-                   },
-                   true},
-        WizardCase{"AFolderWithTheFilesNameDoesNotBlock",
-                   [](Stage& stage) {
-                       addKnowledgebase(stage);
-                       stage.createFolder(stage.folder() + L"kb\\Mail.dct");
-                   },
-                   true},
-        WizardCase{"MissingTempDoesNotMatter",
-                   [](Stage& stage) {
-                       stage.setValue(PROFILE, L"ProjectCount", 1);
-                       stage.setValue(PROFILE, L"Project1", L"Mail");
-                       stage.setValue(PROFILE, L"VexaBaseDir", stage.folder() + L"bare");
-                       stage.createFolder(stage.folder() + L"bare");
-                       stage.writeFile(stage.folder() + L"bare\\MAIL.DCT", "x");
-                   },
-                   false},
-        WizardCase{"MissingNameReadsAsDefault",
-                   [](Stage& stage) {
-                       addKnowledgebase(stage);
-                       stage.setValue(PROFILE, L"ProjectCount", 2);
-                       stage.writeFile(stage.folder() + L"kb\\default.dct", "x");
-                   },
-                   false},
-        WizardCase{"NegativeCountIsNone",
-                   [](Stage& stage) {
-                       addKnowledgebase(stage);
-                       stage.setValue(PROFILE, L"ProjectCount", -5);
-                       stage.writeFile(stage.folder() + L"kb\\Mail.dct", "x");
-                   },
-                   true}),
-    [](const auto& one) { return std::string(one.param.name); });
+                   true,
+                   {},
+                   {{L"kb\\Mail.dctx", "x"}, {L"kb\\Mail2.dct", "x"}, {L"Mail.dct", "x"}}},
+        WizardCase{"AFolderWithTheFilesNameDoesNotBlock", true, {{L"Project1", L"Folder"}}, {}},
+        WizardCase{
+            "MissingTempDoesNotMatterNorTheCaseOfAName", false, {}, {{L"bare\\MAIL.DCT", "x"}}, L"bare"},
+        WizardCase{"MissingNameReadsAsDefault", false, {{L"ProjectCount", 2}}, {{L"kb\\default.dct", "x"}}},
+        WizardCase{"NegativeCountIsNone", true, {{L"ProjectCount", -5}}, {{L"kb\\Mail.dct", "x"}}}),
+    namedRow);
 
 TEST_F(PageCommands, ABrokenCountOfTwoThousandMillionIsHeldAtAHundredThousand) {
     stage->setValue(PROFILE, L"ProjectCount", 2'000'000'000);
@@ -367,43 +325,38 @@ TEST_F(PageCommands, ABrokenCountOfTwoThousandMillionIsHeldAtAHundredThousand) {
 
 // The rule follows the profile that is set, and what the add-in does meanwhile.
 TEST_F(PageCommands, TheRuleReadsBelowTheSetProfile) {
-    const std::wstring work = std::wstring(PROFILE) + L"Work";
     const auto refuse = [&](const wchar_t* name, const vexa::Value& value, const vexa::Value& harmless) {
-        stage->setValue(work, name, value);
+        stage->setValue(WORK, name, value);
         EXPECT_TRUE(wizardBecomes(false)) << narrow(name);
-        stage->setValue(work, name, harmless);
+        stage->setValue(WORK, name, harmless);
         EXPECT_TRUE(wizardBecomes(true)) << narrow(name);
     };
-    application.ProfileKey = work;
+    application.ProfileKey = WORK;
     stage->setValue(PROFILE, L"KBProcessState", 2);
     stage->createFolder(stage->folder() + L"kb");
     stage->writeFile(stage->folder() + L"kb\\Mail.dct", "x");
-    stage->setValue(work, L"VexaBaseDir", stage->folder() + L"kb");
-    stage->setValue(work, L"ProjectCount", 1);
-    stage->setValue(work, L"Project1", L"Post");
+    stage->setValue(WORK, L"VexaBaseDir", stage->folder() + L"kb");
+    stage->setValue(WORK, L"ProjectCount", 1);
+    stage->setValue(WORK, L"Project1", L"Post");
     refuse(L"KBProcessState", 2, 3);
     refuse(L"Project1", L"Mail", L"Post");
-    stage->setValue(work, L"Project1", L"mAIL");
+    stage->setValue(WORK, L"Project1", L"mAIL");
     refuse(L"ProjectCount", 1, 0);
-    stage->setValue(work, L"ProjectCount", 1);
-    stage->setValue(work, L"VexaBaseDir", stage->folder() + L"none");
+    stage->setValue(WORK, L"ProjectCount", 1);
+    stage->setValue(WORK, L"VexaBaseDir", stage->folder() + L"none");
     refuse(L"VexaBaseDir", stage->folder() + L"kb", stage->folder() + L"none");
 }
 
-TEST_F(PageCommands, AFileThatAppearsDisablesTheWizardAtTheNextPoll) {
-    addKnowledgebase(*stage);
-    EXPECT_TRUE(wizardBecomes(true));
-    stage->writeFile(stage->folder() + L"kb\\Temp\\Mail.dct", "x");
-    EXPECT_TRUE(wizardBecomes(false));
-    EXPECT_TRUE(page->cmdSettings.enabled());
-}
-
-TEST_F(PageCommands, AnAddInThatProcessesDisablesTheWizardAtTheNextPoll) {
+TEST_F(PageCommands, AFileThatAppearsAndAnAddInThatProcessesDisableTheWizardAtTheNextPoll) {
     stage->addIn().processing = true;
     EXPECT_TRUE(wizardBecomes(false));
     EXPECT_TRUE(page->cmdKnowledgeBase.enabled());
     stage->addIn().processing = false;
     EXPECT_TRUE(wizardBecomes(true));
+    addKnowledgebase(*stage);
+    stage->writeFile(stage->folder() + L"kb\\Temp\\Mail.dct", "x");
+    EXPECT_TRUE(wizardBecomes(false));
+    EXPECT_TRUE(page->cmdSettings.enabled());
 }
 
 // --- The message button -----------------------------------------------------------------------------------
@@ -442,23 +395,13 @@ TEST_F(PageCommands, MovesThatComeWhileEventsRunAreNotHandledOneInsideTheOther) 
 
 // --- Poll -------------------------------------------------------------------------------------------------
 
-TEST_F(PageCommands, WhileTheAddInSearchesAllButtonsAreDisabledWithinAQuarterSecondAndComeBack) {
+TEST_F(PageCommands, AnAddInThatFailsOrIsGoneSearchesNoMoreAndGivesTheButtonsBack) {
     EXPECT_EQ(buttonStates(), allOn);
-    stage->addIn().searching = true;
-    EXPECT_TRUE(pollMakes(allOff));
-    stage->addIn().searching = false;
-    EXPECT_TRUE(pollMakes(allOn));
-}
-
-TEST_F(PageCommands, AnAddInThatGoesAwayWhileSearchingGivesTheButtonsBack) {
     stage->addIn().searching = true;
     EXPECT_TRUE(pollMakes(allOff));
     calls.failCallsWith("addin");
     EXPECT_TRUE(pollMakes(allOn));
-}
-
-TEST_F(PageCommands, AnAddInThatIsGoneSearchesNoMore) {
-    stage->addIn().searching = true;
+    calls.forgetFaults();
     EXPECT_TRUE(pollMakes(allOff));
     application.addIn.reset();
     EXPECT_TRUE(pollMakes(allOn));

@@ -12,6 +12,9 @@ namespace tests {
 inline constexpr const wchar_t* ROOT = L"Software\\Norvane\\Quillmark";
 /// The profile key with no profile set.
 inline constexpr const wchar_t* PROFILE = L"Software\\Norvane\\Quillmark\\";
+/// Those of two profiles.
+inline constexpr const wchar_t* HOME = L"Software\\Norvane\\Quillmark\\Home";
+inline constexpr const wchar_t* WORK = L"Software\\Norvane\\Quillmark\\Work";
 
 /// The container's side of the page.
 class FakePageSite : public vexa::PageSite {
@@ -35,8 +38,17 @@ private:
     CallLog& calls_;
 };
 
+/// What belongs together on the page.
+struct PageRow {
+    const ui::Line& line;
+    const ui::Label& caption;
+    const ui::Label& description;
+    const ui::Picture& picture;
+    const ui::Button& button;
+};
+
 class PageTest : public FormTest {
-protected:
+public:
     /// Creates the page and starts it.
     vexa::ctlPPE& start() {
         create();
@@ -44,8 +56,16 @@ protected:
         return *page;
     }
 
-    void create() {
-        page = std::make_unique<vexa::ctlPPE>(application, stage->createPage(IDD_ctlPPE, {400, 420}), site);
+    void create() { page = newPage(site); }
+    [[nodiscard]] std::unique_ptr<vexa::ctlPPE> newPage(vexa::PageSite& itsSite) {
+        return std::make_unique<vexa::ctlPPE>(application, stage->createPage(IDD_ctlPPE, {400, 420}),
+                                              itsSite);
+    }
+    /// One more page, started.
+    [[nodiscard]] std::unique_ptr<vexa::ctlPPE> startAnother() {
+        auto other = newPage(otherSite);
+        other->UserControl_Initialize();
+        return other;
     }
 
     void end() {
@@ -71,7 +91,33 @@ protected:
     }
     static constexpr std::int32_t MISSING = -99999;
 
+    [[nodiscard]] std::vector<PageRow> rows() {
+        std::vector<PageRow> all;
+        ui::Window& window = page->window();
+        for (const int first :
+             {IDC_lneKnowledgeBase, IDC_lneSettings, IDC_lneAttachments, IDC_lneDispMatches, IDC_lneWizard})
+            all.push_back({window.control<ui::Line>(first), window.control<ui::Label>(first + 1),
+                           window.control<ui::Label>(first + 2), window.control<ui::Picture>(first + 3),
+                           window.control<ui::Button>(first + 4)});
+        return all;
+    }
+    /// Both were called, the first call that begins with the one before that of the other.
+    void expectOrder(const std::string& before, const std::string& after) {
+        const auto first = [&](const std::string& beginning) {
+            return std::ranges::find_if(calls.lines(),
+                                        [&](const std::string& line) { return line.starts_with(beginning); });
+        };
+        ASSERT_NE(first(before), calls.lines().end());
+        ASSERT_NE(first(after), calls.lines().end());
+        EXPECT_LT(first(before), first(after));
+    }
+    /// As it is published.
+    static std::int32_t messageHandle(const vexa::ctlPPE& of) {
+        return static_cast<std::int32_t>(of.cmdMsg.handle());
+    }
+
     FakePageSite site{calls};
+    FakePageSite otherSite{calls};
     std::unique_ptr<vexa::ctlPPE> page;
 };
 

@@ -26,65 +26,78 @@ Picture painted(const ui::Strokes& strokes, const ui::Size& size) {
     return picture;
 }
 
-TEST(FlatCombo, AFlatComboLosesItsEdgesAndKeepsALightButtonBesideALine) {
-    EXPECT_EQ(painted(flatCombo(FlatState::flat, SIZE, THUMB), SIZE), (Picture{
-                                                                          "ffffffffffffffffffff",
-                                                                          "ffffffffffffffffffff",
-                                                                          "ff..........ffffffff",
-                                                                          "ff..........fwhhffff",
-                                                                          "ff..........fwhhffff",
-                                                                          "ff..........fwhhffff",
-                                                                          "ff..........fwhhffff",
-                                                                          "ff..........ffffffff",
-                                                                          "ffffffffffffffffffff",
-                                                                          "ffffffffffffffffffff",
-                                                                      }));
+struct Look {
+    const char* name;
+    FlatState state;
+    Picture picture;
+};
+
+const Look LOOKS[] = {
+    {"AFlatComboLosesItsEdgesAndKeepsALightButtonBesideALine",
+     FlatState::flat,
+     {
+         "ffffffffffffffffffff",
+         "ffffffffffffffffffff",
+         "ff..........ffffffff",
+         "ff..........fwhhffff",
+         "ff..........fwhhffff",
+         "ff..........fwhhffff",
+         "ff..........fwhhffff",
+         "ff..........ffffffff",
+         "ffffffffffffffffffff",
+         "ffffffffffffffffffff",
+     }},
+    {"AHotComboIsSunkenWithARaisedButton",
+     FlatState::hot,
+     {
+         "sssssssssssssssssssh",
+         "sffffffffffffffffffh",
+         "sf..........fffffffh",
+         "sf..........ffhhsffh",
+         "sf..........ffh.sffh",
+         "sf..........ffh.sffh",
+         "sf..........ffsssffh",
+         "sf..........fffffffh",
+         "sffffffffffffffffffh",
+         "hhhhhhhhhhhhhhhhhhhh",
+     }},
+    {"APressedComboIsSunkenWithASunkenButton",
+     FlatState::pressed,
+     {
+         "sssssssssssssssssssh",
+         "sffffffffffffffffffh",
+         "sf..........fffffffh",
+         "sf..........ffsshffh",
+         "sf..........ffs.hffh",
+         "sf..........ffs.hffh",
+         "sf..........ffhhhffh",
+         "sf..........fffffffh",
+         "sffffffffffffffffffh",
+         "hhhhhhhhhhhhhhhhhhhh",
+     }},
+    {"ADisabledComboHasALightFrameAndNoButton",
+     FlatState::disabled,
+     {
+         "ffffffffffffffffffff",
+         "fhhhhhhhhhhhhhhhhhhf",
+         "fh..........ffffffhf",
+         "fh..........ffffffhf",
+         "fh..........ff..ffhf",
+         "fh..........ff..ffhf",
+         "fh..........ffffffhf",
+         "fh..........ffffffhf",
+         "fhhhhhhhhhhhhhhhhhhf",
+         "ffffffffffffffffffff",
+     }},
+};
+
+class FlatComboLooks : public testing::TestWithParam<Look> {};
+
+TEST_P(FlatComboLooks, ArePaintedToThePixel) {
+    EXPECT_EQ(painted(flatCombo(GetParam().state, SIZE, THUMB), SIZE), GetParam().picture);
 }
 
-TEST(FlatCombo, AHotComboIsSunkenWithARaisedButton) {
-    EXPECT_EQ(painted(flatCombo(FlatState::hot, SIZE, THUMB), SIZE), (Picture{
-                                                                         "sssssssssssssssssssh",
-                                                                         "sffffffffffffffffffh",
-                                                                         "sf..........fffffffh",
-                                                                         "sf..........ffhhsffh",
-                                                                         "sf..........ffh.sffh",
-                                                                         "sf..........ffh.sffh",
-                                                                         "sf..........ffsssffh",
-                                                                         "sf..........fffffffh",
-                                                                         "sffffffffffffffffffh",
-                                                                         "hhhhhhhhhhhhhhhhhhhh",
-                                                                     }));
-}
-
-TEST(FlatCombo, APressedComboIsSunkenWithASunkenButton) {
-    EXPECT_EQ(painted(flatCombo(FlatState::pressed, SIZE, THUMB), SIZE), (Picture{
-                                                                             "sssssssssssssssssssh",
-                                                                             "sffffffffffffffffffh",
-                                                                             "sf..........fffffffh",
-                                                                             "sf..........ffsshffh",
-                                                                             "sf..........ffs.hffh",
-                                                                             "sf..........ffs.hffh",
-                                                                             "sf..........ffhhhffh",
-                                                                             "sf..........fffffffh",
-                                                                             "sffffffffffffffffffh",
-                                                                             "hhhhhhhhhhhhhhhhhhhh",
-                                                                         }));
-}
-
-TEST(FlatCombo, ADisabledComboHasALightFrameAndNoButton) {
-    EXPECT_EQ(painted(flatCombo(FlatState::disabled, SIZE, THUMB), SIZE), (Picture{
-                                                                              "ffffffffffffffffffff",
-                                                                              "fhhhhhhhhhhhhhhhhhhf",
-                                                                              "fh..........ffffffhf",
-                                                                              "fh..........ffffffhf",
-                                                                              "fh..........ff..ffhf",
-                                                                              "fh..........ff..ffhf",
-                                                                              "fh..........ffffffhf",
-                                                                              "fh..........ffffffhf",
-                                                                              "fhhhhhhhhhhhhhhhhhhf",
-                                                                              "ffffffffffffffffffff",
-                                                                          }));
-}
+INSTANTIATE_TEST_SUITE_P(States, FlatComboLooks, testing::ValuesIn(LOOKS), namedRow);
 
 TEST(FlatCombo, EveryStrokeIsALevelOrUprightLineInsideTheCombo) {
     for (const FlatState state : {FlatState::flat, FlatState::hot, FlatState::pressed, FlatState::disabled})

@@ -38,15 +38,12 @@ private:
 class ReportFonts : public ReportTest {
 protected:
     /// Opens a composer on a screen with these fonts.
-    void openWith(const Names& names, const std::function<void(frmSendBugReport&)>& script) {
+    void openWith(const Names& names, FunctionRef<void(frmSendBugReport&)> script) {
         screen.names = names;
-        stage->whenShown<frmSendBugReport>([&](frmSendBugReport& form) {
-            script(form);
-            if (form.window().isOpen()) user.closeWindow(form.window());
-        });
-        vexa::showBugReport(elsewhere, stage->owner());
+        openOf(elsewhere, script);
     }
     void expectFont(const Names& names, const std::wstring& font) {
+        SCOPED_TRACE(narrow(font));
         openWith(names, [&](frmSendBugReport& form) {
             EXPECT_EQ(form.rtfBody.fontName(), font);
             EXPECT_EQ(selectedText(form.cboFontname), font) << "the combo shows what the editor uses";
@@ -59,17 +56,11 @@ protected:
     vexa::Application elsewhere{application.platform, screen};
 };
 
-TEST_F(ReportFonts, TheEditorBeginsWithTheDesignsFontWhereTheScreenHasIt) {
+TEST_F(ReportFonts, TheEditorBeginsWithTheDesignsFontOrTheNearestOrTheScreensFirst) {
     expectFont({L"Arial", L"Courier New", L"MS Sans Serif", L"Tahoma"}, L"MS Sans Serif");
-}
-
-TEST_F(ReportFonts, WithoutTheDesignsFontTheNearestOneStandsIn) {
     expectFont({L"Arial", L"Courier New", L"Tahoma"}, L"Tahoma");
     expectFont({L"Courier New", L"Arial", L"Microsoft Sans Serif"}, L"Microsoft Sans Serif");
     expectFont({L"Courier New", L"Arial"}, L"Arial");
-}
-
-TEST_F(ReportFonts, WithoutAnyOfThemTheScreensFirstFontStandsIn) {
     expectFont({L"Courier New", L"Symbol"}, L"Courier New");
 }
 

@@ -6,13 +6,10 @@
 namespace tests {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 class ReportFormatting : public ReportTest {
 protected:
     /// Opens a composer whose body has this text, without formats, and the focus.
-    void openWithText(const std::wstring& text, const std::function<void(frmSendBugReport&)>& script) {
+    void openWithText(const std::wstring& text, FunctionRef<void(frmSendBugReport&)> script) {
         open([&](frmSendBugReport& form) {
             user.click(form.rtfBody);
             bool first = true;
@@ -28,6 +25,11 @@ protected:
     static void select(frmSendBugReport& form, int start, int length) {
         form.rtfBody.select(form.rtfBody.selectionStart() == 0 ? 1 : 0, 0);
         form.rtfBody.select(start, length);
+    }
+    static void makeBoldItalicUnderlined(ui::RichText& body) {
+        body.setBold(true);
+        body.setItalic(true);
+        body.setUnderline(true);
     }
     [[nodiscard]] long twips(double pixels) const {
         return std::lround(pixels * application.screen.twipsPerPixelX());
@@ -79,9 +81,7 @@ protected:
             case Selection::underlined: body.setUnderline(true); break;
             case Selection::mixedCharacters:
                 body.select(0, 1);
-                body.setBold(true);
-                body.setItalic(true);
-                body.setUnderline(true);
+                makeBoldItalicUnderlined(body);
                 break;
             case Selection::centred: body.setAlignment(ui::Alignment::centre); break;
             case Selection::rightAligned: body.setAlignment(ui::Alignment::right); break;
@@ -231,7 +231,7 @@ TEST_F(ReportFormatting, BulletsOnAMixedSelectionLeaveTheIndentOfThoseThatHaveTh
     });
 }
 
-TEST_F(ReportFormatting, LowImportanceReleasesHighAndASecondClickLeavesBothUp) {
+TEST_F(ReportFormatting, LowImportanceReleasesHighAndASecondClickLeavesBothUpAlsoWhileTheFormattingIsOff) {
     openWithText(L"", [&](frmSendBugReport& form) {
         user.clickButton(form.tbrProperties, button::highImportance);
         user.clickButton(form.tbrProperties, button::lowImportance);
@@ -240,11 +240,6 @@ TEST_F(ReportFormatting, LowImportanceReleasesHighAndASecondClickLeavesBothUp) {
         user.clickButton(form.tbrProperties, button::lowImportance);
         EXPECT_FALSE(form.tbrProperties.pressed(button::highImportance));
         EXPECT_FALSE(form.tbrProperties.pressed(button::lowImportance));
-    });
-}
-
-TEST_F(ReportFormatting, ImportanceCanBeSetWhileTheFormattingIsOff) {
-    openWithText(L"", [&](frmSendBugReport& form) {
         form.txtSubject.setFocus();
         user.clickButton(form.tbrProperties, button::highImportance);
         EXPECT_TRUE(form.tbrProperties.pressed(button::highImportance));
@@ -308,7 +303,7 @@ TEST_F(ReportFormatting, TypedTextTakesTheFormatOfTheButtons) {
 
 // --- Colours and fonts ------------------------------------------------------------------------------------
 
-TEST_F(ReportFormatting, EachEntryOfTheColourMenuSetsItsColour) {
+TEST_F(ReportFormatting, EachEntryOfTheColourMenuSetsItsColourAndAnUnknownKeyNone) {
     openWithText(L"text", [&](frmSendBugReport& form) {
         form.rtfBody.select(0, 4);
         const ui::Colour colours[] = {0x000000, 0xFF0000, 0x00FF00, 0xFFFF00,
@@ -316,16 +311,9 @@ TEST_F(ReportFormatting, EachEntryOfTheColourMenuSetsItsColour) {
         for (int entry = 7; entry >= 0; --entry) {
             user.chooseMenu(form.tbrProperties, button::forecolor, entry);
             EXPECT_EQ(form.rtfBody.colour(), colours[entry]) << entry;
+            form.tbrProperties.onMenuClick(L"colPurple");
+            EXPECT_EQ(form.rtfBody.colour(), colours[entry]) << "a key that nobody knows";
         }
-    });
-}
-
-TEST_F(ReportFormatting, AMenuKeyThatNobodyKnowsChangesNothing) {
-    openWithText(L"text", [&](frmSendBugReport& form) {
-        form.rtfBody.select(0, 4);
-        user.chooseMenu(form.tbrProperties, button::forecolor, 4);
-        form.tbrProperties.onMenuClick(L"colPurple");
-        EXPECT_EQ(form.rtfBody.colour(), 0x0000FF);
     });
 }
 
@@ -338,6 +326,11 @@ TEST_F(ReportFormatting, AChosenFontAndSizeBelongToTheSelection) {
         user.choose(form.cboFontsize, 5);
         EXPECT_EQ(form.rtfBody.fontName(), font);
         EXPECT_EQ(form.rtfBody.fontSize(), 24);
+        user.choose(form.cboFontsize, 6);
+        EXPECT_EQ(form.rtfBody.fontSize(), 36);
+        user.choose(form.cboFontsize, 0);
+        EXPECT_EQ(form.rtfBody.fontSize(), 8) << "the size with a blank";
+        user.choose(form.cboFontsize, 5);
         form.rtfBody.select(2, 2);
         EXPECT_EQ(form.rtfBody.fontName(), before);
         EXPECT_EQ(form.rtfBody.fontSize(), 8);
@@ -347,7 +340,7 @@ TEST_F(ReportFormatting, AChosenFontAndSizeBelongToTheSelection) {
 // Of "ab" and "cd" in different fonts the combos show what "ab" has.
 class ReportShownFont : public ReportFormatting {
 protected:
-    void openMixed(const std::function<void(frmSendBugReport&)>& script) {
+    void openMixed(FunctionRef<void(frmSendBugReport&)> script) {
         openWithText(L"abcd", [&](frmSendBugReport& form) {
             form.rtfBody.select(0, 2);
             form.rtfBody.setFontName(form.cboFontname.item(1));
@@ -368,23 +361,20 @@ protected:
     }
 };
 
-TEST_F(ReportShownFont, IsAppliedWhereItIsChosenByMouse) {
-    openMixed([&](frmSendBugReport& form) {
-        user.choose(form.cboFontname, 1);
-        user.choose(form.cboFontsize, form.cboFontsize.selectedIndex());
-        EXPECT_EQ(form.rtfBody.fontName(), form.cboFontname.item(1));
-        EXPECT_EQ(form.rtfBody.fontSize(), 14);
-    });
-}
-
-TEST_F(ReportShownFont, IsAppliedWhereItIsChosenByEnter) {
-    openMixed([&](frmSendBugReport& form) {
-        pressIn(form, form.cboFontname, {key::enter});
-        pressIn(form, form.cboFontsize, {key::enter});
-        EXPECT_EQ(form.rtfBody.fontName(), form.cboFontname.item(1));
-        EXPECT_EQ(form.rtfBody.fontSize(), 14);
-        EXPECT_TRUE(form.window().isOpen()) << "Enter was the list's";
-    });
+TEST_F(ReportShownFont, IsAppliedWhereItIsChosenByMouseOrByEnter) {
+    for (const bool byMouse : {true, false})
+        openMixed([&](frmSendBugReport& form) {
+            if (byMouse) {
+                user.choose(form.cboFontname, 1);
+                user.choose(form.cboFontsize, form.cboFontsize.selectedIndex());
+            } else {
+                pressIn(form, form.cboFontname, {key::enter});
+                pressIn(form, form.cboFontsize, {key::enter});
+            }
+            EXPECT_EQ(form.rtfBody.fontName(), form.cboFontname.item(1)) << byMouse;
+            EXPECT_EQ(form.rtfBody.fontSize(), 14) << byMouse;
+            EXPECT_TRUE(form.window().isOpen()) << "Enter was the list's";
+        });
 }
 
 TEST_F(ReportShownFont, IsNotAppliedWhereTheListIsClosedWithoutAChoice) {
@@ -417,24 +407,12 @@ TEST_F(ReportShownFont, OneChoiceIsHeardOnce) {
     });
 }
 
-TEST_F(ReportFormatting, TheSizeWithABlankIsEight) {
-    openWithText(L"abcd", [&](frmSendBugReport& form) {
-        form.rtfBody.select(0, 4);
-        user.choose(form.cboFontsize, 6);
-        EXPECT_EQ(form.rtfBody.fontSize(), 36);
-        user.choose(form.cboFontsize, 0);
-        EXPECT_EQ(form.rtfBody.fontSize(), 8);
-    });
-}
-
 // --- The controls follow the caret ------------------------------------------------------------------------
 
 TEST_F(ReportFormatting, TheControlsFollowTheCaret) {
     openWithText(L"abcdef", [&](frmSendBugReport& form) {
         form.rtfBody.select(2, 2);
-        form.rtfBody.setBold(true);
-        form.rtfBody.setItalic(true);
-        form.rtfBody.setUnderline(true);
+        makeBoldItalicUnderlined(form.rtfBody);
         form.rtfBody.setFontSize(18);
         form.rtfBody.setFontName(form.cboFontname.item(1));
         select(form, 2, 2);
@@ -488,9 +466,7 @@ TEST_F(ReportFormatting, AMixedSelectionLeavesTheCombosAloneAndTheButtonsUp) {
         form.rtfBody.select(0, 2);
         form.rtfBody.setFontName(form.cboFontname.item(1));
         form.rtfBody.setFontSize(14);
-        form.rtfBody.setBold(true);
-        form.rtfBody.setItalic(true);
-        form.rtfBody.setUnderline(true);
+        makeBoldItalicUnderlined(form.rtfBody);
         select(form, 0, 2);
         ASSERT_EQ(form.cboFontname.selectedIndex(), 1);
         form.rtfBody.select(0, 4);

@@ -5,8 +5,6 @@
 namespace tests {
 namespace {
 
-using testing::IsEmpty;
-
 constexpr std::size_t FIVE_MEGABYTES = 5 << 20;  // characters
 
 std::wstring largeText() {
@@ -19,15 +17,7 @@ std::wstring largeText() {
     return text;
 }
 
-class ReportInput : public ReportTest {
-protected:
-    void SetUp() override {
-        ReportTest::SetUp();
-        storeRecipient(L"help@tarnwell.example");
-    }
-    void send(frmSendBugReport& form) { user.clickButton(form.tbrBugReport, SEND_BUTTON); }
-    [[nodiscard]] const vexa::MailReport& sent() { return stage->addIn().report; }
-};
+class ReportInput : public ReportToHelp {};
 
 // --- Large texts ------------------------------------------------------------------------------------------
 
@@ -84,33 +74,19 @@ TEST_P(ReportOddCharacters, ThatArePastedAreSentAsTheFieldShowsThem) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, ReportOddCharacters,
-                         testing::Values(OddText{"Tab", L"a\tb@c.example"},
-                                         OddText{"Bell",
-                                                 L"a\x07"
-                                                 L"b"},
-                                         OddText{"Delete",
-                                                 L"a\x7f"
-                                                 L"b"},
-                                         OddText{"Escape", L"\x1b[0m"},
-                                         OddText{"UnitSeparator",
-                                                 L"a\x1f"
-                                                 L"b\x01"},
-                                         OddText{"RightToLeftMark",
-                                                 L"a\x200f\x202e"
-                                                 L"b"},
-                                         OddText{"ByteOrderMark",
-                                                 L"\xfeff"
-                                                 L"a"},
+                         testing::Values(OddText{"Tab", L"a\tb@c.example"}, OddText{"Bell", L"a\u0007b"},
+                                         OddText{"Delete", L"a\u007fb"}, OddText{"Escape", L"\u001b[0m"},
+                                         OddText{"UnitSeparator", L"a\u001fb\u0001"},
+                                         OddText{"RightToLeftMark", L"a\u200f\u202eb"},
+                                         OddText{"ByteOrderMark", L"\ufeffa"},
                                          OddText{"HeaderInjection", L"a@b.example\r\nBcc: c@d.example"},
                                          OddText{"Quotes", L"\"Help; Desk\" <a@b.example>; <>,"}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         namedRow);
 
 TEST_F(ReportInput, ControlKeysInAnAddressFieldAddNoCharacters) {
     open([&](frmSendBugReport& form) {
         form.txtTo.setText(L"");
-        user.type(form.txtTo,
-                  L"a\x02\x07\x1f"
-                  L"b");
+        user.type(form.txtTo, L"a\u0002\u0007\u001fb");
         EXPECT_EQ(form.txtTo.text(), L"ab");
     });
 }
@@ -159,6 +135,7 @@ TEST_F(ReportInput, AHostThatClosesThePageDuringACallThatFailsGetsNoError) {
         send(form);
         EXPECT_FALSE(form.window().isOpen());
     });
+    EXPECT_THAT(stage->messages(), IsEmpty());
     EXPECT_EQ(calls.linesWith("pointer").back(), "pointer 0");
     // The next page's composer works again.
     calls.forgetFaults();

@@ -4,23 +4,18 @@
 namespace tests {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-class ReportWindow : public ReportTest {};
-
 const std::vector<int> FORMATTING{4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20};
 
-// --- Opening ----------------------------------------------------------------------------------------------
+class ReportWindow : public ReportTest {
+protected:
+    static void expectFormatting(const frmSendBugReport& form, bool on) {
+        EXPECT_EQ(disabled(form), on ? std::vector<int>() : FORMATTING);
+        EXPECT_EQ(form.cboFontname.enabled(), on);
+        EXPECT_EQ(form.cboFontsize.enabled(), on);
+    }
+};
 
-TEST_F(ReportWindow, WithoutAStoredRecipientSendIsDisabledUntilSomethingIsTyped) {
-    open([&](frmSendBugReport& form) {
-        EXPECT_EQ(form.txtTo.text(), L"");
-        EXPECT_FALSE(form.tbrBugReport.buttonEnabled(SEND_BUTTON));
-        user.type(form.txtTo, L"h");
-        EXPECT_TRUE(form.tbrBugReport.buttonEnabled(SEND_BUTTON));
-    });
-}
+// --- Opening ----------------------------------------------------------------------------------------------
 
 TEST_F(ReportWindow, AStoredRecipientIsShownAndEnablesSend) {
     storeRecipient(L"help@tarnwell.example");
@@ -30,7 +25,24 @@ TEST_F(ReportWindow, AStoredRecipientIsShownAndEnablesSend) {
         EXPECT_EQ(form.txtCc.text(), L"");
         EXPECT_EQ(form.txtSubject.text(), L"");
         EXPECT_EQ(form.rtfBody.text(), L"");
+        form.txtTo.setText(L"");
+        EXPECT_FALSE(form.tbrBugReport.buttonEnabled(SEND_BUTTON)) << "without a recipient";
+        user.type(form.txtTo, L" ");
+        EXPECT_EQ(form.txtTo.text(), L" ");
+        EXPECT_TRUE(form.tbrBugReport.buttonEnabled(SEND_BUTTON)) << "a blank is something";
     });
+}
+
+TEST_F(ReportWindow, WithoutARecipientOrWithOneOfABrokenTypeSendIsDisabledUntilSomethingIsTyped) {
+    for (const bool broken : {false, true}) {
+        if (broken) stage->setRawValue(L"Software\\Norvane\\Quillmark", L"SendTo", 3, {1, 2, 3});
+        open([&](frmSendBugReport& form) {
+            EXPECT_EQ(form.txtTo.text(), L"");
+            EXPECT_FALSE(form.tbrBugReport.buttonEnabled(SEND_BUTTON));
+            user.type(form.txtTo, L"h");
+            EXPECT_TRUE(form.tbrBugReport.buttonEnabled(SEND_BUTTON));
+        });
+    }
 }
 
 TEST_F(ReportWindow, TheRecipientComesFromTheRootKeyAndNotFromTheProfile) {
@@ -39,20 +51,17 @@ TEST_F(ReportWindow, TheRecipientComesFromTheRootKeyAndNotFromTheProfile) {
     open([&](frmSendBugReport& form) { EXPECT_EQ(form.txtTo.text(), L""); });
 }
 
-TEST_F(ReportWindow, ARecipientOfABrokenTypeIsNoRecipient) {
-    stage->setRawValue(L"Software\\Norvane\\Quillmark", L"SendTo", 3, {1, 2, 3});
-    open([&](frmSendBugReport& form) {
-        EXPECT_EQ(form.txtTo.text(), L"");
-        EXPECT_FALSE(form.tbrBugReport.buttonEnabled(SEND_BUTTON));
-    });
-}
-
-TEST_F(ReportWindow, TheCaptionAndTheButtonsAreTheComposersOwn) {
+TEST_F(ReportWindow, AtFirstItShowsItsButtonsTheScreensFontsAndSevenSizesAndFormatsNothing) {
     open([&](frmSendBugReport& form) {
         EXPECT_EQ(form.window().caption(), L"Send report");
         EXPECT_EQ(form.tbrBugReport.count(), 1);
         EXPECT_EQ(form.tbrProperties.count(), 20);
         EXPECT_THAT(pressed(form), IsEmpty());
+        expectFormatting(form, false);
+        EXPECT_EQ(items(form.cboFontname), application.screen.fonts());
+        EXPECT_FALSE(items(form.cboFontname).empty());
+        EXPECT_THAT(items(form.cboFontsize), ElementsAre(L" 8", L"10", L"12", L"14", L"18", L"24", L"36"));
+        EXPECT_EQ(form.cboFontsize.selectedIndex(), 0) << "the editor begins with 8 points";
     });
 }
 
@@ -86,26 +95,6 @@ TEST(ReportButtons, AKeyThatNoMenuEntryHasIsNoColour) {
     EXPECT_EQ(vexa::menuColour(L"COLBLACK"), std::nullopt);
 }
 
-TEST_F(ReportWindow, TheFontComboListsTheScreensFontsInTheirOrder) {
-    open([&](frmSendBugReport& form) {
-        std::vector<std::wstring> listed;
-        for (int index = 0; index < form.cboFontname.count(); ++index)
-            listed.push_back(form.cboFontname.item(index));
-        EXPECT_EQ(listed, application.screen.fonts());
-        EXPECT_FALSE(listed.empty());
-    });
-}
-
-TEST_F(ReportWindow, TheSizeComboListsSevenSizesWithABlankBeforeTheFirst) {
-    open([&](frmSendBugReport& form) {
-        std::vector<std::wstring> listed;
-        for (int index = 0; index < form.cboFontsize.count(); ++index)
-            listed.push_back(form.cboFontsize.item(index));
-        EXPECT_THAT(listed, ElementsAre(L" 8", L"10", L"12", L"14", L"18", L"24", L"36"));
-        EXPECT_EQ(form.cboFontsize.selectedIndex(), 0) << "the editor begins with 8 points";
-    });
-}
-
 TEST_F(ReportWindow, TheCombosLieOnTheirToolbarButtons) {
     open([&](frmSendBugReport& form) {
         const ui::Rect toolbar = form.tbrProperties.bounds();
@@ -124,32 +113,13 @@ TEST_F(ReportWindow, TheCombosLieOnTheirToolbarButtons) {
 
 // --- Focus and the To field -------------------------------------------------------------------------------
 
-TEST_F(ReportWindow, ClearingTheRecipientDisablesSendAndASingleBlankEnablesIt) {
-    storeRecipient(L"a");
-    open([&](frmSendBugReport& form) {
-        form.txtTo.setText(L"");
-        EXPECT_FALSE(form.tbrBugReport.buttonEnabled(SEND_BUTTON));
-        user.type(form.txtTo, L" ");
-        EXPECT_EQ(form.txtTo.text(), L" ");
-        EXPECT_TRUE(form.tbrBugReport.buttonEnabled(SEND_BUTTON));
-    });
-}
-
-TEST_F(ReportWindow, TheFormattingControlsAreOffAtFirst) {
-    open([&](frmSendBugReport& form) {
-        EXPECT_EQ(disabled(form), FORMATTING);
-        EXPECT_FALSE(form.cboFontname.enabled());
-        EXPECT_FALSE(form.cboFontsize.enabled());
-    });
-}
-
-TEST_F(ReportWindow, TheBodyWithTheFocusSwitchesTheFormattingControlsOn) {
+TEST_F(ReportWindow, TheBodyWithTheFocusSwitchesTheFormattingControlsOnAndTheCombosLeaveThemSo) {
     open([&](frmSendBugReport& form) {
         user.click(form.rtfBody);
         EXPECT_TRUE(form.rtfBody.hasFocus());
-        EXPECT_THAT(disabled(form), IsEmpty());
-        EXPECT_TRUE(form.cboFontname.enabled());
-        EXPECT_TRUE(form.cboFontsize.enabled());
+        expectFormatting(form, true);
+        user.choose(form.cboFontsize, 3);
+        expectFormatting(form, true);
     });
 }
 
@@ -160,52 +130,29 @@ TEST_F(ReportWindow, ClickingAFieldGreysTheFormattingButImportanceAndSelectsItsT
             user.click(form.rtfBody);
             user.click(*field);
             EXPECT_TRUE(field->hasFocus());
-            EXPECT_EQ(disabled(form), FORMATTING);
-            EXPECT_FALSE(form.cboFontname.enabled());
-            EXPECT_FALSE(form.cboFontsize.enabled());
+            expectFormatting(form, false);
             EXPECT_EQ(field->selectionStart(), 0);
             EXPECT_EQ(field->selectionLength(), 9);
         }
     });
 }
 
-TEST_F(ReportWindow, AFieldThatTheProgramFocusesHasItsTextSelectedToo) {
+TEST_F(ReportWindow, AFieldThatTheProgramFocusesHasItsTextSelectedTooAndAClickPlacesTheCaret) {
     open([&](frmSendBugReport& form) {
-        form.txtSubject.setText(L"some text");
+        form.txtSubject.setText(L"text");
         user.click(form.rtfBody);
         form.txtSubject.setFocus();
         EXPECT_EQ(form.txtSubject.selectionStart(), 0);
-        EXPECT_EQ(form.txtSubject.selectionLength(), 9);
-    });
-}
-
-TEST_F(ReportWindow, ASecondClickIntoAFieldPlacesTheCaret) {
-    open([&](frmSendBugReport& form) {
-        form.txtSubject.setText(L"text");
+        EXPECT_EQ(form.txtSubject.selectionLength(), 4);
         user.click(form.rtfBody);
         user.click(form.txtSubject);
         user.click(form.txtSubject);
         EXPECT_EQ(form.txtSubject.selectionLength(), 0);
         EXPECT_EQ(form.txtSubject.selectionStart(), 4) << "the middle of the box lies behind the text";
-    });
-}
-
-TEST_F(ReportWindow, WhatIsTypedAfterAClickIntoAFieldTakesThePlaceOfItsText) {
-    storeRecipient(L"old@tarnwell.example");
-    open([&](frmSendBugReport& form) {
         user.click(form.rtfBody);
-        user.click(form.txtTo);
-        user.type(form.txtTo, L"new");
-        EXPECT_EQ(form.txtTo.text(), L"new");
-    });
-}
-
-TEST_F(ReportWindow, ChoosingAFontLeavesTheFormattingControlsOn) {
-    open([&](frmSendBugReport& form) {
-        user.click(form.rtfBody);
-        user.choose(form.cboFontsize, 3);
-        EXPECT_THAT(disabled(form), IsEmpty());
-        EXPECT_TRUE(form.cboFontname.enabled());
+        user.click(form.txtSubject);
+        user.type(form.txtSubject, L"new");
+        EXPECT_EQ(form.txtSubject.text(), L"new") << "in the place of the text";
     });
 }
 
@@ -229,12 +176,11 @@ TEST_F(ReportWindow, TabReachesEveryFieldAndBothToolbars) {
 
 TEST_F(ReportWindow, AccessKeysLeadToTheFields) {
     open([&](frmSendBugReport& form) {
-        user.press(form.window(), 'S', ui::modifier::alt);
-        EXPECT_TRUE(form.txtSubject.hasFocus());
-        user.press(form.window(), 'C', ui::modifier::alt);
-        EXPECT_TRUE(form.txtCc.hasFocus());
-        user.press(form.window(), 'T', ui::modifier::alt);
-        EXPECT_TRUE(form.txtTo.hasFocus());
+        for (const auto& [letter, field] :
+             {std::pair{'S', &form.txtSubject}, {'C', &form.txtCc}, {'T', &form.txtTo}}) {
+            user.press(form.window(), letter, ui::modifier::alt);
+            EXPECT_TRUE(field->hasFocus()) << letter;
+        }
     });
 }
 
@@ -305,7 +251,7 @@ INSTANTIATE_TEST_SUITE_P(Resolutions, ReportSizes,
                          testing::Values(Resolution{"At96", 15, 15, 4}, Resolution{"At120", 12, 12, 5},
                                          Resolution{"At144", 10, 10, 6}, Resolution{"At192", 7.5, 7.5, 8},
                                          Resolution{"OfUnequalAxes", 10, 15, 6}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         namedRow);
 
 TEST_F(ReportWindow, ShrinkingBelow320PixelsSnapsBackAndLaysTheBodyOut) {
     open([&](frmSendBugReport& form) {

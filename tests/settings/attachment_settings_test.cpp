@@ -6,27 +6,29 @@
 namespace tests {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using vexa::ChangeFlags;
-using vexa::frmAttachment;
-using vexa::Settings;
-
 class AttachmentSettings : public SettingsTest {
 protected:
-    void open(const std::function<void(frmAttachment&)>& script) { openAttachments(script); }
+    void open(FunctionRef<void(frmAttachment&)> script) { openAttachments(script); }
     void setExtensions(const std::wstring& available, const std::wstring& selected) {
         setText(L"AvailableExtensions", available);
         setText(L"SelectedExtensions", selected);
         calls.clear();
     }
     /// Opens the dialog with lists that have room for just so many items.
-    void openWithRoom(int available, int selected, const std::function<void(frmAttachment&)>& script) {
-        stage->whenShown<frmAttachment>(script);
+    void openWithRoom(int available, int selected, FunctionRef<void(frmAttachment&)> script) {
         frmAttachment form(application, stage->owner());
         stage->setRoom(form.lstAvailable, available);
         stage->setRoom(form.lstSelected, selected);
-        form.Show();
+        show(form, script);
+    }
+    /// Opens the dialog with these lists on their tab.
+    void openLists(const std::wstring& available, const std::wstring& selected,
+                   FunctionRef<void(frmAttachment&)> script) {
+        setExtensions(available, selected);
+        open([&](frmAttachment& form) {
+            showExtensions(form);
+            script(form);
+        });
     }
     void showExtensions(frmAttachment& form) { user.pickTab(form.sstAttachments, 1); }
 
@@ -44,20 +46,14 @@ protected:
 
 // --- Loading ----------------------------------------------------------------------------------------------
 
-TEST_F(AttachmentSettings, TheTwoTabsBearTheirCaptions) {
+TEST_F(AttachmentSettings, TabsBearTheirCaptionsAndPictureButtonsTooltips) {
     open([&](frmAttachment& form) {
         EXPECT_EQ(form.sstAttachments.count(), 2);
         EXPECT_EQ(form.sstAttachments.tabCaption(0), L"Knowledgebase");
         EXPECT_EQ(form.sstAttachments.tabCaption(1), L"Extensions");
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(AttachmentSettings, PictureButtonsHaveTooltipsInsteadOfCaptions) {
-    open([&](frmAttachment& form) {
         EXPECT_EQ(form.cmdAdd.tooltip(), L"Add to the selected extensions");
         EXPECT_EQ(form.cmdRemove.tooltip(), L"Remove from the selected extensions");
-        user.click(form.cmdCancel);
+        EXPECT_EQ(form.txtMaxSize.description(), L"1 to 65000");
     });
 }
 
@@ -72,7 +68,6 @@ TEST_F(AttachmentSettings, TheControlsShowTheRecord) {
         EXPECT_EQ(form.txtMaxSize.text(), L"512");
         EXPECT_TRUE(form.chkFindAtt.checked());
         EXPECT_EQ(sizeField(form), on);
-        user.click(form.cmdCancel);
     });
 }
 
@@ -86,65 +81,38 @@ TEST_F(AttachmentSettings, WithNothingStoredBothListsAreEmptyAndTheButtonsDisabl
     EXPECT_EQ(storedText(L"SelectedExtensions"), L"");
 }
 
-TEST_F(AttachmentSettings, AvailableExtensionsAreShownWhereTheyAreNotSelected) {
-    setExtensions(L"doc;pdf;txt;", L"PDF;");
-    open([&](frmAttachment& form) {
-        EXPECT_THAT(items(form.lstAvailable), ElementsAre(L"doc", L"txt"));
-        EXPECT_THAT(items(form.lstSelected), ElementsAre(L"pdf"));
-        user.click(form.cmdOk);
-    });
-    EXPECT_EQ(storedText(L"SelectedExtensions"), L"pdf;");
-    EXPECT_EQ(storedText(L"AvailableExtensions"), L"doc;pdf;txt;") << "never written";
-}
-
-TEST_F(AttachmentSettings, AListWithoutItsFinalSeparatorLosesItsLastItem) {
-    setExtensions(L"doc;pdf", L"");
-    open([&](frmAttachment& form) {
-        EXPECT_THAT(items(form.lstAvailable), ElementsAre(L"doc"));
-        user.click(form.cmdCancel);
-    });
-}
-
 TEST_F(AttachmentSettings, TheFirstItemOfEachListIsSelected) {
     setExtensions(L"doc;txt;zip;", L"pdf;rtf;");
     open([&](frmAttachment& form) {
         EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"doc"));
         EXPECT_THAT(selectedItems(form.lstSelected), ElementsAre(L"pdf"));
         EXPECT_THAT(moveButtons(form), ElementsAre(true, true));
-        user.click(form.cmdCancel);
     });
 }
 
 // --- Enabling ---------------------------------------------------------------------------------------------
 
-TEST_F(AttachmentSettings, UntickedTheSizeFieldIsDisabledWhateverOptionIsSelected) {
+TEST_F(AttachmentSettings, TheSizeFieldIsEnabledWhileTickedForFilesOfMaximumSizeOnly) {
     limitSize();
     settings.AddAttachments = false;
     open([&](frmAttachment& form) {
         EXPECT_FALSE(everyFile(form).enabled());
         EXPECT_FALSE(limited(form).enabled());
-        EXPECT_EQ(sizeField(form), off);
+        EXPECT_EQ(sizeField(form), off) << "unticked, whatever option is selected";
         user.click(form.chkKBAdd);
         EXPECT_TRUE(everyFile(form).enabled());
         EXPECT_TRUE(limited(form).enabled());
         EXPECT_EQ(sizeField(form), on);
-        user.click(form.chkKBAdd);
-        EXPECT_EQ(sizeField(form), off);
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(AttachmentSettings, TickingEnablesTheSizeFieldOnlyForFilesOfMaximumSize) {
-    settings.AddAttachments = false;
-    open([&](frmAttachment& form) {
-        user.click(form.chkKBAdd);
-        EXPECT_TRUE(everyFile(form).selected());
-        EXPECT_EQ(sizeField(form), off);
-        user.click(limited(form));
-        EXPECT_EQ(sizeField(form), on);
         user.click(everyFile(form));
         EXPECT_EQ(sizeField(form), off);
-        user.click(form.cmdCancel);
+        user.click(form.chkKBAdd);
+        user.click(form.chkKBAdd);
+        EXPECT_TRUE(everyFile(form).selected());
+        EXPECT_EQ(sizeField(form), off) << "ticked";
+        user.click(limited(form));
+        EXPECT_EQ(sizeField(form), on);
+        user.click(form.chkKBAdd);
+        EXPECT_EQ(sizeField(form), off);
     });
 }
 
@@ -155,7 +123,6 @@ TEST_F(AttachmentSettings, TheQueryCheckBoxIsIndependent) {
         user.click(form.chkFindAtt);
         EXPECT_TRUE(form.chkFindAtt.checked());
         EXPECT_FALSE(form.chkKBAdd.checked());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -176,18 +143,6 @@ TEST_F(AttachmentSettings, KeysChangeTheTabFromWhereverTheFocusIs) {
         EXPECT_EQ(tabAfter(key::pageDown, ui::modifier::control), 0) << "around the end";
         EXPECT_EQ(tabAfter(key::pageUp, ui::modifier::control), 1);
         EXPECT_TRUE(form.lstAvailable.hasFocus());
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(AttachmentSettings, TheTabStripIsTheFirstStopBeforeItsPage) {
-    open([&](frmAttachment& form) {
-        form.cmdCancel.setFocus();
-        user.press(form.window(), key::tab);
-        EXPECT_TRUE(form.sstAttachments.hasFocus());
-        user.press(form.window(), key::tab);
-        EXPECT_TRUE(form.chkKBAdd.hasFocus());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -207,7 +162,6 @@ TEST_F(AttachmentSettings, EachTabShowsItsControlsAndMovesTheFocusToItsFirst) {
         EXPECT_TRUE(form.chkKBAdd.visible());
         EXPECT_FALSE(form.lstSelected.visible());
         EXPECT_TRUE(form.chkKBAdd.hasFocus());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -219,16 +173,13 @@ TEST_F(AttachmentSettings, ThePageOfATabKeepsWhatWasDoneOnIt) {
         user.pickTab(form.sstAttachments, 0);
         EXPECT_TRUE(form.chkFindAtt.checked());
         EXPECT_EQ(sizeField(form), on);
-        user.click(form.cmdCancel);
     });
 }
 
 // --- Moving -----------------------------------------------------------------------------------------------
 
 TEST_F(AttachmentSettings, EverythingSelectedDisablesAddAndEnablesRemove) {
-    setExtensions(L"doc;txt;", L"");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"doc;txt;", L"", [&](frmAttachment& form) {
         user.click(form.cmdAdd);
         user.click(form.cmdAdd);
         EXPECT_EQ(form.lstAvailable.count(), 0);
@@ -239,9 +190,7 @@ TEST_F(AttachmentSettings, EverythingSelectedDisablesAddAndEnablesRemove) {
 }
 
 TEST_F(AttachmentSettings, AnEmptiedSelectedListIsWrittenAsTheEmptyText) {
-    setExtensions(L"doc;", L"doc;pdf;");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"doc;", L"doc;pdf;", [&](frmAttachment& form) {
         user.click(form.cmdRemove);
         user.click(form.cmdRemove);
         EXPECT_THAT(moveButtons(form), ElementsAre(true, false));
@@ -252,9 +201,7 @@ TEST_F(AttachmentSettings, AnEmptiedSelectedListIsWrittenAsTheEmptyText) {
 }
 
 TEST_F(AttachmentSettings, CtrlAAndAddMoveTheWholeListAndTheMovedItemsAreSelectedThere) {
-    setExtensions(L"doc;txt;zip;", L"pdf;");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"doc;txt;zip;", L"pdf;", [&](frmAttachment& form) {
         user.press(form.window(), 'A', ui::modifier::control);
         EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"doc", L"txt", L"zip"));
         user.click(form.cmdAdd);
@@ -268,9 +215,7 @@ TEST_F(AttachmentSettings, CtrlAAndAddMoveTheWholeListAndTheMovedItemsAreSelecte
 }
 
 TEST_F(AttachmentSettings, OnlyCtrlASelectsEverything) {
-    setExtensions(L"doc;txt;", L"pdf;rtf;");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"doc;txt;", L"pdf;rtf;", [&](frmAttachment& form) {
         form.lstSelected.setFocus();
         user.press(form.window(), 'A');
         user.press(form.window(), 'B', ui::modifier::control);
@@ -281,14 +226,11 @@ TEST_F(AttachmentSettings, OnlyCtrlASelectsEverything) {
             EXPECT_THAT(selectedItems(form.lstSelected), ElementsAre(L"pdf", L"rtf")) << more;
         }
         EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"doc")) << "the other list is left alone";
-        user.click(form.cmdCancel);
     });
 }
 
 TEST_F(AttachmentSettings, SomeItemsPickedWithCtrlAreMovedAndTheSourcesFirstIsSelected) {
-    setExtensions(L"a;b;c;d;e;", L"z;");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"a;b;c;d;e;", L"z;", [&](frmAttachment& form) {
         user.pickItem(form.lstAvailable, 1);
         user.pickItem(form.lstAvailable, 3, ui::modifier::control);
         EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"b", L"d"));
@@ -297,14 +239,11 @@ TEST_F(AttachmentSettings, SomeItemsPickedWithCtrlAreMovedAndTheSourcesFirstIsSe
         EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"a"));
         EXPECT_THAT(items(form.lstSelected), ElementsAre(L"z", L"d", L"b"));
         EXPECT_THAT(selectedItems(form.lstSelected), ElementsAre(L"d", L"b")) << "z is not any more";
-        user.click(form.cmdCancel);
     });
 }
 
 TEST_F(AttachmentSettings, ARangePickedWithShiftIsMoved) {
-    setExtensions(L"", L"a;b;c;d;");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"", L"a;b;c;d;", [&](frmAttachment& form) {
         user.pickItem(form.lstSelected, 1);
         user.pickItem(form.lstSelected, 3, ui::modifier::shift);
         user.click(form.cmdRemove);
@@ -316,31 +255,19 @@ TEST_F(AttachmentSettings, ARangePickedWithShiftIsMoved) {
 }
 
 TEST_F(AttachmentSettings, WithNothingSelectedAddOnlySelectsTheFirst) {
-    setExtensions(L"a;b;", L"z;");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"a;b;", L"z;", [&](frmAttachment& form) {
         form.lstAvailable.selectAll(false);
         user.click(form.cmdAdd);
         EXPECT_THAT(items(form.lstAvailable), ElementsAre(L"a", L"b"));
         EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"a"));
         EXPECT_THAT(selectedItems(form.lstSelected), IsEmpty());
-        user.click(form.cmdCancel);
     });
 }
 
 TEST_F(AttachmentSettings, CtrlADoesNotLookForAnItemOfItsCharacter) {
-    setExtensions(
-        L"doc;\x01"
-        L"a;txt;",
-        L"");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"doc;\u0001a;txt;", L"", [&](frmAttachment& form) {
         user.press(form.window(), 'A', ui::modifier::control);
-        EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"doc",
-                                                                  L"\x01"
-                                                                  L"a",
-                                                                  L"txt"));
-        user.click(form.cmdCancel);
+        EXPECT_THAT(selectedItems(form.lstAvailable), ElementsAre(L"doc", L"\u0001a", L"txt"));
     });
 }
 
@@ -385,9 +312,7 @@ TEST_F(AttachmentSettings, ASelectedListThatCannotBeFilledKeepsWhatIsStored) {
 TEST_F(AttachmentSettings, FiveThousandExtensionsMoveAtOnce) {
     std::wstring available;
     for (int index = 0; index < 5000; ++index) available += L"x" + std::to_wstring(index) + L";";
-    setExtensions(available, L"");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(available, L"", [&](frmAttachment& form) {
         ASSERT_EQ(form.lstAvailable.count(), 5000);
         user.press(form.window(), 'A', ui::modifier::control);
         user.click(form.cmdAdd);
@@ -432,15 +357,6 @@ TEST_F(AttachmentSettings, CancelWritesNothing) {
     EXPECT_THAT(calls.linesWith("registry create"), IsEmpty());
 }
 
-TEST_F(AttachmentSettings, ThePageIsNotMarkedChanged) {
-    open([&](frmAttachment& form) {
-        user.click(form.chkKBAdd);
-        user.click(form.chkFindAtt);
-        user.click(form.cmdOk);
-    });
-    EXPECT_EQ(application.flags, ChangeFlags());
-}
-
 TEST_F(AttachmentSettings, ItReadsAndWritesTheProfilesKey) {
     stage->setValue(SETTINGS_KEY, L"CurrentProfile", L"Jane");
     application.loadProfileKey();
@@ -455,46 +371,21 @@ TEST_F(AttachmentSettings, ItReadsAndWritesTheProfilesKey) {
 
 // --- Keyboard ---------------------------------------------------------------------------------------------
 
-TEST_F(AttachmentSettings, EnterReachesOkAndEscCancel) {
-    open([&](frmAttachment& form) {
-        user.click(form.chkFindAtt);
-        user.press(form.window(), key::enter);
-        EXPECT_FALSE(form.window().isOpen());
-    });
-    EXPECT_TRUE(settings.AddAttachmentsToQuery);
-    open([&](frmAttachment& form) {
-        user.click(form.chkFindAtt);
-        user.press(form.window(), key::escape);
-        EXPECT_FALSE(form.window().isOpen());
-    });
-    EXPECT_TRUE(settings.AddAttachmentsToQuery);
-}
-
-TEST_F(AttachmentSettings, TheCloseBoxCancels) {
-    open([&](frmAttachment& form) {
-        user.click(form.chkFindAtt);
-        user.closeWindow(form.window());
-    });
-    EXPECT_FALSE(settings.AddAttachmentsToQuery);
+TEST_F(AttachmentSettings, EnterReachesOkAndEscAndTheCloseBoxCancel) {
+    expectEndings<frmAttachment>(
+        &SettingsScene::openAttachments, [](frmAttachment& form) -> ui::CheckBox& { return form.chkFindAtt; },
+        &Settings::AddAttachmentsToQuery);
 }
 
 TEST_F(AttachmentSettings, TabReachesTheControlsOfTheShownPageOnly) {
     limitSize();
     setExtensions(L"doc;", L"pdf;");
     open([&](frmAttachment& form) {
-        const auto walk = [&](ui::Control& first, const std::vector<ui::Control*>& next) {
-            first.setFocus();
-            for (std::size_t index = 0; index < next.size(); ++index) {
-                user.press(form.window(), key::tab);
-                EXPECT_TRUE(next[index]->hasFocus()) << index;
-            }
-        };
-        walk(form.chkKBAdd, {&limited(form), &form.txtMaxSize, &form.chkFindAtt, &form.cmdOk, &form.cmdCancel,
-                             &form.sstAttachments, &form.chkKBAdd});
+        expectTabOrder(form, {&form.chkKBAdd, &limited(form), &form.txtMaxSize, &form.chkFindAtt, &form.cmdOk,
+                              &form.cmdCancel, &form.sstAttachments, &form.chkKBAdd});
         showExtensions(form);
-        walk(form.lstAvailable, {&form.cmdAdd, &form.cmdRemove, &form.lstSelected, &form.cmdOk,
-                                 &form.cmdCancel, &form.sstAttachments, &form.lstAvailable});
-        user.click(form.cmdCancel);
+        expectTabOrder(form, {&form.lstAvailable, &form.cmdAdd, &form.cmdRemove, &form.lstSelected,
+                              &form.cmdOk, &form.cmdCancel, &form.sstAttachments, &form.lstAvailable});
     });
 }
 
@@ -508,14 +399,11 @@ TEST_F(AttachmentSettings, TabsAreChangedByTheArrowKeys) {
         user.press(form.window(), key::left);
         EXPECT_EQ(form.sstAttachments.current(), 0);
         EXPECT_TRUE(form.chkKBAdd.hasFocus());
-        user.click(form.cmdCancel);
     });
 }
 
 TEST_F(AttachmentSettings, ExtensionsAreMovedByKeyboardAlone) {
-    setExtensions(L"doc;txt;", L"");
-    open([&](frmAttachment& form) {
-        showExtensions(form);
+    openLists(L"doc;txt;", L"", [&](frmAttachment& form) {
         user.press(form.window(), 'A', ui::modifier::control);
         user.press(form.window(), key::tab);
         EXPECT_TRUE(form.cmdAdd.hasFocus());
@@ -531,7 +419,7 @@ TEST_F(AttachmentSettings, ExtensionsAreMovedByKeyboardAlone) {
 TEST_F(AttachmentSettings, AccessKeysWorkOnTheShownPage) {
     limitSize();
     open([&](frmAttachment& form) {
-        const auto alt = [&](int letter) { user.press(form.window(), letter, ui::modifier::alt); };
+        const auto alt = [&](int letter) { pressAlt(form, letter); };
         alt('S');
         EXPECT_TRUE(form.txtMaxSize.hasFocus()) << "the list of the same letter is hidden";
         alt('A');
@@ -547,7 +435,6 @@ TEST_F(AttachmentSettings, AccessKeysWorkOnTheShownPage) {
         EXPECT_TRUE(form.lstSelected.hasFocus());
         alt('V');
         EXPECT_TRUE(form.lstAvailable.hasFocus());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -604,9 +491,7 @@ std::vector<Deed<frmAttachment>> attachmentDeeds() {
          [](User& user, frmAttachment& form) {
              tick(user, form);
              user.click(form.optKBAddAll[1]);
-             form.txtMaxSize.setFocus();
-             form.txtMaxSize.select(0, static_cast<int>(form.txtMaxSize.text().size()));
-             user.type(form.txtMaxSize, L"2048");
+             typeOver(user, form.txtMaxSize, L"2048");
          },
          [](Settings& s) {
              setOptions(s, true, false, true);
@@ -631,6 +516,7 @@ TEST_P(AttachmentSettingsTable, WritesAndStoresOnOkAndForgetsOnCancel) {
     open([&](frmAttachment& form) {
         deed.act(user, form);
         user.click(confirmed ? form.cmdOk : form.cmdCancel);
+        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_EQ(settings, expected);
     EXPECT_EQ(application.flags, ChangeFlags());

@@ -1,14 +1,11 @@
 // One run per outside call in which just that call fails: the settings dialogs load what they can, and OK
 // writes what it can.
 #include "tests/settings/settings_test_base.h"
+#include "tests/stage/fault_runs.h"
 #include "tests/support/known_settings.h"
 
 namespace tests {
 namespace {
-
-using testing::IsEmpty;
-using vexa::frmAttachment;
-using vexa::frmSettings;
 
 /// A fresh stage with settings, whose calls fail one by one.
 struct Scene : SettingsScene {
@@ -28,36 +25,17 @@ struct Scene : SettingsScene {
     }
 };
 
-/// Plays `deed` on fresh scenes: first without a fault, then once for each of its calls with that call
-/// failing. `deed` clears the call log where the calls to fail begin and forgets the faults where they end;
-/// `failed` is empty in the first run.
-void failEachCall(const std::function<void(Scene&, const std::function<void()>& arm)>& deed,
-                  const std::function<void(Scene&, const std::string& failed)>& check) {
-    std::size_t count = 0;
-    {
-        Scene scene;
-        deed(scene, [&] { scene.calls.clear(); });
-        count = scene.calls.lines().size();
-    }
-    ASSERT_GT(count, 0U);
-    for (std::size_t index = 0; index < count; ++index) {
-        Scene scene;
-        deed(scene, [&] {
-            scene.calls.clear();
-            scene.calls.failCall(index);
-        });
-        scene.calls.forgetFaults();
-        ASSERT_GT(scene.calls.lines().size(), index);
-        const std::string failed = scene.calls.lines()[index];
-        SCOPED_TRACE("failed: " + failed);
+void failEachCall(FunctionRef<void(Scene&, const Arm&)> deed,
+                  FunctionRef<void(Scene&, const std::string& failed)> check) {
+    failEachCallOn<Scene>(deed, [&](Scene& scene, const std::string& failed) {
         check(scene, failed);
         EXPECT_THAT(scene.stage->messages(), IsEmpty());
-    }
+    });
 }
 
 TEST(SettingsFaults, EachCallOfTheSearchDialogsLoadMayFailAndTheRestIsLoaded) {
     failEachCall(
-        [](Scene& scene, const std::function<void()>& arm) {
+        [](Scene& scene, const Arm& arm) {
             arm();
             scene.openSearch([&](frmSettings& form) {
                 EXPECT_EQ(form.txtEntryCount.text(), L"55");
@@ -68,18 +46,17 @@ TEST(SettingsFaults, EachCallOfTheSearchDialogsLoadMayFailAndTheRestIsLoaded) {
                 EXPECT_GE(form.cboDefaultKB.selectedIndex(), 0);
                 EXPECT_TRUE(form.cmdSendLog.enabled());
                 EXPECT_FALSE(form.txtDelay.enabled());
-                scene.user.click(form.cmdCancel);
             });
         },
         [](Scene& scene, const std::string&) {
             // What failed once is there again at the next opening.
             scene.openSearch([&](frmSettings& form) {
-                EXPECT_EQ(items(form.cboDefaultKB), (std::vector<std::wstring>{L"<None>", L"Mail", L"Work"}));
+                EXPECT_EQ(items(form.cboDefaultKB), (Strings{L"<None>", L"Mail", L"Work"}));
                 EXPECT_EQ(form.cboDefaultKB.selectedIndex(), 2);
                 scene.user.click(form.cmdOk);
             });
             EXPECT_EQ(scene.settings.DefaultProject, L"Work");
-            EXPECT_EQ(scene.application.flags, vexa::ChangeFlags());
+            EXPECT_EQ(scene.application.flags, ChangeFlags());
         });
 }
 
@@ -105,19 +82,15 @@ void expectLoaded(frmAttachment& form) {
 
 TEST(SettingsFaults, EachCallOfTheAttachmentDialogsLoadMayFailAndTheRestIsLoaded) {
     failEachCall(
-        [](Scene& scene, const std::function<void()>& arm) {
+        [](Scene& scene, const Arm& arm) {
             arm();
-            scene.openAttachments([&](frmAttachment& form) {
-                expectLoaded(form);
-                scene.user.click(form.cmdCancel);
-            });
+            scene.openAttachments([&](frmAttachment& form) { expectLoaded(form); });
         },
         [](Scene& scene, const std::string&) {
             EXPECT_EQ(scene.storedText(L"SelectedExtensions"), L"pdf;");
             scene.openAttachments([&](frmAttachment& form) {
-                EXPECT_EQ(items(form.lstAvailable), (std::vector<std::wstring>{L"doc", L"txt"}));
-                EXPECT_EQ(items(form.lstSelected), (std::vector<std::wstring>{L"pdf"}));
-                scene.user.click(form.cmdCancel);
+                EXPECT_EQ(items(form.lstAvailable), (Strings{L"doc", L"txt"}));
+                EXPECT_EQ(items(form.lstSelected), (Strings{L"pdf"}));
             });
         });
 }
@@ -125,7 +98,7 @@ TEST(SettingsFaults, EachCallOfTheAttachmentDialogsLoadMayFailAndTheRestIsLoaded
 TEST(SettingsFaults, AfterAFailedLoadOkOfTheAttachmentDialogStoresWhatItShows) {
     std::wstring shown;
     failEachCall(
-        [&](Scene& scene, const std::function<void()>& arm) {
+        [&](Scene& scene, const Arm& arm) {
             arm();
             scene.openAttachments([&](frmAttachment& form) {
                 scene.calls.forgetFaults();
@@ -151,7 +124,7 @@ TEST(SettingsFaults, AfterAFailedLoadOkOfTheAttachmentDialogStoresWhatItShows) {
 TEST(SettingsFaults, AfterAFailedLoadOkOfTheSearchDialogStoresWhatItShows) {
     std::wstring shown;
     failEachCall(
-        [&](Scene& scene, const std::function<void()>& arm) {
+        [&](Scene& scene, const Arm& arm) {
             arm();
             scene.openSearch([&](frmSettings& form) {
                 const int index = form.cboDefaultKB.selectedIndex();
@@ -171,7 +144,7 @@ TEST(SettingsFaults, AfterAFailedLoadOkOfTheSearchDialogStoresWhatItShows) {
 
 TEST(SettingsFaults, EachCallOfTheAttachmentDialogsOkMayFailAndTheOtherValuesAreWritten) {
     failEachCall(
-        [](Scene& scene, const std::function<void()>& arm) {
+        [](Scene& scene, const Arm& arm) {
             scene.openAttachments([&](frmAttachment& form) {
                 scene.user.click(form.chkFindAtt);
                 arm();
@@ -195,9 +168,8 @@ TEST(SettingsFaults, AFailedReadOfTheSelectedExtensionsShowsThemAsAvailable) {
     Scene scene;
     scene.calls.failCallsWith("registry query Software\\Norvane\\Quillmark\\SelectedExtensions");
     scene.openAttachments([&](frmAttachment& form) {
-        EXPECT_EQ(items(form.lstAvailable), (std::vector<std::wstring>{L"doc", L"pdf", L"txt"}));
+        EXPECT_EQ(items(form.lstAvailable), (Strings{L"doc", L"pdf", L"txt"}));
         EXPECT_EQ(form.lstSelected.count(), 0);
-        scene.user.click(form.cmdCancel);
     });
 }
 

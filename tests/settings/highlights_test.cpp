@@ -1,24 +1,13 @@
 // The highlight settings dialog.
-#include "settings/frmDispMatches.h"
+#include "tests/settings/settings_test_base.h"
 #include "tests/stage/dialog_table.h"
-#include "tests/stage/form_test.h"
-#include "tests/support/text.h"
 
 namespace tests {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using vexa::frmDispMatches;
-using vexa::Settings;
-
-class Highlights : public FormTest {
+class Highlights : public SettingsTest {
 protected:
-    /// Opens the dialog and plays `script`, which closes it.
-    void open(const std::function<void(frmDispMatches&)>& script) {
-        stage->whenShown<frmDispMatches>(script);
-        frmDispMatches(application, stage->owner()).Show();
-    }
+    void open(FunctionRef<void(frmDispMatches&)> script) { openHighlights(script); }
 
     static ui::OptionButton& hotspots(frmDispMatches& form) { return form.optDisplayMatches[0]; }
     static ui::OptionButton& textMarks(frmDispMatches& form) { return form.optDisplayMatches[1]; }
@@ -31,8 +20,6 @@ protected:
     }
     const std::vector<bool> sixOn = std::vector<bool>(6, true);
     const std::vector<bool> sixOff = std::vector<bool>(6, false);
-
-    Settings& settings = application.settings;
 };
 
 TEST_F(Highlights, TheDefaultsPaintTheSwatchesInTheirSevenColours) {
@@ -41,7 +28,6 @@ TEST_F(Highlights, TheDefaultsPaintTheSwatchesInTheirSevenColours) {
         const std::vector<ui::Colour> colours{0x00FF00, 0xFFFF00, 0xFF0000, 0x00FFFF, 0xFF00FF, 0x0000FF};
         for (std::size_t index = 0; index < 6; ++index)
             EXPECT_EQ(level(form, index).colour(), colours[index]) << index;
-        user.click(form.cmdCancel);
     });
 }
 
@@ -54,16 +40,17 @@ TEST_F(Highlights, EnterOnASwatchOpensItsChooserAndNothingElse) {
         EXPECT_THAT(stage->colourQuestions(), ElementsAre(Stage::ColourQuestion{0xFFFF00, L"Level 1"}));
         EXPECT_EQ(level(form, 1).colour(), 0x112233);
         EXPECT_TRUE(form.window().isOpen()) << "OK was not pressed";
-        user.click(form.cmdCancel);
     });
 }
 
-TEST_F(Highlights, EachSwatchBearsTheSameTooltip) {
+TEST_F(Highlights, EachSwatchSaysWhatAClickDoes) {
     open([&](frmDispMatches& form) {
-        EXPECT_EQ(form.lblSelHotspotColor.tooltip(), L"Click here to select a color");
-        for (const ui::Swatch& swatch : form.lblPenalty)
-            EXPECT_EQ(swatch.tooltip(), L"Click here to select a color");
-        user.click(form.cmdCancel);
+        std::vector<ui::Swatch*> swatches{&form.lblSelHotspotColor};
+        for (ui::Swatch& swatch : form.lblPenalty) swatches.push_back(&swatch);
+        for (const ui::Swatch* swatch : swatches) {
+            EXPECT_EQ(swatch->tooltip(), L"Click here to select a color");
+            EXPECT_EQ(swatch->description(), L"Click here to select a color") << "for screen readers";
+        }
     });
 }
 
@@ -72,7 +59,6 @@ TEST_F(Highlights, WithHotspotsSelectedALevelSwatchCannotBeClicked) {
         EXPECT_EQ(levelStates(form), sixOff);
         user.click(level(form, 2));
         EXPECT_THAT(stage->colourQuestions(), IsEmpty());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -88,35 +74,23 @@ TEST_F(Highlights, TextMarksEnableTheSixLevelsAndDisableTheHotspotSwatchAndItsLa
         user.click(hotspots(form));
         EXPECT_EQ(levelStates(form), sixOff);
         EXPECT_TRUE(form.lblSelHotspotColor.enabled());
-        user.click(form.cmdCancel);
     });
 }
 
-TEST_F(Highlights, WithNeitherOptionSetAllSwatchesAreEnabledAndOkStoresTextMarks) {
-    settings.DisplayHotSpots = settings.DisplayTextMarks = false;
-    open([&](frmDispMatches& form) {
-        EXPECT_FALSE(hotspots(form).selected());
-        EXPECT_FALSE(textMarks(form).selected());
-        EXPECT_EQ(levelStates(form), sixOn);
-        EXPECT_TRUE(form.lblSelHotspotColor.enabled());
-        user.click(form.cmdOk);
-    });
-    EXPECT_FALSE(settings.DisplayHotSpots);
-    EXPECT_TRUE(settings.DisplayTextMarks);
-    EXPECT_FALSE(application.flags.dialogChanged) << "hotspots were off before and after";
-}
-
-TEST_F(Highlights, WithBothOptionsStoredTheSecondWinsOnLoading) {
-    settings.DisplayHotSpots = settings.DisplayTextMarks = true;
-    open([&](frmDispMatches& form) {
-        EXPECT_FALSE(hotspots(form).selected());
-        EXPECT_TRUE(textMarks(form).selected());
-        EXPECT_EQ(levelStates(form), sixOn);
-        user.click(form.cmdOk);
-    });
-    EXPECT_FALSE(settings.DisplayHotSpots);
-    EXPECT_TRUE(settings.DisplayTextMarks);
-    EXPECT_TRUE(application.flags.dialogChanged);
+TEST_F(Highlights, WithNeitherOptionStoredNoneIsSelectedWithBothTheSecondAndOkStoresTextMarks) {
+    for (const bool both : {false, true}) {
+        settings.DisplayHotSpots = settings.DisplayTextMarks = both;
+        open([&](frmDispMatches& form) {
+            EXPECT_FALSE(hotspots(form).selected());
+            EXPECT_EQ(textMarks(form).selected(), both);
+            EXPECT_EQ(levelStates(form), sixOn);
+            EXPECT_EQ(form.lblSelHotspotColor.enabled(), !both);
+            user.click(form.cmdOk);
+        });
+        EXPECT_FALSE(settings.DisplayHotSpots);
+        EXPECT_TRUE(settings.DisplayTextMarks);
+        EXPECT_EQ(application.flags.dialogChanged, both) << "hotspots were off before and after";
+    }
 }
 
 TEST_F(Highlights, TheChooserStartsOnTheSwatchesColourAndBearsTheLevelsCaption) {
@@ -127,21 +101,22 @@ TEST_F(Highlights, TheChooserStartsOnTheSwatchesColourAndBearsTheLevelsCaption) 
         user.click(textMarks(form));
         user.click(level(form, 0));
         user.click(level(form, 4));
-        user.click(form.cmdCancel);
     });
     EXPECT_THAT(stage->colourQuestions(), ElementsAre(Stage::ColourQuestion{0x00FFFF, L""},
                                                       Stage::ColourQuestion{0x00FF00, L"Best match"},
                                                       Stage::ColourQuestion{0xFF00FF, L"Level 4"}));
 }
 
-TEST_F(Highlights, ACancelledChooserLeavesTheSwatch) {
-    open([&](frmDispMatches& form) {
-        stage->answerColours({std::nullopt});
-        user.click(form.lblSelHotspotColor);
-        EXPECT_EQ(form.lblSelHotspotColor.colour(), 0x00FFFF);
-        user.click(form.cmdOk);
-    });
-    EXPECT_FALSE(application.flags.dialogChanged);
+TEST_F(Highlights, ACancelledChooserAndTheSameColourLeaveTheSwatchAndDoNotMarkThePageChanged) {
+    for (const std::optional<ui::Colour> answer : {std::optional<ui::Colour>(), std::optional(0x00FFFF)}) {
+        open([&](frmDispMatches& form) {
+            stage->answerColours({answer});
+            user.click(form.lblSelHotspotColor);
+            EXPECT_EQ(form.lblSelHotspotColor.colour(), 0x00FFFF);
+            user.click(form.cmdOk);
+        });
+        EXPECT_FALSE(application.flags.dialogChanged);
+    }
 }
 
 TEST_F(Highlights, AFailingChooserLeavesTheSwatchAndShowsAndLogsNothing) {
@@ -149,31 +124,9 @@ TEST_F(Highlights, AFailingChooserLeavesTheSwatchAndShowsAndLogsNothing) {
         calls.failCallsWith("screen colour");
         user.click(form.lblSelHotspotColor);
         EXPECT_EQ(form.lblSelHotspotColor.colour(), 0x00FFFF);
-        user.click(form.cmdCancel);
     });
     EXPECT_THAT(stage->messages(), IsEmpty());
     EXPECT_THAT(calls.linesWith("files"), IsEmpty());
-}
-
-TEST_F(Highlights, APickedColourThenCancelLeavesTheSettings) {
-    const Settings before = settings;
-    open([&](frmDispMatches& form) {
-        stage->answerColours({0x112233});
-        user.click(form.lblSelHotspotColor);
-        user.click(form.chkKeepHighlights);
-        user.click(form.cmdCancel);
-    });
-    EXPECT_EQ(settings, before);
-    EXPECT_FALSE(application.flags.dialogChanged);
-}
-
-TEST_F(Highlights, TheSameColourPickedAgainDoesNotMarkThePageChanged) {
-    open([&](frmDispMatches& form) {
-        stage->answerColours({0x00FFFF});
-        user.click(form.lblSelHotspotColor);
-        user.click(form.cmdOk);
-    });
-    EXPECT_FALSE(application.flags.dialogChanged);
 }
 
 TEST_F(Highlights, AColourWithItsTopByteSetIsKeptAsItIs) {
@@ -193,27 +146,11 @@ TEST_F(Highlights, TheRegistryIsNotTouched) {
 
 // --- Keyboard ---------------------------------------------------------------------------------------------
 
-TEST_F(Highlights, EnterReachesOkAndEscCancel) {
-    open([&](frmDispMatches& form) {
-        user.click(form.chkKeepHighlights);
-        user.press(form.window(), key::enter);
-        EXPECT_FALSE(form.window().isOpen());
-    });
-    EXPECT_TRUE(settings.KeepHighlights);
-    open([&](frmDispMatches& form) {
-        user.click(form.chkKeepHighlights);
-        user.press(form.window(), key::escape);
-        EXPECT_FALSE(form.window().isOpen());
-    });
-    EXPECT_TRUE(settings.KeepHighlights);
-}
-
-TEST_F(Highlights, TheCloseBoxCancels) {
-    open([&](frmDispMatches& form) {
-        user.click(form.chkKeepHighlights);
-        user.closeWindow(form.window());
-    });
-    EXPECT_FALSE(settings.KeepHighlights);
+TEST_F(Highlights, EnterReachesOkAndEscAndTheCloseBoxCancel) {
+    expectEndings<frmDispMatches>(
+        &SettingsScene::openHighlights,
+        [](frmDispMatches& form) -> ui::CheckBox& { return form.chkKeepHighlights; },
+        &Settings::KeepHighlights);
 }
 
 TEST_F(Highlights, ASwatchIsReachedByTabAndPressedByTheSpaceBar) {
@@ -224,19 +161,17 @@ TEST_F(Highlights, ASwatchIsReachedByTabAndPressedByTheSpaceBar) {
         EXPECT_TRUE(form.lblSelHotspotColor.hasFocus());
         user.press(form.window(), key::space);
         EXPECT_EQ(form.lblSelHotspotColor.colour(), 0x010203);
-        user.click(form.cmdCancel);
     });
 }
 
 TEST_F(Highlights, AccessKeysPressTheOptionsAndTheCheckBox) {
     open([&](frmDispMatches& form) {
-        user.press(form.window(), 'M', ui::modifier::alt);
+        pressAlt(form, 'M');
         EXPECT_TRUE(textMarks(form).selected());
-        user.press(form.window(), 'K', ui::modifier::alt);
+        pressAlt(form, 'K');
         EXPECT_TRUE(form.chkKeepHighlights.checked());
-        user.press(form.window(), 'H', ui::modifier::alt);
+        pressAlt(form, 'H');
         EXPECT_TRUE(hotspots(form).selected());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -325,9 +260,10 @@ TEST_P(HighlightsTable, StoresOnOkAndForgetsOnCancel) {
         deed.act(user, form);
         EXPECT_EQ(settings, old) << "nothing is stored before OK";
         user.click(confirmed ? form.cmdOk : form.cmdCancel);
+        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_EQ(settings, expected);
-    EXPECT_EQ(application.flags, (vexa::ChangeFlags{expected != old, false, false}));
+    EXPECT_EQ(application.flags, (ChangeFlags{expected != old, false, false}));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, HighlightsTable, everyRow(highlightsBefore(), highlightDeeds()),

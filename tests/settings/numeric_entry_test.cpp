@@ -16,15 +16,6 @@ protected:
         setKnowledgebases({L"Mail"});
     }
 
-    static void selectAll(ui::TextBox& box) {
-        box.setFocus();
-        box.select(0, static_cast<int>(box.text().size()));
-    }
-    /// Selects the text and types over it.
-    void replace(ui::TextBox& box, const std::wstring& text) {
-        selectAll(box);
-        user.type(box, text);
-    }
     void empty(ui::TextBox& box, ui::Window& window) {
         selectAll(box);
         user.press(window, key::remove);
@@ -182,17 +173,13 @@ constexpr Entry ENTRIES[] = {
 class NumericRule : public NumericEntries {
 protected:
     /// A field with these bounds in place of one of the dialog's own, for the time of `script`.
-    void withField(const Bounds& bounds,
-                   const std::function<void(ui::Window&, ui::TextBox&, ui::UpDown&)>& script) {
-        openSearch([&](vexa::frmSettings& form) {
-            {
-                const NumericEntryField field(form.txtMinRel, form.updMinRel, bounds,
-                                              application.platform.conversions);
-                script(form.window(), form.txtMinRel, form.updMinRel);
-                form.txtMinRel.onChange = nullptr;
-                form.updMinRel.onChange = nullptr;
-            }
-            user.click(form.cmdCancel);
+    void withField(const Bounds& bounds, FunctionRef<void(ui::Window&, ui::TextBox&, ui::UpDown&)> script) {
+        openSearch([&](frmSettings& form) {
+            const NumericEntryField field(form.txtMinRel, form.updMinRel, bounds,
+                                          application.platform.conversions);
+            script(form.window(), form.txtMinRel, form.updMinRel);
+            form.txtMinRel.onChange = nullptr;
+            form.updMinRel.onChange = nullptr;
         });
     }
 
@@ -300,22 +287,20 @@ TEST_F(NumericRule, AStepLeavesTheCaretOrMovesItToTheEndOfAShorterText) {
 }
 
 TEST_F(NumericRule, AClickPlacesTheCaretAndSelectsNothing) {
-    openSearch([&](vexa::frmSettings& form) {
+    openSearch([&](frmSettings& form) {
         form.chkAutoInfo.setFocus();
         user.click(form.txtMinRel);
         EXPECT_TRUE(form.txtMinRel.hasFocus());
         EXPECT_EQ(form.txtMinRel.selectionLength(), 0);
         EXPECT_EQ(form.txtMinRel.selectionStart(), 2) << "the middle of the box lies behind the text";
-        user.click(form.cmdCancel);
     });
 }
 
 TEST_F(NumericEntries, ADisabledFieldTakesNoStep) {
     settings.AutoInfo = false;
-    openSearch([&](vexa::frmSettings& form) {
+    openSearch([&](frmSettings& form) {
         user.step(form.updDelay, true);
         EXPECT_EQ(form.updDelay.value(), 10);
-        user.click(form.cmdCancel);
     });
 }
 
@@ -333,7 +318,7 @@ using FieldScript = std::function<void(const OpenField&)>;
 struct Field {
     const char* name;
     void (*open)(SettingsScene&, const FieldScript&);
-    std::int32_t vexa::Settings::*setting;
+    std::int32_t Settings::*setting;
     Bounds bounds;
     std::int32_t shown;  ///< where nothing is stored
     bool marksChanged;   ///< OK tells the page of a change
@@ -341,33 +326,24 @@ struct Field {
 
 void PrintTo(const Field& field, std::ostream* stream) { *stream << field.name; }
 
-template <class Pick>
-void inSearch(SettingsScene& scene, const FieldScript& script, Pick pick) {
-    scene.openSearch([&](vexa::frmSettings& form) {
-        script(pick(form));
-        if (form.window().isOpen()) scene.user.click(form.cmdCancel);
-    });
-}
-
 void openDelay(SettingsScene& scene, const FieldScript& script) {
-    inSearch(scene, script, [](vexa::frmSettings& form) {
-        return OpenField{form.window(), form.txtDelay, form.updDelay, form.cmdOk};
+    scene.openSearch([&](frmSettings& form) {
+        script({form.window(), form.txtDelay, form.updDelay, form.cmdOk});
     });
 }
 void openCount(SettingsScene& scene, const FieldScript& script) {
-    inSearch(scene, script, [](vexa::frmSettings& form) {
-        return OpenField{form.window(), form.txtEntryCount, form.updEntryCount, form.cmdOk};
+    scene.openSearch([&](frmSettings& form) {
+        script({form.window(), form.txtEntryCount, form.updEntryCount, form.cmdOk});
     });
 }
 void openRelevance(SettingsScene& scene, const FieldScript& script) {
-    inSearch(scene, script, [](vexa::frmSettings& form) {
-        return OpenField{form.window(), form.txtMinRel, form.updMinRel, form.cmdOk};
+    scene.openSearch([&](frmSettings& form) {
+        script({form.window(), form.txtMinRel, form.updMinRel, form.cmdOk});
     });
 }
 void openSize(SettingsScene& scene, const FieldScript& script) {
-    scene.openAttachments([&](vexa::frmAttachment& form) {
+    scene.openAttachments([&](frmAttachment& form) {
         script({form.window(), form.txtMaxSize, form.updMaxSize, form.cmdOk});
-        if (form.window().isOpen()) scene.user.click(form.cmdCancel);
     });
 }
 
@@ -406,7 +382,7 @@ TEST_P(NumericFields, ANumberWithinTheBoundsIsShownAndStoredAndNoOtherIs) {
         EXPECT_EQ(setting(), within ? stored : bounds.minimum);
         EXPECT_EQ(application.flags.dialogChanged, !within && GetParam().marksChanged) << stored;
     }
-    EXPECT_THAT(stage->messages(), testing::IsEmpty());
+    EXPECT_THAT(stage->messages(), IsEmpty());
 }
 
 TEST_P(NumericFields, AnEmptiedBoxStaysEmptyAndStoresTheMinimum) {
@@ -440,11 +416,11 @@ TEST_P(NumericFields, TheArrowsChangeWhatOkStores) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, NumericFields,
-    testing::Values(Field{"Delay", openDelay, &vexa::Settings::AutoFindDelay, {0, 60}, 10, true},
-                    Field{"EntryCount", openCount, &vexa::Settings::MaxEntries, {10, 10000}, 20, true},
-                    Field{"MinRel", openRelevance, &vexa::Settings::MinRel, {0, 100}, 40, true},
-                    Field{"MaxSize", openSize, &vexa::Settings::AttachmentsMaxSize, {1, 65000}, 1024, false}),
-    [](const auto& row) { return std::string(row.param.name); });
+    testing::Values(Field{"Delay", openDelay, &Settings::AutoFindDelay, {0, 60}, 10, true},
+                    Field{"EntryCount", openCount, &Settings::MaxEntries, {10, 10000}, 20, true},
+                    Field{"MinRel", openRelevance, &Settings::MinRel, {0, 100}, 40, true},
+                    Field{"MaxSize", openSize, &Settings::AttachmentsMaxSize, {1, 65000}, 1024, false}),
+    namedRow);
 
 }  // namespace
 }  // namespace tests

@@ -7,8 +7,6 @@
 namespace tests {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using vexa::frmAttachment;
 using vexa::frmSettings;
 
@@ -22,14 +20,22 @@ protected:
         start();
         calls.clear();
     }
+    /// Opens the dialog from the page, plays `script` and ends the dialog by one of its buttons.
+    template <class Form>
+    void open(ui::Button& opener, FunctionRef<void(Form&)> script, bool ok = true) {
+        stage->whenShown<Form>([&, ok](Form& form) {
+            script(form);
+            user.click(ok ? form.cmdOk : form.cmdCancel);
+        });
+        user.click(opener);
+    }
+    void confirmSearch(FunctionRef<void(frmSettings&)> script) { open(page->cmdSettings, script); }
+    void cancelSearch(FunctionRef<void(frmSettings&)> script) { open(page->cmdSettings, script, false); }
+    void confirmAttachments(FunctionRef<void(frmAttachment&)> script) { open(page->cmdAttachments, script); }
 };
 
 TEST_F(SettingsFromPage, AChangedSearchSettingMakesThePageDirtyAndApplyWritesIt) {
-    stage->whenShown<frmSettings>([&](frmSettings& form) {
-        user.step(form.updMinRel, true);
-        user.click(form.cmdOk);
-    });
-    user.click(page->cmdSettings);
+    confirmSearch([&](frmSettings& form) { user.step(form.updMinRel, true); });
     EXPECT_TRUE(page->PropertyPage_Dirty());
     EXPECT_THAT(calls.linesWith("site OnStatusChange"), ElementsAre("site OnStatusChange"));
     EXPECT_FALSE(stage->value(PROFILE, L"MinRel").has_value()) << "before Apply";
@@ -40,22 +46,16 @@ TEST_F(SettingsFromPage, AChangedSearchSettingMakesThePageDirtyAndApplyWritesIt)
 }
 
 TEST_F(SettingsFromPage, ACancelledSearchDialogLeavesThePageClean) {
-    stage->whenShown<frmSettings>([&](frmSettings& form) {
-        user.click(form.chkLoggingInformation);
-        user.click(form.cmdCancel);
-    });
-    user.click(page->cmdSettings);
+    cancelSearch([&](frmSettings& form) { user.click(form.chkLoggingInformation); });
     EXPECT_FALSE(page->PropertyPage_Dirty());
     EXPECT_THAT(calls.linesWith("site OnStatusChange"), IsEmpty());
 }
 
 TEST_F(SettingsFromPage, ANewShortcutAndKnowledgebaseReachTheAddInOnApply) {
-    stage->whenShown<frmSettings>([&](frmSettings& form) {
+    confirmSearch([&](frmSettings& form) {
         user.choose(form.cboSearchShortcut, 1);
         user.choose(form.cboDefaultKB, 2);
-        user.click(form.cmdOk);
     });
-    user.click(page->cmdSettings);
     EXPECT_THAT(calls.linesWith("addin Set"), IsEmpty());
     page->PropertyPage_Apply();
     EXPECT_THAT(calls.linesWith("addin Set"),
@@ -64,16 +64,8 @@ TEST_F(SettingsFromPage, ANewShortcutAndKnowledgebaseReachTheAddInOnApply) {
 }
 
 TEST_F(SettingsFromPage, ANewShortcutReachesTheAddInThoughTheDialogWasOpenedAndCancelledAgain) {
-    stage->whenShown<frmSettings>([&](frmSettings& form) {
-        user.choose(form.cboSearchShortcut, 1);
-        user.click(form.cmdOk);
-    });
-    user.click(page->cmdSettings);
-    stage->whenShown<frmSettings>([&](frmSettings& form) {
-        EXPECT_EQ(form.cboSearchShortcut.selectedIndex(), 1);
-        user.click(form.cmdCancel);
-    });
-    user.click(page->cmdSettings);
+    confirmSearch([&](frmSettings& form) { user.choose(form.cboSearchShortcut, 1); });
+    cancelSearch([&](frmSettings& form) { EXPECT_EQ(form.cboSearchShortcut.selectedIndex(), 1); });
     page->PropertyPage_Apply();
     EXPECT_THAT(calls.linesWith("addin SetFindShortcut"), ElementsAre("addin SetFindShortcut(1)"));
 }
@@ -81,51 +73,33 @@ TEST_F(SettingsFromPage, ANewShortcutReachesTheAddInThoughTheDialogWasOpenedAndC
 TEST_F(SettingsFromPage, AStoredShortcutOfNoEntryStaysUntilOkStoresNoSelection) {
     stage->setValue(PROFILE, L"FindShortcut", 7);
     application.load(vexa::settingOf(&vexa::Settings::FindShortcut));
-    const auto end = [&](const std::function<ui::Button&(frmSettings&)>& button) {
-        stage->whenShown<frmSettings>([&](frmSettings& form) {
-            EXPECT_EQ(form.cboSearchShortcut.selectedIndex(), -1);
-            user.click(button(form));
-        });
-        user.click(page->cmdSettings);
-        page->PropertyPage_Apply();
-    };
-    end([](frmSettings& form) -> ui::Button& { return form.cmdCancel; });
+    const auto showsNone = [](frmSettings& form) { EXPECT_EQ(form.cboSearchShortcut.selectedIndex(), -1); };
+    cancelSearch(showsNone);
+    page->PropertyPage_Apply();
     EXPECT_EQ(integer(PROFILE, L"FindShortcut"), 7);
     EXPECT_THAT(calls.linesWith("addin SetFindShortcut"), IsEmpty());
-    end([](frmSettings& form) -> ui::Button& { return form.cmdOk; });
+    confirmSearch(showsNone);
+    page->PropertyPage_Apply();
     EXPECT_EQ(integer(PROFILE, L"FindShortcut"), -1);
     EXPECT_THAT(stage->messages(), IsEmpty());
 }
 
 TEST_F(SettingsFromPage, TheLoggingSwitchReachesTheAddInOnApply) {
-    stage->whenShown<frmSettings>([&](frmSettings& form) {
-        user.click(form.chkLoggingInformation);
-        user.click(form.cmdOk);
-    });
-    user.click(page->cmdSettings);
+    confirmSearch([&](frmSettings& form) { user.click(form.chkLoggingInformation); });
     page->PropertyPage_Apply();
     EXPECT_EQ(calls.linesWith("addin SetLogging").size(), 1U);
     EXPECT_EQ(integer(ROOT, L"LoggingInformation"), 0);
 }
 
 TEST_F(SettingsFromPage, LoggingSwitchedOffAndOnAgainBeforeApplyReachesNobody) {
-    for (int round = 0; round < 2; ++round) {
-        stage->whenShown<frmSettings>([&](frmSettings& form) {
-            user.click(form.chkLoggingInformation);
-            user.click(form.cmdOk);
-        });
-        user.click(page->cmdSettings);
-    }
+    for (int round = 0; round < 2; ++round)
+        confirmSearch([&](frmSettings& form) { user.click(form.chkLoggingInformation); });
     page->PropertyPage_Apply();
     EXPECT_THAT(calls.linesWith("addin SetLogging"), IsEmpty());
 }
 
 TEST_F(SettingsFromPage, TheAttachmentDialogWritesAtOnceAndLeavesThePageClean) {
-    stage->whenShown<frmAttachment>([&](frmAttachment& form) {
-        user.click(form.chkFindAtt);
-        user.click(form.cmdOk);
-    });
-    user.click(page->cmdAttachments);
+    confirmAttachments([&](frmAttachment& form) { user.click(form.chkFindAtt); });
     EXPECT_FALSE(page->PropertyPage_Dirty());
     EXPECT_EQ(integer(PROFILE, L"AddAttachmentsToQuery"), 1);
     // Apply writes it again from the record, and never the extensions.
@@ -139,10 +113,8 @@ TEST_F(SettingsFromPage, TheAttachmentDialogWritesAtOnceAndLeavesThePageClean) {
 
 TEST_F(SettingsFromPage, BothDialogsOpenAgainAndAgain) {
     for (int opening = 0; opening < 3; ++opening) {
-        stage->whenShown<frmSettings>([&](frmSettings& form) { user.click(form.cmdOk); });
-        user.click(page->cmdSettings);
-        stage->whenShown<frmAttachment>([&](frmAttachment& form) { user.click(form.cmdOk); });
-        user.click(page->cmdAttachments);
+        confirmSearch([](frmSettings&) {});
+        confirmAttachments([](frmAttachment&) {});
     }
     EXPECT_EQ(application.settings.DefaultProject, L"Mail");
     EXPECT_THAT(stage->messages(), IsEmpty());

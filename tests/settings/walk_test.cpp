@@ -10,15 +10,11 @@
 namespace tests {
 namespace {
 
-using vexa::frmAttachment;
-using vexa::frmSettings;
-using vexa::Settings;
-
 const int STEPS = walkLength(100'000);
 
-const std::vector<std::wstring> TEXTS{
-    L"",      L"0",           L"5",  L"10",  L"60",    L"61",  L"100",   L"10000",      L"-1", L"abc",
-    L"65001", L"99999999999", L" 7", L"3.5", L"1,000", L"1e9", L"00042", L"2147483648", L"(5)"};
+const Strings TEXTS{L"",      L"0",   L"5",     L"10",         L"60",          L"61", L"100",
+                    L"10000", L"-1",  L"abc",   L"65001",      L"99999999999", L" 7", L"3.5",
+                    L"1,000", L"1e9", L"00042", L"2147483648", L"(5)"};
 const std::wstring CHARACTERS = L"0123456789-+. ,xe$";
 const std::vector<int> KEYS{key::back,  key::remove, key::home, key::end, key::left,
                             key::right, key::up,     key::down, key::tab, key::space};
@@ -84,41 +80,38 @@ Ending closeDialog(Dice& dice, SettingsScene& scene, Form& form) {
     }
 }
 
-// --- Search settings --------------------------------------------------------------------------------------
-
-class SearchWalk {
+/// Opens a dialog again and again, each time upon another record, and does things in it at random.
+template <class Form>
+class DialogWalk {
 public:
-    explicit SearchWalk(SettingsScene& scene) : scene_(scene) {}
+    DialogWalk(SettingsScene& scene, const char* dice) : scene_(scene), dice_{dice} {}
+    virtual ~DialogWalk() = default;
 
-    void play() {
-        scene_.openReport = [](ui::Window&) {};
+    void play(void (SettingsScene::*open)(FunctionRef<void(Form&)>)) {
         while (steps_ < STEPS && !testing::Test::HasFatalFailure()) {
             prepare();
-            scene_.openSearch([this](frmSettings& form) { visit(form); });
+            scene_.application.flags = {};
+            (scene_.*open)([this](Form& form) { visit(form); });
         }
     }
 
-private:
-    void prepare() {
-        static const std::vector<std::wstring> NAMES{L"Mail", L"Work", L"", L"<None>", L"mail", L"Archive"};
-        Settings& settings = scene_.settings;
-        std::vector<std::wstring> names;
-        for (int count = dice_.roll(6); count > 0; --count) names.push_back(dice_.pick(NAMES));
-        scene_.setKnowledgebases(names);
-        scene_.setText(L"DefaultProject", dice_.pick(NAMES));
-        settings.AutoInfo = dice_.oneIn(2);
-        settings.AutoFindUnread = dice_.oneIn(2);
-        settings.AutoFindAll = dice_.oneIn(2);
-        settings.FindShortcut = dice_.roll(5) - 2;
-        settings.MaxEntries = dice_.roll(12000);
-        settings.MinRel = dice_.roll(120) - 10;
-        settings.AutoFindDelay = dice_.roll(80) - 10;
-        settings.LoggingInformation = !dice_.oneIn(3);
-        scene_.application.flags = {};
-    }
+protected:
+    virtual void prepare() = 0;
+    virtual void begin(Form&) {}
+    virtual void act(Form& form) = 0;
+    virtual void check(Form& form) = 0;
+    /// What OK is to make of the record.
+    virtual Settings shownBy(Form& form) = 0;
+    /// `shown` is the record that OK has made, `before` the one that Cancel has left.
+    virtual void checkClosed(bool ok, const Settings& shown, const Settings& before) = 0;
 
-    void visit(frmSettings& form) {
+    SettingsScene& scene_;
+    Dice dice_;
+
+private:
+    void visit(Form& form) {
         const Settings before = scene_.settings;
+        begin(form);
         for (int left = dice_.roll(200); left >= 0; --left, ++steps_) {
             act(form);
             check(form);
@@ -130,14 +123,45 @@ private:
         scene_.calls.forgetFaults();
         ASSERT_FALSE(form.window().isOpen());
         ASSERT_TRUE(scene_.settings == (ok ? shown : before));
+        checkClosed(ok, shown, before);
+    }
+
+    int steps_ = 0;
+};
+
+// --- Search settings --------------------------------------------------------------------------------------
+
+class SearchWalk : public DialogWalk<frmSettings> {
+public:
+    using DialogWalk::DialogWalk;
+
+private:
+    void prepare() override {
+        static const Strings NAMES{L"Mail", L"Work", L"", L"<None>", L"mail", L"Archive"};
+        Settings& settings = scene_.settings;
+        Strings names;
+        for (int count = dice_.roll(6); count > 0; --count) names.push_back(dice_.pick(NAMES));
+        scene_.setKnowledgebases(names);
+        scene_.setText(L"DefaultProject", dice_.pick(NAMES));
+        settings.AutoInfo = dice_.oneIn(2);
+        settings.AutoFindUnread = dice_.oneIn(2);
+        settings.AutoFindAll = dice_.oneIn(2);
+        settings.FindShortcut = dice_.roll(5) - 2;
+        settings.MaxEntries = dice_.roll(12000);
+        settings.MinRel = dice_.roll(120) - 10;
+        settings.AutoFindDelay = dice_.roll(80) - 10;
+        settings.LoggingInformation = !dice_.oneIn(3);
+    }
+
+    void checkClosed(bool ok, const Settings& shown, const Settings& before) override {
         if (!ok) {
-            ASSERT_EQ(scene_.application.flags, vexa::ChangeFlags());
+            ASSERT_EQ(scene_.application.flags, ChangeFlags());
         } else {
             ASSERT_EQ(scene_.application.flags.shortcutChanged, shown.FindShortcut != before.FindShortcut);
         }
     }
 
-    void act(frmSettings& form) {
+    void act(frmSettings& form) override {
         User& user = scene_.user;
         const std::vector<Field> fields = fieldsOf(form);
         switch (dice_.roll(9)) {
@@ -158,7 +182,7 @@ private:
                 {form.txtMinRel, form.updMinRel}};
     }
 
-    void check(frmSettings& form) {
+    void check(frmSettings& form) override {
         ASSERT_TRUE(form.window().isOpen());
         for (const Field& field : fieldsOf(form)) checkField(field, scene_.application.platform.conversions);
         const bool automatic = form.chkAutoInfo.checked();
@@ -176,7 +200,7 @@ private:
     }
 
     /// What OK is to make of the record.
-    Settings shownBy(frmSettings& form) {
+    Settings shownBy(frmSettings& form) override {
         Settings shown = scene_.settings;
         const int knowledgebase = form.cboDefaultKB.selectedIndex();
         shown.DefaultProject = knowledgebase == 0 ? std::wstring() : form.cboDefaultKB.item(knowledgebase);
@@ -190,32 +214,21 @@ private:
         shown.LoggingInformation = form.chkLoggingInformation.checked();
         return shown;
     }
-
-    SettingsScene& scene_;
-    Dice dice_{"search settings"};
-    int steps_ = 0;
 };
 
 TEST(SettingsWalk, TheSearchDialogKeepsItsRules) {
     SettingsScene scene;
-    SearchWalk(scene).play();
+    SearchWalk(scene, "search settings").play(&SettingsScene::openSearch);
 }
 
 // --- Attachment settings ----------------------------------------------------------------------------------
 
-class AttachmentWalk {
+class AttachmentWalk : public DialogWalk<frmAttachment> {
 public:
-    explicit AttachmentWalk(SettingsScene& scene) : scene_(scene) {}
-
-    void play() {
-        while (steps_ < STEPS && !testing::Test::HasFatalFailure()) {
-            prepare();
-            scene_.openAttachments([this](frmAttachment& form) { visit(form); });
-        }
-    }
+    using DialogWalk::DialogWalk;
 
 private:
-    void prepare() {
+    void prepare() override {
         Settings& settings = scene_.settings;
         settings.AddAttachments = dice_.oneIn(2);
         settings.AddAllAttachments = dice_.oneIn(2);
@@ -224,37 +237,25 @@ private:
         settings.AddAttachmentsToQuery = dice_.oneIn(2);
         scene_.setText(L"AvailableExtensions", randomList());
         scene_.setText(L"SelectedExtensions", randomList());
-        scene_.application.flags = {};
     }
 
     std::wstring randomList() {
-        static const std::vector<std::wstring> PIECES{L"doc",  L"PDF", L"txt", L"",
-                                                      L" zip", L".c",  L"Doc", L"7z"};
+        static const Strings PIECES{L"doc", L"PDF", L"txt", L"", L" zip", L".c", L"Doc", L"7z"};
         std::wstring list;
         for (int count = dice_.roll(12); count > 0; --count) list += dice_.pick(PIECES) + L";";
         return dice_.oneIn(4) ? list + L"tail" : list;
     }
 
-    void visit(frmAttachment& form) {
-        const Settings before = scene_.settings;
-        const std::wstring storedBefore = scene_.storedText(L"SelectedExtensions");
+    void begin(frmAttachment& form) override {
         extensions_ = allExtensions(form);
-        for (int left = dice_.roll(200); left >= 0; --left, ++steps_) {
-            act(form);
-            check(form);
-            if (testing::Test::HasFatalFailure()) return form.window().close();
-        }
-        const Settings shown = shownBy(form);
-        const std::wstring selected = joined(form.lstSelected);
-        const bool ok = closeDialog(dice_, scene_, form) == Ending::ok;
-        scene_.calls.forgetFaults();
-        ASSERT_FALSE(form.window().isOpen());
-        ASSERT_TRUE(scene_.settings == (ok ? shown : before));
-        ASSERT_EQ(scene_.storedText(L"SelectedExtensions"), ok ? selected : storedBefore);
-        ASSERT_EQ(scene_.application.flags, vexa::ChangeFlags());
+        storedBefore_ = scene_.storedText(L"SelectedExtensions");
+    }
+    void checkClosed(bool ok, const Settings&, const Settings&) override {
+        ASSERT_EQ(scene_.storedText(L"SelectedExtensions"), ok ? selected_ : storedBefore_);
+        ASSERT_EQ(scene_.application.flags, ChangeFlags());
     }
 
-    void act(frmAttachment& form) {
+    void act(frmAttachment& form) override {
         User& user = scene_.user;
         switch (dice_.roll(10)) {
             case 0: return user.click(form.chkKBAdd);
@@ -275,7 +276,7 @@ private:
         if (list.count() > 0) scene_.user.pickItem(list, dice_.roll(list.count()), dice_.pick(MODIFIERS));
     }
 
-    void check(frmAttachment& form) {
+    void check(frmAttachment& form) override {
         ASSERT_TRUE(form.window().isOpen());
         checkField({form.txtMaxSize, form.updMaxSize}, scene_.application.platform.conversions);
         const bool add = form.chkKBAdd.checked();
@@ -301,13 +302,8 @@ private:
         return all;
     }
 
-    static std::wstring joined(const ui::ListBox& list) {
-        std::wstring text;
-        for (const std::wstring& item : items(list)) text += item + L";";
-        return text;
-    }
-
-    Settings shownBy(frmAttachment& form) {
+    Settings shownBy(frmAttachment& form) override {
+        selected_ = joined(form.lstSelected);
         Settings shown = scene_.settings;
         shown.AddAttachments = form.chkKBAdd.checked();
         shown.AddAllAttachments = form.optKBAddAll[0].get().selected();
@@ -317,15 +313,14 @@ private:
         return shown;
     }
 
-    SettingsScene& scene_;
-    Dice dice_{"attachment settings"};
     std::multiset<std::wstring> extensions_;
-    int steps_ = 0;
+    std::wstring selected_;
+    std::wstring storedBefore_;
 };
 
 TEST(SettingsWalk, TheAttachmentDialogKeepsItsRules) {
     SettingsScene scene;
-    AttachmentWalk(scene).play();
+    AttachmentWalk(scene, "attachment settings").play(&SettingsScene::openAttachments);
 }
 
 }  // namespace

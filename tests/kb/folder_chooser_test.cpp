@@ -1,110 +1,28 @@
-// The choosers of the base folder and of the auto-update knowledgebase.
+// The chooser of the base folder: its drives and folders, the way to a path, and how the keyboard walks them.
 #include "kb/frmKnowledgeBase.h"
 #include "kb/frmNewFolder.h"
-#include "kb/frmSelectDefaultKB.h"
 #include "tests/kb/kb_test_base.h"
 
 namespace tests {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using vexa::frmKnowledgeBase;
 using vexa::frmNewFolder;
-using vexa::frmSelectDefaultKB;
 
-// --- Auto-update knowledgebase ----------------------------------------------------------------------------
-
-class DefaultChooser : public KBTest {
-protected:
-    void open(const std::function<void(frmSelectDefaultKB&)>& script) {
-        stage->whenShown<frmSelectDefaultKB>(script);
-        frmSelectDefaultKB(application, stage->owner()).Show();
-    }
-    void SetUp() override {
-        KBTest::SetUp();
-        recordNames({L"Mail", L"News"});
-        application.settings.DefaultProject = L"Mail";
-    }
-};
-
-TEST_F(DefaultChooser, CaptionsAreTheDialogsOwn) {
-    open([&](frmSelectDefaultKB& form) {
-        EXPECT_EQ(form.window().caption(), L"Select auto-update knowledgebase");
-        EXPECT_EQ(form.lblInfo.text(),
-                  L"Please select one of the defined knowledgebases to be configured for auto-update.");
-        EXPECT_EQ(form.cmdCancel.text(), L"Cancel");
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(DefaultChooser, ListsNoneAndEveryKnowledgebaseInItsOrderWithNoneSelected) {
-    recordNames({L"Zulu", L"Mail"});
-    stage->setValue(KEY, L"ProjectCount", 3);
-    open([&](frmSelectDefaultKB& form) {
-        std::vector<std::wstring> rows;
-        for (int row = 0; row < form.sftKnowledgebases.rowCount(); ++row)
-            rows.push_back(form.sftKnowledgebases.cellText(row, 0));
-        EXPECT_EQ(rows, (std::vector<std::wstring>{L"<None>", L"Zulu", L"Mail", L""}))
-            << "a missing name is empty";
-        EXPECT_EQ(form.sftKnowledgebases.currentRow(), 0);
-        EXPECT_EQ(form.sftKnowledgebases.row(0).picture, 0);
-        EXPECT_NE(form.sftKnowledgebases.row(1).picture, 0);
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(DefaultChooser, OKTakesTheNameOfTheCurrentRow) {
-    open([&](frmSelectDefaultKB& form) {
-        user.clickRow(form.sftKnowledgebases, 2);
-        user.click(form.cmdOK);
-    });
-    EXPECT_EQ(application.settings.DefaultProject, L"News");
-}
-
-TEST_F(DefaultChooser, OKOnNoneClearsTheAutoUpdateKnowledgebase) {
-    open([&](frmSelectDefaultKB& form) { user.click(form.cmdOK); });
-    EXPECT_EQ(application.settings.DefaultProject, L"");
-}
-
-TEST_F(DefaultChooser, ADoubleClickActsAsOK) {
-    open([&](frmSelectDefaultKB& form) { user.doubleClickRow(form.sftKnowledgebases, 2); });
-    EXPECT_EQ(application.settings.DefaultProject, L"News");
-}
-
-TEST_F(DefaultChooser, TheKeyboardChooses) {
-    application.settings.DefaultProject = L"News";
-    open([&](frmSelectDefaultKB& form) {
-        user.press(form.window(), key::down);
-        user.press(form.window(), key::enter);
-    });
-    EXPECT_EQ(application.settings.DefaultProject, L"Mail");
-}
-
-TEST_F(DefaultChooser, CancelChangesNothing) {
-    open([&](frmSelectDefaultKB& form) {
-        user.clickRow(form.sftKnowledgebases, 2);
-        user.click(form.cmdCancel);
-    });
-    EXPECT_EQ(application.settings.DefaultProject, L"Mail");
-    EXPECT_FALSE(application.flags.defaultKnowledgebaseChanged);
-}
-
-TEST_F(DefaultChooser, WithoutKnowledgebasesOnlyNoneIsOffered) {
-    stage->setValue(KEY, L"ProjectCount", -3);
-    open([&](frmSelectDefaultKB& form) {
-        EXPECT_EQ(form.sftKnowledgebases.rowCount(), 1);
-        user.press(form.window(), key::escape);
-    });
-}
-
-// --- Base folder ------------------------------------------------------------------------------------------
-
+/// On a folder that holds two others.
 class FolderChooser : public KBTest {
-protected:
-    void open(const std::function<void(frmKnowledgeBase&)>& script) {
-        stage->whenShown<frmKnowledgeBase>(script);
+public:
+    /// A chooser that the script leaves open is closed.
+    void open(FunctionRef<void(frmKnowledgeBase&)> script) {
+        stage->whenShown<frmKnowledgeBase>([&](frmKnowledgeBase& form) {
+            script(form);
+            if (form.window().isOpen()) user.closeWindow(form.window());
+        });
         frmKnowledgeBase(application, stage->owner()).Show();
+    }
+    void openOn(const std::wstring& path, FunctionRef<void(frmKnowledgeBase&)> script) {
+        application.settings.VexaBaseDir = path;
+        open(script);
     }
     void SetUp() override {
         KBTest::SetUp();
@@ -112,16 +30,21 @@ protected:
         stage->createFolder(base + L"\\alpha");
         application.settings.VexaBaseDir = base;
     }
-    static std::vector<std::wstring> shown(const frmKnowledgeBase& form) {
-        std::vector<std::wstring> rows;
+    static Names rows(const frmKnowledgeBase& form) {
+        Names shown;
         for (int row = 0; row < form.dirVexaBaseDir.rowCount(); ++row)
-            rows.push_back(form.dirVexaBaseDir.cellText(row, 0));
-        return rows;
+            shown.push_back(form.dirVexaBaseDir.cellText(row, 0));
+        return shown;
     }
     /// The rows of the folders in the one that is shown.
-    static std::vector<std::wstring> inside(const frmKnowledgeBase& form) {
-        const auto rows = shown(form);
-        return {rows.begin() + form.dirVexaBaseDir.currentRow() + 1, rows.end()};
+    static Names inside(const frmKnowledgeBase& form) {
+        const Names all = rows(form);
+        return {all.begin() + form.dirVexaBaseDir.currentRow() + 1, all.end()};
+    }
+    static ui::KeyEvent press(frmKnowledgeBase& form, int key, int modifiers = 0) {
+        ui::KeyEvent event{key, modifiers};
+        form.dirVexaBaseDir.onKeyDown(event);
+        return event;
     }
     void chooseDrive(frmKnowledgeBase& form, const std::wstring& name) {
         for (int index = 0; index < form.drvVexaBaseDir.count(); ++index)
@@ -142,28 +65,18 @@ TEST_F(FolderChooser, CaptionsAreTheDialogsOwn) {
         EXPECT_EQ(form.cmdNewDirectory.text(), L"&New...");
         EXPECT_EQ(form.cmdRepository.text(), L"&Select folders...");
         EXPECT_EQ(form.cmdCancel.text(), L"Cancel");
-        user.click(form.cmdCancel);
     });
 }
 
-TEST_F(FolderChooser, TheDriveThatIsShownChosenAgainStaysInItsFolder) {
-    open([&](frmKnowledgeBase& form) {
-        const std::vector<std::wstring> before = shown(form);
-        user.choose(form.drvVexaBaseDir, form.drvVexaBaseDir.selectedIndex());
-        EXPECT_EQ(shown(form), before);
-        EXPECT_EQ(inside(form), (std::vector<std::wstring>{L"alpha", L"beta"}));
-        user.click(form.cmdCancel);
-    });
-}
-
-TEST_F(FolderChooser, ShowsTheDriveAndThePathAndTheFoldersInIt) {
+TEST_F(FolderChooser, ShowsTheDriveAndThePathAndTheFoldersInItAlsoWhereTheDriveIsChosenAgain) {
     open([&](frmKnowledgeBase& form) {
         EXPECT_EQ(application.platform.conversions.lower(driveShown(form)), drive);
-        const auto rows = shown(form);
-        EXPECT_EQ(application.platform.conversions.lower(rows.front()), drive + L"\\");
-        EXPECT_EQ(inside(form), (std::vector<std::wstring>{L"alpha", L"beta"}));
+        const Names before = rows(form);
+        EXPECT_EQ(application.platform.conversions.lower(before.front()), drive + L"\\");
+        EXPECT_EQ(inside(form), (Names{L"alpha", L"beta"}));
         EXPECT_EQ(form.folder(), base);
-        user.click(form.cmdCancel);
+        user.choose(form.drvVexaBaseDir, form.drvVexaBaseDir.selectedIndex());
+        EXPECT_EQ(rows(form), before);
     });
 }
 
@@ -182,6 +95,7 @@ TEST_F(FolderChooser, OKTakesTheFolderThatIsShown) {
         EXPECT_EQ(form.folder(), base + L"\\beta");
         EXPECT_THAT(inside(form), IsEmpty());
         user.click(form.cmdOk);
+        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_TRUE(application.bBaseDirChanged);
     EXPECT_EQ(application.settings.VexaBaseDir, base + L"\\beta");
@@ -191,6 +105,7 @@ TEST_F(FolderChooser, CancelChangesNothing) {
     open([&](frmKnowledgeBase& form) {
         user.doubleClickRow(form.dirVexaBaseDir, form.dirVexaBaseDir.currentRow() + 1);
         user.click(form.cmdCancel);
+        EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_FALSE(application.bBaseDirChanged);
     EXPECT_EQ(application.settings.VexaBaseDir, base);
@@ -208,7 +123,6 @@ TEST_F(FolderChooser, TheKeyboardWalksDownAndUp) {
         user.press(form.window(), key::down);
         user.press(form.window(), key::space);
         EXPECT_EQ(form.dirVexaBaseDir.cellText(form.dirVexaBaseDir.currentRow(), 0), L"alpha");
-        user.click(form.cmdCancel);
     });
 }
 
@@ -231,7 +145,7 @@ TEST_F(FolderChooser, AnotherDriveShowsItsRoot) {
     open([&](frmKnowledgeBase& form) {
         chooseDrive(form, L"Q:");
         EXPECT_EQ(driveShown(form), L"Q:");
-        EXPECT_EQ(shown(form), std::vector<std::wstring>{L"Q:\\"});
+        EXPECT_EQ(rows(form), Names{L"Q:\\"});
         EXPECT_EQ(form.folder(), L"Q:\\");
         user.click(form.cmdOk);
     });
@@ -244,14 +158,14 @@ TEST_F(FolderChooser, AnUnreadyDriveShowsTheMessageAndLeavesBothListsOnThePrevio
     stage->addDrive(L"Q:", false);
     open([&](frmKnowledgeBase& form) {
         const std::wstring shownDrive = driveShown(form);
-        const auto rows = shown(form);
+        const Names before = rows(form);
         ASSERT_NE(shownDrive, L"Q:");
         chooseDrive(form, L"Q:");
         EXPECT_THAT(stage->messages(),
                     ElementsAre(ui::Message{L"Drive 'Q:' is not available.", L"Orbisearch",
                                             ui::MessageIcon::information, ui::MessageButtons::ok}));
         EXPECT_EQ(driveShown(form), shownDrive);
-        EXPECT_EQ(shown(form), rows);
+        EXPECT_EQ(rows(form), before);
         EXPECT_EQ(form.folder(), base);
         user.click(form.cmdOk);
     });
@@ -266,7 +180,6 @@ TEST_F(FolderChooser, AFolderThatCannotBeOpenedIsSaidAndChangesNothing) {
         calls.forgetFaults();
         EXPECT_EQ(stage->messages().size(), 1u);
         EXPECT_EQ(form.folder(), base);
-        user.click(form.cmdCancel);
     });
 }
 
@@ -281,7 +194,7 @@ TEST_F(FolderChooser, WithoutABaseFolderNoDriveIsShown) {
     application.settings.VexaBaseDir = L"";
     open([&](frmKnowledgeBase& form) {
         EXPECT_EQ(driveShown(form), L"");
-        EXPECT_THAT(shown(form), IsEmpty());
+        EXPECT_THAT(rows(form), IsEmpty());
         user.click(form.cmdNewDirectory);
         user.click(form.cmdOk);
     });
@@ -294,7 +207,6 @@ TEST_F(FolderChooser, SelectFoldersDoesNothingAndIsDisabled) {
         calls.clear();
         user.click(form.cmdRepository);
         EXPECT_THAT(calls.lines(), IsEmpty());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -324,7 +236,6 @@ TEST_F(FolderChooser, AFolderThatCannotBeCreatedIsSaid) {
         ASSERT_EQ(stage->messages().size(), 1u);
         EXPECT_TRUE(stage->messages()[0].text.starts_with(L"The folder 'alpha' cannot be created.\r\n"));
         EXPECT_EQ(form.folder(), base);
-        user.click(form.cmdCancel);
     });
 }
 
@@ -337,8 +248,114 @@ TEST_F(FolderChooser, ACancelledNameCreatesNothing) {
         calls.clear();
         user.click(form.cmdNewDirectory);
         EXPECT_THAT(calls.linesWith("files createFolder"), IsEmpty());
-        user.click(form.cmdCancel);
     });
+}
+
+// --- Paths and keys ---------------------------------------------------------------------------------------
+
+struct Path {
+    const wchar_t* path;
+    Names steps;
+};
+
+TEST_F(FolderChooser, PathsBeginWithTheDriveOrTheShareAndGoDownStepByStep) {
+    // None of them can be read: they are shown without what is in them.
+    for (const Path& one :
+         {Path{L"Z:\\no\\such", {L"Z:\\", L"no", L"such"}},
+          Path{L"Z:\\no\\such\\", {L"Z:\\", L"no", L"such"}},
+          Path{L"Z:\\no\\\\such", {L"Z:\\", L"no", L"such"}}, Path{L"Z:\\", {L"Z:\\"}}, Path{L"Z:", {L"Z:"}},
+          Path{L"\\\\server\\share\\a\\b", {L"\\\\server\\share\\", L"a", L"b"}},
+          Path{L"\\\\server\\share\\", {L"\\\\server\\share\\"}},
+          Path{L"\\\\server\\share", {L"\\\\server\\share"}}, Path{L"\\\\server", {L"\\\\server"}}}) {
+        calls.failCallsWith("files subfolders");
+        openOn(one.path, [&](frmKnowledgeBase& form) {
+            EXPECT_EQ(rows(form), one.steps) << toUtf8(one.path);
+            for (int row = 0; row < form.dirVexaBaseDir.rowCount(); ++row)
+                EXPECT_EQ(form.dirVexaBaseDir.row(row).indent, row);
+            EXPECT_EQ(form.dirVexaBaseDir.currentRow(), static_cast<int>(one.steps.size()) - 1);
+            EXPECT_EQ(form.folder(), one.path) << "as it was given";
+        });
+        calls.forgetFaults();
+    }
+    EXPECT_THAT(stage->messages(), IsEmpty());
+}
+
+TEST_F(FolderChooser, TheFoldersOfAFolderStandOneStepDeeperInAlphabeticalOrder) {
+    open([&](frmKnowledgeBase& form) {
+        const int own = form.dirVexaBaseDir.currentRow();
+        EXPECT_EQ(form.dirVexaBaseDir.row(own + 1).indent, own + 1);
+        EXPECT_EQ(form.dirVexaBaseDir.row(own + 2).indent, own + 1);
+        EXPECT_NE(form.dirVexaBaseDir.row(own + 1).picture, form.dirVexaBaseDir.row(own).picture);
+        EXPECT_EQ(form.dirVexaBaseDir.cellText(own + 1, 0), L"alpha");
+        user.doubleClickRow(form.dirVexaBaseDir, own + 1);
+        EXPECT_EQ(form.folder(), base + L"\\alpha");
+    });
+}
+
+TEST_F(FolderChooser, OfTheKeysOnlyThoseThatOpenAreTakenFromTheList) {
+    constexpr int LETTER = 'A';
+    open([&](frmKnowledgeBase& form) {
+        EXPECT_TRUE(form.dirVexaBaseDir.wantsEnter);
+        for (const int key : {key::up, key::down, key::tab, LETTER}) EXPECT_EQ(press(form, key).key, key);
+        for (const int key : {key::enter, key::space, key::left, key::right}) {
+            EXPECT_EQ(press(form, key, ui::modifier::control).key, key) << "with Ctrl";
+            EXPECT_EQ(form.folder(), base);
+        }
+        for (const int key : {key::enter, key::space, key::right}) {
+            EXPECT_EQ(press(form, key).key, 0);
+            EXPECT_EQ(form.folder(), base) << "the open folder opened again";
+        }
+        EXPECT_EQ(press(form, key::left).key, 0);
+        EXPECT_LT(form.folder().size(), base.size());
+    });
+}
+
+TEST_F(FolderChooser, FromTheRootTheLeftKeyLeadsNowhere) {
+    stage->addDrive(L"Q:", true);
+    openOn(L"Q:\\", [&](frmKnowledgeBase& form) {
+        EXPECT_EQ(press(form, key::left).key, 0);
+        EXPECT_EQ(form.folder(), L"Q:\\");
+        form.dirVexaBaseDir.setCurrentRow(-1);
+        press(form, key::enter);
+        EXPECT_EQ(form.folder(), L"Q:\\") << "no row, no folder";
+    });
+    EXPECT_THAT(stage->messages(), IsEmpty());
+}
+
+TEST_F(FolderChooser, ARowThatIsNotThereOpensNothing) {
+    open([&](frmKnowledgeBase& form) {
+        const std::wstring before = form.folder();
+        for (const int row : {-1, form.dirVexaBaseDir.rowCount()}) form.dirVexaBaseDir.onDoubleClick(row);
+        EXPECT_EQ(form.folder(), before);
+    });
+    EXPECT_THAT(stage->messages(), IsEmpty());
+}
+
+TEST_F(FolderChooser, TheListWorksWhereNobodyListens) {
+    openOn(L"Z:\\no\\such", [&](frmKnowledgeBase& form) {
+        vexa::FolderList list(form.dirVexaBaseDir, application.platform.files);
+        list.showPath(L"Z:\\other\\way");
+        EXPECT_EQ(list.path(), L"Z:\\other\\way");
+        calls.failCallsWith("files subfolders");
+        form.dirVexaBaseDir.onDoubleClick(0);
+        calls.forgetFaults();
+        EXPECT_EQ(list.path(), L"Z:\\other\\way") << "it cannot be read, and nobody wants to know";
+        form.dirVexaBaseDir.onDoubleClick = nullptr;
+        form.dirVexaBaseDir.onKeyDown = nullptr;
+    });
+    EXPECT_THAT(stage->messages(), IsEmpty());
+}
+
+TEST_F(FolderChooser, AFolderAboveThatCannotBeReadIsSaid) {
+    openOn(L"Z:\\no\\such", [&](frmKnowledgeBase& form) {
+        calls.failCallsWith("files subfolders");
+        press(form, key::left);
+        calls.forgetFaults();
+        EXPECT_EQ(form.folder(), L"Z:\\no\\such");
+    });
+    ASSERT_EQ(stage->messages().size(), 1U);
+    EXPECT_TRUE(stage->messages()[0].text.starts_with(L"The folder cannot be opened.\r\n"));
+    EXPECT_EQ(stage->messages()[0].title, L"Quillmark");
 }
 
 }  // namespace
