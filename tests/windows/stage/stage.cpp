@@ -78,7 +78,7 @@ public:
     WindowsStage& operator=(const WindowsStage&) = delete;
 
     [[nodiscard]] vexa::Application& application() override { return application_; }
-    [[nodiscard]] User& user() override { return user_; }
+    [[nodiscard]] User& user() override { return *user_; }
     [[nodiscard]] CallLog& calls() override { return calls_; }
     [[nodiscard]] FakeAddIn& addIn() override { return *addIn_; }
     void setAddInRunning(bool running) override { locator_.isRunning = running; }
@@ -160,7 +160,7 @@ private:
                           {registry_, ansi_, conversions_, files_, clock_, locator_, desktop_, timers_}};
     win::Screen screen_{GetModuleHandleW(nullptr)};
     ScriptedScreen scripted_{calls_, screen_, [this] { return screen_.isClosing(); }};
-    WindowsUser user_;
+    std::unique_ptr<User> user_ = windowsUser();
     vexa::Application application_{ports_.platform(), scripted_};
     std::deque<Script> scripts_;
     Announcements announcements_;
