@@ -19,9 +19,11 @@ protected:
             return {};
         }
     }
-    [[nodiscard]] std::wstring failure(const std::wstring& text) {
+    /// The description of the error; empty where there is none.
+    template <class Convert>
+    [[nodiscard]] static std::wstring failure(Convert convert) {
         try {
-            static_cast<void>(application.platform.conversions.toInteger(text));
+            static_cast<void>(convert());
             return L"";
         } catch (const vexa::Error& error) {
             return error.description();
@@ -124,12 +126,18 @@ TEST_F(ConversionsTest, ADecimalCommaSwapsPointAndComma) {
 }
 
 TEST_F(ConversionsTest, TheDescriptionTellsATextFromANumberThatIsTooLarge) {
-    EXPECT_EQ(failure(L"abc"), L"Type mismatch");
-    EXPECT_EQ(failure(L"2147483648"), L"Overflow");
+    const auto failureOf = [&](const wchar_t* text) {
+        return failure([&] { return application.platform.conversions.toInteger(text); });
+    };
+    for (const wchar_t* text : {L"abc", L"", L"12abc", L"1 2"})
+        EXPECT_EQ(failureOf(text), L"Type mismatch") << toUtf8(text);
+    for (const wchar_t* text : {L"2147483648", L"99999999999"})
+        EXPECT_EQ(failureOf(text), L"Overflow") << toUtf8(text);
 }
 
 TEST_F(ConversionsTest, NumbersKeepTheirFraction) {
     EXPECT_EQ(application.platform.conversions.toNumber(L" -1,234.25 "), -1234.25);
+    EXPECT_THROW(static_cast<void>(application.platform.conversions.toNumber(L"never")), vexa::Error);
     stage->useDecimalComma();
     EXPECT_EQ(application.platform.conversions.toNumber(L"38000,5"), 38000.5);
 }
@@ -142,6 +150,8 @@ TEST_F(ConversionsTest, DatesAreDaysSinceTheEndOf1899) {
     EXPECT_EQ(date(L"13/2/2003"), 37665) << "13 can only be the day";
     EXPECT_EQ(date(L"2003-04-05"), 37716);
     EXPECT_EQ(date(L"13:30"), 13.5 / 24);
+    stage->useDecimalComma();
+    EXPECT_EQ(date(L"25.07.2026"), 46228);
 }
 
 TEST_F(ConversionsTest, APlainNumberIsADateSerial) {
@@ -151,8 +161,9 @@ TEST_F(ConversionsTest, APlainNumberIsADateSerial) {
 }
 
 TEST_F(ConversionsTest, WhatIsNoDateIsRefused) {
-    for (const wchar_t* text : {L"", L"abc", L"-", L"02/30/2003", L"24:00:00", L"9999999"})
-        EXPECT_THROW(static_cast<void>(date(text)), vexa::Error) << toUtf8(text);
+    for (const wchar_t* text :
+         {L"", L"abc", L"-", L"02/30/2003", L"24:00:00", L"9999999", L"1e300", L"-657436", L"2958466"})
+        EXPECT_EQ(failure([&] { return date(text); }), L"Type mismatch") << toUtf8(text);
 }
 
 TEST_F(ConversionsTest, LettersOfEveryScriptBecomeSmall) {
@@ -160,6 +171,7 @@ TEST_F(ConversionsTest, LettersOfEveryScriptBecomeSmall) {
               L"mail \xE4\xF6\xFC \x3B1\x3C9 \x436\x451 \x142");
     EXPECT_EQ(application.platform.conversions.lower(L"1_\xD7\xDF"), L"1_\xD7\xDF")
         << "no letters with a small form";
+    EXPECT_EQ(application.platform.conversions.lower(L"\x130 1"), L"\x130 1");
     EXPECT_EQ(application.platform.conversions.lower(L""), L"");
 }
 
@@ -169,6 +181,7 @@ TEST_F(ConversionsTest, TheCodePageKeepsWesternTextAndMarksWhatItLacks) {
     EXPECT_EQ(ansi.fromAnsi("M\xFCller \x80"), L"M\xFCller \x20AC");
     EXPECT_EQ(ansi.toAnsi(L"\x416\x4E2D"), "??");
     EXPECT_EQ(ansi.toAnsi(L""), "");
+    EXPECT_EQ(ansi.fromAnsi(""), L"");
 }
 
 }  // namespace

@@ -5,27 +5,13 @@
 
 #include <utility>
 
+#include "tests/support/text.h"
+#include "tests/windows/stage/window_queries.h"
+
 namespace tests {
 namespace {
 
-constexpr UINT TICK = 20;              // milliseconds
 constexpr ULONGLONG PATIENCE = 20000;  // milliseconds for one step
-
-Person* person = nullptr;
-
-struct Search {
-    const std::wstring& title;
-    HWND found = nullptr;
-};
-
-BOOL CALLBACK compare(HWND window, LPARAM parameter) noexcept {
-    auto& search = *reinterpret_cast<Search*>(parameter);
-    wchar_t title[200] = L"";
-    GetWindowTextW(window, title, 200);
-    if (!IsWindowVisible(window) || search.title != title) return TRUE;
-    search.found = window;
-    return FALSE;
-}
 
 /// A control of the window, or of a child of it.
 HWND control(const std::wstring& window, int identifier) {
@@ -33,29 +19,16 @@ HWND control(const std::wstring& window, int identifier) {
     return top == nullptr ? nullptr : GetDlgItem(top, identifier);
 }
 
-std::string narrow(const std::wstring& text) { return {text.begin(), text.end()}; }
-
 }  // namespace
 
-Person::Person() : timer_(SetTimer(nullptr, 0, TICK, tick)) { person = this; }
-
-Person::~Person() {
-    KillTimer(nullptr, timer_);
-    person = nullptr;
-}
-
 HWND Person::find(const std::wstring& title) {
-    Search search{title};
-    EnumThreadWindows(GetCurrentThreadId(), compare, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    for (const HWND each : threadWindows())
+        if (IsWindowVisible(each) && windowTextOf(each) == title) return each;
+    return nullptr;
 }
 
 void Person::plan(const std::string& what, std::function<bool()> ready, std::function<void()> act) {
     steps_.push_back({what, std::move(ready), std::move(act)});
-}
-
-void CALLBACK Person::tick(HWND, UINT, UINT_PTR, DWORD) noexcept {
-    if (person != nullptr) person->next();
 }
 
 void Person::next() {
@@ -98,10 +71,7 @@ void Person::doAll() {
 void Person::press(const std::wstring& window, int identifier) {
     plan(
         "press " + std::to_string(identifier) + " in " + narrow(window),
-        [=] {
-            const HWND button = control(window, identifier);
-            return button != nullptr && IsWindowEnabled(button);
-        },
+        [=] { return IsWindowEnabled(control(window, identifier)) != FALSE; },
         [=] { PostMessageW(control(window, identifier), BM_CLICK, 0, 0); });
 }
 
@@ -128,11 +98,7 @@ void Person::name(const std::wstring& window, int list, const std::wstring& text
 void Person::waitEnabled(const std::wstring& window, int identifier) {
     plan(
         "wait for " + std::to_string(identifier) + " in " + narrow(window),
-        [=] {
-            const HWND found = control(window, identifier);
-            return found != nullptr && IsWindowEnabled(found);
-        },
-        [] {});
+        [=] { return IsWindowEnabled(control(window, identifier)) != FALSE; }, [] {});
 }
 
 void Person::waitGone(const std::wstring& window) {

@@ -8,15 +8,12 @@
 #include <functional>
 #include <string>
 
+#include "tests/windows/stage/ticker.h"
+
 namespace tests {
 
 class Person {
 public:
-    Person();
-    Person(const Person&) = delete;
-    Person& operator=(const Person&) = delete;
-    ~Person();
-
     /// Once `ready` holds, `act` is done, then it is the next step's turn.
     void plan(const std::string& what, std::function<bool()> ready, std::function<void()> act);
     /// Lets messages run until every step is done. A step that takes too long fails the test and ends the
@@ -39,16 +36,15 @@ private:
         std::function<bool()> ready;
         std::function<void()> act;
     };
-    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) noexcept;
     void next();
     void giveUpInTime();
     static void closeFrontWindow();
 
     std::deque<Step> steps_;
-    UINT_PTR timer_;
     bool acting_ = false;
     bool gaveUp_ = false;
     ULONGLONG since_ = 0;  ///< when the last step was done
+    const Ticker ticker_{20, [this] { next(); }};
 };
 
 }  // namespace tests

@@ -25,46 +25,22 @@ constexpr wchar_t DIALOG[] = L"Knowledgebases";
 constexpr wchar_t QUESTION[] = L"Quillmark";
 constexpr wchar_t REPORT[] = L"Send report";
 
-/// What a set-up does once: the add-in's ProgID names its class.
-void registerProgId() {
-    wchar_t classId[39];
-    StringFromGUID2(__uuidof(OlAddIn), classId, 39);
-    RegSetKeyValueW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\Tarnwell.OlAddIn.1\\CLSID", nullptr, REG_SZ,
-                    classId, sizeof classId);
-}
-
-class SampleAddIn : public testing::Test {
+class SampleAddIn : public ContainerTest {
 protected:
     SampleAddIn() {
-        OleInitialize(nullptr);
-        registerProgId();
+        registerAddIn();
         records::put(records::ROOT, L"CurrentProfile", std::wstring(L"Sample"));
         records::put(records::profile(), L"VexaBaseDir", folder.path());
         records::put(records::profile(), L"LogPath", folder.path() + L"\\");
         addIn = std::make_unique<sample::AddIn>();
         container.acceptAnything();
-        page = library.create();
-        page.as<IOleObject>()->SetClientSite(container.site());
-        page.as<IOleObject>()->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, container.site(), 0, window,
-                                      &container.position);
+        create();
+        enterSite();
+        doVerb(OLEIVERB_INPLACEACTIVATE);
     }
-    ~SampleAddIn() override {
-        page.as<IOleObject>()->Close(OLECLOSE_NOSAVE);
-        page.as<IOleObject>()->SetClientSite(nullptr);
-        page.reset();
-        deliverMessages();
-        EXPECT_EQ(library.canUnloadNow(), S_OK);
-        addIn.reset();
-        DestroyWindow(window);
-        OleUninitialize();
-    }
+    ~SampleAddIn() override { endAll(); }
 
-    [[nodiscard]] HWND button(int identifier) const {
-        HWND frame = nullptr;
-        page.as<IOleInPlaceObject>()->GetWindow(&frame);
-        return GetDlgItem(::GetWindow(frame, GW_CHILD), identifier);
-    }
-    void press(int identifier) { PostMessageW(button(identifier), BM_CLICK, 0, 0); }
+    void press(int identifier) { PostMessageW(child(identifier), BM_CLICK, 0, 0); }
     /// Opens the knowledgebase dialog, does what was planned, and closes it.
     void withKnowledgebases(const std::function<void()>& plan) {
         press(IDC_cmdKnowledgeBase);
@@ -79,21 +55,16 @@ protected:
         person.answer(QUESTION, IDYES);  // to be updated by itself?
         person.waitEnabled(DIALOG, IDC_cmdRebuild);
     }
-    void apply() { EXPECT_EQ(page.as<PropertyPage>()->Apply(), S_OK); }
-    [[nodiscard]] bool wizardIsOffered() const { return IsWindowEnabled(button(IDC_cmdWizard)) != FALSE; }
+    void apply() { EXPECT_EQ(as<PropertyPage>()->Apply(), S_OK); }
+    [[nodiscard]] bool wizardIsOffered() const { return IsWindowEnabled(child(IDC_cmdWizard)) != FALSE; }
 
-    ScratchRegistry registry;
     const ScratchFolder folder;
     std::unique_ptr<sample::AddIn> addIn;
-    Library library;
-    HWND window = createContainerWindow();
-    FakeContainer container{window};
-    com::Ptr<IUnknown> page;
     Person person;
 };
 
 TEST_F(SampleAddIn, IsFoundByThePage) {
-    EXPECT_TRUE(IsWindowEnabled(button(IDC_cmdKnowledgeBase)));
+    EXPECT_TRUE(IsWindowEnabled(child(IDC_cmdKnowledgeBase)));
     EXPECT_NE(records::number(records::profile(), L"hWndProperties"), 0u);
 }
 
@@ -168,10 +139,10 @@ TEST_F(SampleAddIn, StartsTheWizardAndSwitchesItsButton) {
 TEST_F(SampleAddIn, SearchesAndThePageWaits) {
     addIn->searching = true;
     deliverFor(600);
-    EXPECT_FALSE(IsWindowEnabled(button(IDC_cmdSettings)));
+    EXPECT_FALSE(IsWindowEnabled(child(IDC_cmdSettings)));
     addIn->searching = false;
     deliverFor(600);
-    EXPECT_TRUE(IsWindowEnabled(button(IDC_cmdSettings)));
+    EXPECT_TRUE(IsWindowEnabled(child(IDC_cmdSettings)));
 }
 
 TEST_F(SampleAddIn, UpdatesByItselfAndADialogThatOpensWaits) {

@@ -14,7 +14,6 @@
 #include "tests/windows/leaks/resource_count.h"
 #include "tests/windows/matrix/hostile_world.h"
 #include "tests/windows/matrix/tables.h"
-#include "windows/controls/activation_context.h"
 
 namespace tests {
 namespace {
@@ -28,25 +27,19 @@ constexpr Length USUAL{20, 100, 60};
 constexpr Length LONG{1000, 10000, 2000};
 Length length = USUAL;
 
-INT_PTR CALLBACK nothing(HWND, UINT, WPARAM, LPARAM) noexcept { return FALSE; }
-
 /// The heap blocks that the system itself keeps of each themed dialog that it makes and destroys, in
 /// `DIALOGS` rounds. Wine's themed controls keep some; bare dialogs from the templates, without any code of
 /// the program, tell how many.
 constexpr int DIALOGS = 20;
 long blocksKeptByBareDialogs(const std::vector<int>& templates, HWND parent) {
-    const win::ActivationContext context(GetModuleHandleW(nullptr));
-    const win::Activation themed(context);
     const auto makeAndDestroy = [&] {
         for (int round = 0; round < DIALOGS; ++round)
-            for (const int identifier : templates)
-                DestroyWindow(CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(identifier),
-                                                 parent, nothing, 0));
+            for (const int identifier : templates) openBare(identifier, parent);
     };
     makeAndDestroy();
-    const std::size_t before = countResources().heapBlocks;
+    const ResourceCount before = countResources();
     makeAndDestroy();
-    return static_cast<long>(countResources().heapBlocks) - static_cast<long>(before);
+    return heapBlocksBetween(before, countResources());
 }
 
 class Soak : public HostileWorld {
@@ -62,16 +55,11 @@ protected:
         std::cout << name << "\n  after " << length.warmUp << ": " << before << "\n  after "
                   << length.openings << ": " << after << "\n  the system keeps " << kept << " heap blocks of "
                   << DIALOGS << " bare dialogs" << std::endl;
-        EXPECT_EQ(after.windows, before.windows);
-        EXPECT_EQ(after.menus, before.menus);
-        EXPECT_EQ(after.icons, before.icons);
-        EXPECT_EQ(after.gdiObjects, before.gdiObjects);
-        EXPECT_EQ(after.handles, before.handles);
+        expectSameObjects(before, after);
         const long rounds = length.openings - length.warmUp;
         if (!heapCountsEachBlock()) return;
         // Caches may take a block now and then; one for each opening would be a hundred times as many.
-        EXPECT_LE(static_cast<long>(after.heapBlocks) - static_cast<long>(before.heapBlocks),
-                  kept * rounds / DIALOGS + 10 + rounds / 100);
+        EXPECT_LE(heapBlocksBetween(before, after), kept * rounds / DIALOGS + 10 + rounds / 100);
     }
 };
 
@@ -113,8 +101,7 @@ INSTANTIATE_TEST_SUITE_P(Each, SoakOf, testing::ValuesIn(waysToDialogs()), situa
 // The counts see a leak of each kind, so that equal counts mean something.
 TEST_F(Soak, CountsNoticeEachKindOfLeak) {
     const ResourceCount before = countResources();
-    const HWND child =
-        CreateWindowExW(0, L"Static", L"", WS_CHILD, 0, 0, 1, 1, hostWindow(), nullptr, nullptr, nullptr);
+    const HWND child = makeWindow(L"Static", WS_CHILD, {1, 1}, hostWindow());
     const HMENU menu = CreateMenu();
     const HBRUSH brush = CreateSolidBrush(0x123456);
     const HANDLE event = CreateEventW(nullptr, TRUE, FALSE, nullptr);

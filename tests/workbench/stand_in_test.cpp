@@ -4,6 +4,9 @@
 #include <windows.h>
 
 #include "common/error.h"
+#include "tests/windows/stage/messages.h"
+#include "tests/windows/stage/scratch_folder.h"
+#include "tests/windows/stage/scratch_registry.h"
 #include "windows/platform/addin.h"
 #include "workbench/addin/automation.h"
 #include "workbench/addin/contract.h"
@@ -20,44 +23,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 using Finished = std::pair<std::wstring, bool>;
-
-/// The registry of the current user, set apart for one test.
-class RegistryApart {
-public:
-    RegistryApart() {
-        RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\QuillmarkTests", 0, nullptr, 0, KEY_ALL_ACCESS,
-                        nullptr, &key_, nullptr);
-        RegDeleteTreeW(key_, nullptr);
-        RegOverridePredefKey(HKEY_CURRENT_USER, key_);
-    }
-    RegistryApart(const RegistryApart&) = delete;
-    RegistryApart& operator=(const RegistryApart&) = delete;
-    ~RegistryApart() {
-        RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
-        RegDeleteTreeW(key_, nullptr);
-        RegCloseKey(key_);
-    }
-
-private:
-    HKEY key_ = nullptr;
-};
-
-std::wstring temporaryFolder() {
-    wchar_t folder[MAX_PATH];
-    GetTempPathW(MAX_PATH, folder);
-    const std::wstring path = std::wstring(folder) + L"quillmark-workbench-tests";
-    CreateDirectoryW(path.c_str(), nullptr);
-    return path;
-}
-
-bool fileExists(const std::wstring& path) {
-    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
-void runMessages() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-}
 
 class StandInTest : public testing::Test {
 protected:
@@ -80,6 +45,9 @@ protected:
     static std::wstring profile() { return store::profileKey(); }
     static std::wstring text(const std::wstring& name) { return store::readText(profile(), name, L"(none)"); }
 
+    [[nodiscard]] bool fileExists(const std::wstring& name) const {
+        return ScratchFolder::read(folder + L"\\" + name).has_value();
+    }
     /// The description of the error that the call throws.
     template <class Call>
     std::wstring errorOf(Call call) {
@@ -91,8 +59,9 @@ protected:
         return L"no error";
     }
 
-    RegistryApart registry;
-    const std::wstring folder = temporaryFolder();
+    ScratchRegistry registry;
+    const ScratchFolder scratch;
+    const std::wstring folder = scratch.path();
     workbench::CallList calls;
     workbench::StandIn standIn{calls};
     workbench::Knowledgebases knowledgebases;
@@ -121,7 +90,7 @@ TEST_F(StandInTest, AnAddedKnowledgebaseIsEmptyAndNeverUpdated) {
     EXPECT_EQ(store::readText(key, value::KBLastUpdate), L"-1");
     EXPECT_EQ(static_cast<LONG>(store::readNumber(key, value::KBSize)), -1);
     EXPECT_EQ(store::readNumber(key, value::KBDocuments, 7), 0u);
-    EXPECT_FALSE(fileExists(folder + L"\\Mail.dct"));
+    EXPECT_FALSE(fileExists(L"Mail.dct"));
 }
 
 TEST_F(StandInTest, ARebuildCountsTheDocumentsAndRaisesTheEvent) {
@@ -131,7 +100,7 @@ TEST_F(StandInTest, ARebuildCountsTheDocumentsAndRaisesTheEvent) {
     EXPECT_GT(state.documents, 0);
     EXPECT_GT(state.size, 0);
     EXPECT_NE(state.lastUpdate, L"-1");
-    EXPECT_TRUE(fileExists(folder + L"\\Mail.dct"));
+    EXPECT_TRUE(fileExists(L"Mail.dct"));
     EXPECT_THAT(finished, ElementsAre(Finished(L"Mail", false)));
 }
 
@@ -150,7 +119,7 @@ TEST_F(StandInTest, ARemovedKnowledgebaseLeavesNoGapNoKeyAndNoFile) {
     EXPECT_THAT(knowledgebases.names(), ElementsAre(L"one", L"three"));
     EXPECT_EQ(text(L"Project3"), L"(none)");
     EXPECT_EQ(store::dump().find(L"\\two\\"), std::wstring::npos);
-    EXPECT_FALSE(fileExists(folder + L"\\two.dct"));
+    EXPECT_FALSE(fileExists(L"two.dct"));
     EXPECT_EQ(finished.back(), Finished(L"two", false));
 }
 
@@ -175,8 +144,8 @@ TEST_F(StandInTest, ARenameKeepsThePlaceAndTheContent) {
     EXPECT_THAT(knowledgebases.names(), ElementsAre(L"one", L"zwei", L"three"));
     EXPECT_EQ(knowledgebases.state(L"zwei").lastUpdate, before.lastUpdate);
     EXPECT_EQ(knowledgebases.state(L"zwei").documents, before.documents);
-    EXPECT_TRUE(fileExists(folder + L"\\zwei.dct"));
-    EXPECT_FALSE(fileExists(folder + L"\\two.dct"));
+    EXPECT_TRUE(fileExists(L"zwei.dct"));
+    EXPECT_FALSE(fileExists(L"two.dct"));
     EXPECT_THAT(finished, IsEmpty());
 }
 
@@ -199,10 +168,7 @@ TEST_F(StandInTest, TheWorkEndsByItselfThroughTheMessageLoop) {
     addIn.NotifyKbAdded(L"Mail");
     addIn.NotifyKbUpdate(L"Mail");
     const ULONGLONG end = GetTickCount64() + 5000;
-    while (finished.empty() && GetTickCount64() < end) {
-        runMessages();
-        Sleep(1);
-    }
+    while (finished.empty() && GetTickCount64() < end) deliverFor(1);
     EXPECT_THAT(finished, ElementsAre(Finished(L"Mail", false)));
 }
 

@@ -2,7 +2,7 @@
 #include "page/ctlPPE.ids.h"
 #include "tests/windows/com/control_test.h"
 #include "tests/windows/com/fake_bag.h"
-#include "tests/windows/stage/messages.h"
+#include "tests/windows/stage/window_queries.h"
 
 namespace tests {
 namespace {
@@ -10,8 +10,7 @@ namespace {
 class Activation : public ControlTest {};
 
 RECT placeIn(HWND parent, HWND window) {
-    RECT place{};
-    GetWindowRect(window, &place);
+    RECT place = placeOf(window);
     MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&place), 2);
     return place;
 }
@@ -60,7 +59,7 @@ TEST_F(Activation, MovesFromOneSiteToAnother) {
     EXPECT_EQ(container.references(), 1u);
     ASSERT_EQ(as<IOleObject>()->DoVerb(OLEIVERB_SHOW, nullptr, other.site(), 0, window, nullptr), S_OK);
     EXPECT_TRUE(IsWindowVisible(frame()));
-    as<IOleObject>()->SetClientSite(nullptr);
+    leaveSite();
     EXPECT_EQ(other.references(), 1u);
 }
 
@@ -74,7 +73,7 @@ TEST_F(Activation, WorksInAContainerThatOffersLittle) {
     container.expect({"OnUIActivate"});
     ASSERT_EQ(doVerb(OLEIVERB_UIACTIVATE), S_OK);
     container.expect({"OnUIDeactivate", "OnInPlaceDeactivate"});
-    ASSERT_EQ(as<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
+    ASSERT_EQ(deactivate(), S_OK);
 }
 
 TEST_F(Activation, WorksInAContainerThatImplementsNothing) {
@@ -103,8 +102,7 @@ TEST_F(Activation, ShowsThePageInTheContainersWindow) {
     EXPECT_TRUE(IsWindowVisible(page()));
     const RECT place = placeIn(window, frame());
     EXPECT_TRUE(EqualRect(&place, &container.position));
-    RECT inner{};
-    GetWindowRect(page(), &inner);
+    const RECT inner = placeOf(page());
     EXPECT_EQ(inner.right - inner.left, 400);
     EXPECT_EQ(inner.bottom - inner.top, 360);
     const HWND before = frame();
@@ -152,12 +150,12 @@ TEST_F(Activation, LeavesTheContainersWindowAndComesBackWithItsState) {
     ASSERT_EQ(doVerb(OLEIVERB_UIACTIVATE), S_OK);
     const HWND first = frame();
     container.expect({"SetActiveObject(NULL)", "OnFocus(FALSE)", "OnUIDeactivate", "OnInPlaceDeactivate"});
-    ASSERT_EQ(as<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
+    ASSERT_EQ(deactivate(), S_OK);
     container.verify();
     EXPECT_FALSE(IsWindow(first));
     EXPECT_EQ(frame(), nullptr);
     EXPECT_TRUE(IsWindow(pageWindow));
-    ASSERT_EQ(as<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
+    ASSERT_EQ(deactivate(), S_OK);
     container.expect({"CanInPlaceActivate", "OnInPlaceActivateEx", "GetWindow", "GetWindowContext"});
     ASSERT_EQ(doVerb(OLEIVERB_SHOW), S_OK);
     EXPECT_EQ(page(), pageWindow);
@@ -183,7 +181,7 @@ TEST_F(Activation, UnknownVerbsAreToldByTheirCodes) {
 TEST_F(Activation, VerbsAfterTheEndFail) {
     createActive();
     container.expect({"OnInPlaceDeactivate"});
-    ASSERT_EQ(as<IOleObject>()->Close(OLECLOSE_NOSAVE), S_OK);
+    ASSERT_EQ(close(), S_OK);
     for (const LONG verb : {OLEIVERB_PRIMARY, OLEIVERB_SHOW, OLEIVERB_UIACTIVATE, OLEIVERB_HIDE})
         EXPECT_TRUE(FAILED(doVerb(verb)));
 }
@@ -198,12 +196,10 @@ TEST_F(Activation, FollowsTheContainersRectangles) {
     const RECT seen = placeIn(window, frame());
     const RECT visible{30, 40, 330, 440};
     EXPECT_TRUE(EqualRect(&seen, &visible));
-    RECT inner{};
-    GetWindowRect(page(), &inner);
+    const RECT inner = placeOf(page());
     EXPECT_EQ(inner.right - inner.left, 500);
     // The rows stretch to the page's width, less the margin at both ends.
-    RECT line{};
-    GetWindowRect(child(IDC_lneWizard), &line);
+    const RECT line = placeOf(child(IDC_lneWizard));
     EXPECT_EQ(inner.right - line.right, line.left - inner.left);
 }
 
@@ -240,8 +236,12 @@ TEST_F(Activation, DrawsIntoBitmapsAndMetafiles) {
     createWithSite();
     const RECTL bounds{0, 0, 100, 50};
     const HDC screen = GetDC(nullptr);
+    container.acceptAnything();
+    const auto draw = [&](HDC canvas, DWORD aspect = DVASPECT_CONTENT) {
+        return as<IViewObject2>()->Draw(aspect, -1, nullptr, nullptr, nullptr, canvas, &bounds, nullptr,
+                                        nullptr, 0);
+    };
     for (const bool active : {false, true}) {
-        container.acceptAnything();
         if (active) {
             ASSERT_EQ(doVerb(OLEIVERB_SHOW), S_OK);
         }
@@ -249,22 +249,16 @@ TEST_F(Activation, DrawsIntoBitmapsAndMetafiles) {
         const HBITMAP bitmap = CreateCompatibleBitmap(screen, 100, 50);
         const HGDIOBJ previous = SelectObject(memory, bitmap);
         PatBlt(memory, 0, 0, 100, 50, BLACKNESS);
-        EXPECT_EQ(as<IViewObject2>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, memory, &bounds,
-                                           nullptr, nullptr, 0),
-                  S_OK);
+        EXPECT_EQ(draw(memory), S_OK);
         EXPECT_EQ(GetPixel(memory, 1, 1), GetSysColor(COLOR_BTNFACE));
         DeleteObject(SelectObject(memory, previous));
         DeleteDC(memory);
         const HDC metafile = CreateEnhMetaFileW(screen, nullptr, nullptr, nullptr);
-        EXPECT_EQ(as<IViewObject2>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, metafile, &bounds,
-                                           nullptr, nullptr, 0),
-                  S_OK);
+        EXPECT_EQ(draw(metafile), S_OK);
         DeleteEnhMetaFile(CloseEnhMetaFile(metafile));
     }
     ReleaseDC(nullptr, screen);
-    EXPECT_EQ(as<IViewObject2>()->Draw(DVASPECT_ICON, -1, nullptr, nullptr, nullptr, nullptr, &bounds,
-                                       nullptr, nullptr, 0),
-              DV_E_DVASPECT);
+    EXPECT_EQ(draw(nullptr, DVASPECT_ICON), DV_E_DVASPECT);
 }
 
 TEST_F(Activation, TellsItsViewerOfANewSize) {
@@ -299,7 +293,7 @@ TEST_F(Activation, ClosingEndsThePageAndTellsTheSinks) {
     const HWND frameWindow = frame();
     const HWND pageWindow = page();
     container.expect({"OnInPlaceDeactivate"});
-    ASSERT_EQ(as<IOleObject>()->Close(OLECLOSE_NOSAVE), S_OK);
+    ASSERT_EQ(close(), S_OK);
     EXPECT_EQ(sink.closed, 1);
     EXPECT_FALSE(IsWindow(frameWindow));
     EXPECT_FALSE(IsWindow(pageWindow));
@@ -317,10 +311,10 @@ TEST_F(Activation, WithdrawsItsHandleOnce) {
     const std::wstring key = L"Software\\Norvane\\Quillmark\\";
     create();
     EXPECT_TRUE(registry.get(key, L"hWndProperties").has_value());
-    as<IOleObject>()->Close(OLECLOSE_NOSAVE);
+    close();
     EXPECT_FALSE(registry.get(key, L"hWndProperties").has_value());
     registry.put(key, L"hWndProperties", 1);
-    as<IOleObject>()->Close(OLECLOSE_NOSAVE);
+    close();
     end();
     EXPECT_TRUE(registry.get(key, L"hWndProperties").has_value());
 }
@@ -335,14 +329,14 @@ TEST_F(Activation, IsReleasedWithoutBeingClosed) {
 TEST_F(Activation, IsClosedTwice) {
     createActive();
     container.expect({"OnInPlaceDeactivate"});
-    EXPECT_EQ(as<IOleObject>()->Close(OLECLOSE_NOSAVE), S_OK);
-    EXPECT_EQ(as<IOleObject>()->Close(OLECLOSE_NOSAVE), S_OK);
+    EXPECT_EQ(close(), S_OK);
+    EXPECT_EQ(close(), S_OK);
 }
 
 TEST_F(Activation, LosesItsSiteWithoutBeingClosed) {
     createActive();
     container.expect({"OnInPlaceDeactivate"});
-    EXPECT_EQ(as<IOleObject>()->SetClientSite(nullptr), S_OK);
+    EXPECT_EQ(leaveSite(), S_OK);
     EXPECT_EQ(control.detach()->Release(), 0u);
 }
 
@@ -352,8 +346,7 @@ TEST_F(Activation, OutlivesItsContainersWindow) {
     DestroyWindow(window);
     EXPECT_EQ(frame(), nullptr);
     EXPECT_TRUE(IsWindow(pageWindow));
-    VARIANT_BOOL dirty = VARIANT_TRUE;
-    EXPECT_EQ(as<PropertyPage>()->get_Dirty(&dirty), S_OK);
+    EXPECT_FALSE(dirty());
     window = createContainerWindow();
     FakeContainer next(window);
     next.acceptAnything();
@@ -389,12 +382,12 @@ protected:
 };
 
 TEST_F(EndDuringDialog, ClosingEndsTheDialog) {
-    withDialog([&] { EXPECT_EQ(as<IOleObject>()->Close(OLECLOSE_NOSAVE), S_OK); });
+    withDialog([&] { EXPECT_EQ(close(), S_OK); });
     end();
 }
 
 TEST_F(EndDuringDialog, TakingTheSiteEndsTheDialog) {
-    withDialog([&] { EXPECT_EQ(as<IOleObject>()->SetClientSite(nullptr), S_OK); });
+    withDialog([&] { EXPECT_EQ(leaveSite(), S_OK); });
     end();
 }
 
@@ -405,8 +398,8 @@ TEST_F(EndDuringDialog, DestroyingTheContainersWindowEndsTheDialog) {
 
 TEST_F(EndDuringDialog, TheLastReleaseWaitsForTheDialog) {
     withDialog([&] {
-        as<IOleObject>()->Close(OLECLOSE_NOSAVE);
-        as<IOleObject>()->SetClientSite(nullptr);
+        close();
+        leaveSite();
         EXPECT_GT(control.detach()->Release(), 0u) << "the running handler keeps the control";
     });
     EXPECT_EQ(library.canUnloadNow(), S_OK);
@@ -417,7 +410,7 @@ TEST_F(EndDuringDialog, AsksForModelessWindowsInPairs) {
     withDialog([&] {
         EXPECT_EQ(container.count("EnableModeless(FALSE)"), 1);
         EXPECT_EQ(container.count("EnableModeless(TRUE)"), 0);
-        EXPECT_EQ(as<IOleObject>()->SetClientSite(nullptr), S_OK);
+        EXPECT_EQ(leaveSite(), S_OK);
     });
     EXPECT_EQ(container.count("EnableModeless(FALSE)"), 1);
     EXPECT_EQ(container.count("EnableModeless(TRUE)"), 1);
@@ -468,12 +461,12 @@ TEST_F(Reactions, AnActivationThatIsEndedInsideHasFailedAndIsTakenBackOnce) {
     for (const char* call :
          {"CanInPlaceActivate", "OnInPlaceActivateEx", "GetWindow", "GetWindowContext", "UIDEAD"}) {
         container.forget();
-        react(call, [&] { as<IOleInPlaceObject>()->InPlaceDeactivate(); });
+        react(call, [&] { deactivate(); });
         EXPECT_TRUE(FAILED(doVerb(OLEIVERB_SHOW))) << call;
         EXPECT_EQ(frame(), nullptr) << call;
         EXPECT_EQ(container.count("OnInPlaceDeactivate"), container.count("OnInPlaceActivateEx")) << call;
         EXPECT_EQ(doVerb(OLEIVERB_SHOW), S_OK) << call;
-        as<IOleInPlaceObject>()->InPlaceDeactivate();
+        deactivate();
     }
 }
 
@@ -486,7 +479,7 @@ TEST_F(Reactions, AnActivationInsideAnotherIsRefusedAndTheOuterOneGoesOn) {
         EXPECT_EQ(doVerb(OLEIVERB_SHOW), S_OK) << call;
         EXPECT_TRUE(FAILED(inner)) << call;
         EXPECT_EQ(container.count("OnInPlaceActivateEx"), 1) << call;
-        as<IOleInPlaceObject>()->InPlaceDeactivate();
+        deactivate();
     }
 }
 
@@ -505,7 +498,7 @@ TEST_F(Reactions, AnActivityThatIsEndedInsideHasFailedAndLeavesNoActiveObject) {
 TEST_F(Reactions, AnActivationThatIsEndedAndBegunAgainInsideIsTrue) {
     createWithSite();
     react("OnUIActivate", [&] {
-        as<IOleInPlaceObject>()->InPlaceDeactivate();
+        deactivate();
         EXPECT_EQ(doVerb(OLEIVERB_UIACTIVATE), S_OK);
     });
     EXPECT_EQ(doVerb(OLEIVERB_UIACTIVATE), S_OK);
@@ -517,7 +510,7 @@ TEST_F(Reactions, AnActivationThatIsEndedAndBegunAgainInsideIsTrue) {
 TEST_F(Reactions, ClosingInsideAnActivationEndsIt) {
     for (const char* call : {"OnInPlaceActivateEx", "UIDEAD", "OnUIActivate", "SetActiveObject"}) {
         createWithSite();
-        react(call, [&] { as<IOleObject>()->Close(OLECLOSE_NOSAVE); });
+        react(call, [&] { close(); });
         EXPECT_TRUE(FAILED(doVerb(OLEIVERB_UIACTIVATE))) << call;
         EXPECT_EQ(frame(), nullptr) << call;
         end();
@@ -538,7 +531,7 @@ TEST_F(Reactions, AContainerThatShowsTheControlWhenItClosesIsLeftAllTheSame) {
     createWithSite();
     ASSERT_EQ(doVerb(OLEIVERB_SHOW), S_OK);
     react("OnInPlaceDeactivate", [&] { EXPECT_EQ(doVerb(OLEIVERB_SHOW), S_OK); });
-    EXPECT_EQ(as<IOleObject>()->Close(OLECLOSE_NOSAVE), S_OK);
+    EXPECT_EQ(close(), S_OK);
     EXPECT_EQ(frame(), nullptr);
     EXPECT_EQ(container.count("OnInPlaceDeactivate"), container.count("OnInPlaceActivateEx"));
 }

@@ -3,6 +3,7 @@
 #include "page/ctlPPE.ids.h"
 #include "tests/windows/com/control_test.h"
 #include "tests/windows/stage/messages.h"
+#include "tests/windows/stage/window_queries.h"
 #include "windows/platform/module.h"
 
 namespace tests {
@@ -36,17 +37,13 @@ TEST_F(AtlContainer, ShowsThePageAndEndsIt) {
     ASSERT_NE(frame(), nullptr);
     EXPECT_TRUE(IsChild(window, frame()));
     EXPECT_TRUE(IsWindowVisible(child(IDC_cmdKnowledgeBase)));
-    RECT client{};
-    RECT shown{};
-    GetClientRect(window, &client);
-    GetClientRect(frame(), &shown);
+    const RECT client = innerAreaOf(window);
+    const RECT shown = innerAreaOf(frame());
     EXPECT_EQ(shown.right, client.right);
     EXPECT_EQ(shown.bottom, client.bottom);
     MoveWindow(window, 0, 0, 400, 300, TRUE);
     deliverMessages();
-    VARIANT_BOOL dirty = VARIANT_TRUE;
-    EXPECT_EQ(as<PropertyPage>()->get_Dirty(&dirty), S_OK);
-    EXPECT_EQ(dirty, VARIANT_FALSE);
+    EXPECT_FALSE(dirty());
     EXPECT_EQ(as<PropertyPage>()->Apply(), S_OK);
     DestroyWindow(window);
     deliverMessages();
@@ -68,9 +65,7 @@ private:
 
 /// Presses OK in the message that another process shows because it finds no add-in.
 BOOL CALLBACK confirmMessage(HWND found, LPARAM) noexcept {
-    wchar_t title[32];
-    GetWindowTextW(found, title, 32);
-    if (std::wstring(title) == L"VexaPPE") PostMessageW(found, WM_COMMAND, IDOK, 0);
+    if (windowTextOf(found) == L"VexaPPE") PostMessageW(found, WM_COMMAND, IDOK, 0);
     return TRUE;
 }
 

@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "tests/windows/stage/messages.h"
+#include "tests/windows/stage/ticker.h"
+#include "tests/windows/stage/window_queries.h"
 #include "windows/platform/module.h"
 
 namespace tests {
@@ -43,11 +45,15 @@ HRESULT Library::install(BOOL install, const wchar_t* commandLine) const {
     return find<HRESULT(WINAPI*)(BOOL, LPCWSTR)>("DllInstall")(install, commandLine);
 }
 
-com::Ptr<IUnknown> Library::create() const {
+com::Ptr<IClassFactory> Library::factory() const {
     com::Ptr<IClassFactory> factory;
     EXPECT_EQ(getClassObject(__uuidof(::ctlPPE), IID_IClassFactory, factory.outVoid()), S_OK);
+    return factory;
+}
+
+com::Ptr<IUnknown> Library::create() const {
     com::Ptr<IUnknown> control;
-    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, control.outVoid()), S_OK);
+    EXPECT_EQ(factory()->CreateInstance(nullptr, IID_IUnknown, control.outVoid()), S_OK);
     return control;
 }
 
@@ -58,9 +64,20 @@ HWND createContainerWindow() {
                            nullptr, nullptr, nullptr, nullptr);
 }
 
-ControlTest::ControlTest() = default;
+com::Ptr<IFontDisp> makeFont(const std::wstring& name, LONGLONG points, BOOL italic) {
+    std::wstring text = name;
+    FONTDESC description{};
+    description.cbSizeofstruct = sizeof description;
+    description.lpstrName = text.data();
+    description.cySize.int64 = points * 10000;
+    description.sWeight = FW_NORMAL;
+    description.fItalic = italic;
+    com::Ptr<IFontDisp> font;
+    EXPECT_EQ(OleCreateFontIndirect(&description, IID_IFontDisp, font.outVoid()), S_OK);
+    return font;
+}
 
-ControlTest::~ControlTest() {
+void ContainerTest::endAll() {
     container.acceptAnything();
     if (control) end();
     deliverMessages();
@@ -68,63 +85,59 @@ ControlTest::~ControlTest() {
     if (IsWindow(window)) DestroyWindow(window);
 }
 
-void ControlTest::create() { control = library.create(); }
+void ContainerTest::create() { control = library.create(); }
 
-void ControlTest::createWithSite() {
+void ContainerTest::createWithSite() {
     create();
-    ASSERT_EQ(as<IOleObject>()->SetClientSite(container.site()), S_OK);
+    ASSERT_EQ(enterSite(), S_OK);
 }
 
-void ControlTest::createActive() {
+void ContainerTest::createActive() {
     createWithSite();
     container.expect({"CanInPlaceActivate", "OnInPlaceActivateEx", "GetWindow", "GetWindowContext"});
     ASSERT_EQ(doVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
     container.verify();
 }
 
-void ControlTest::end() {
-    as<IOleObject>()->Close(OLECLOSE_NOSAVE);
-    as<IOleObject>()->SetClientSite(nullptr);
+void ContainerTest::end() {
+    close();
+    leaveSite();
     EXPECT_EQ(control.detach()->Release(), 0u) << "somebody keeps the control";
 }
 
-HRESULT ControlTest::doVerb(LONG verb) {
+com::Ptr<IConnectionPoint> ContainerTest::notifications() const {
+    com::Ptr<IConnectionPoint> point;
+    EXPECT_EQ(as<IConnectionPointContainer>()->FindConnectionPoint(IID_IPropertyNotifySink, point.out()),
+              S_OK);
+    return point;
+}
+
+bool ContainerTest::dirty() const {
+    VARIANT_BOOL value = VARIANT_FALSE;
+    EXPECT_EQ(as<PropertyPage>()->get_Dirty(&value), S_OK);
+    return value != VARIANT_FALSE;
+}
+
+HRESULT ContainerTest::doVerb(LONG verb) {
     return as<IOleObject>()->DoVerb(verb, nullptr, container.site(), 0, window, &container.position);
 }
 
-namespace {
-
-/// What waits for a dialog; a timer's callback gets no more than its number.
-const std::function<void(HWND)>* awaiting = nullptr;
-
-BOOL CALLBACK isDialog(HWND found, LPARAM place) noexcept {
-    if (!IsWindowVisible(found) || GetWindow(found, GW_OWNER) == nullptr) return TRUE;
-    *reinterpret_cast<HWND*>(place) = found;
-    return FALSE;
-}
-
-void CALLBACK whenOpen(HWND, UINT, UINT_PTR, DWORD) noexcept {
-    HWND dialog = nullptr;
-    EnumThreadWindows(GetCurrentThreadId(), isDialog, reinterpret_cast<LPARAM>(&dialog));
-    if (dialog != nullptr && awaiting != nullptr) (*std::exchange(awaiting, nullptr))(dialog);
-}
-
-}  // namespace
-
-void ControlTest::inDialog(int button, const std::function<void(HWND dialog)>& act) const {
-    awaiting = &act;
-    const UINT_PTR timer = SetTimer(nullptr, 0, 10, whenOpen);
+void ContainerTest::inDialog(int button, const std::function<void(HWND dialog)>& act) const {
+    const auto* awaiting = &act;
+    const Ticker looking(10, [&] {
+        const auto open = openDialogs();
+        if (!open.empty() && awaiting != nullptr) (*std::exchange(awaiting, nullptr))(open.back());
+    });
     SendMessageW(child(button), BM_CLICK, 0, 0);
-    KillTimer(nullptr, timer);
-    EXPECT_EQ(std::exchange(awaiting, nullptr), nullptr) << "no dialog came up";
+    EXPECT_EQ(awaiting, nullptr) << "no dialog came up";
 }
 
-HWND ControlTest::frame() const {
+HWND ContainerTest::frame() const {
     HWND found = nullptr;
     as<IOleInPlaceObject>()->GetWindow(&found);
     return found;
 }
 
-HWND ControlTest::page() const { return ::GetWindow(frame(), GW_CHILD); }
+HWND ContainerTest::page() const { return ::GetWindow(frame(), GW_CHILD); }
 
 }  // namespace tests

@@ -34,6 +34,8 @@ public:
     [[nodiscard]] HRESULT registerServer() const;
     [[nodiscard]] HRESULT unregisterServer() const;
     [[nodiscard]] HRESULT install(BOOL install, const wchar_t* commandLine) const;
+    /// Empty where the library refuses it.
+    [[nodiscard]] com::Ptr<IClassFactory> factory() const;
     /// A control, as clients get it. Its start takes 100 ms.
     [[nodiscard]] com::Ptr<IUnknown> create() const;
 
@@ -46,10 +48,14 @@ private:
 /// A visible top-level window.
 [[nodiscard]] HWND createContainerWindow();
 
-class ControlTest : public testing::Test {
+/// A font as containers and scripts make it.
+[[nodiscard]] com::Ptr<IFontDisp> makeFont(const std::wstring& name, LONGLONG points = 9,
+                                           BOOL italic = FALSE);
+
+/// A control in a container of the test, whoever the add-in is.
+class ContainerTest : public testing::Test {
 protected:
-    ControlTest();
-    ~ControlTest() override;
+    ~ContainerTest() override { endAll(); }
 
     /// A control without a site.
     void create();
@@ -59,12 +65,22 @@ protected:
     void createActive();
     /// Closes the control and takes it out of its container; the last release must be the last one.
     void end();
+    /// Ends what is there, and looks for what is left of it. Who owns what the control uses does so first.
+    void endAll();
 
     template <class Interface>
     [[nodiscard]] com::Ptr<Interface> as() const {
         return control.as<Interface>();
     }
+    /// Where sinks hear of changed properties.
+    [[nodiscard]] com::Ptr<IConnectionPoint> notifications() const;
+    /// What the page tells the host.
+    [[nodiscard]] bool dirty() const;
     HRESULT doVerb(LONG verb);
+    HRESULT enterSite() { return as<IOleObject>()->SetClientSite(container.site()); }
+    HRESULT leaveSite() const { return as<IOleObject>()->SetClientSite(nullptr); }
+    HRESULT close() const { return as<IOleObject>()->Close(OLECLOSE_NOSAVE); }
+    HRESULT deactivate() const { return as<IOleInPlaceObject>()->InPlaceDeactivate(); }
     /// Presses a button of the page and runs `act` once its dialog is there; returns when the dialog has
     /// ended. Fails the test where no dialog comes up.
     void inDialog(int button, const std::function<void(HWND dialog)>& act) const;
@@ -80,11 +96,18 @@ protected:
         ~Apartment() { OleUninitialize(); }
     } apartment;
     ScratchRegistry registry;
-    RunningAddIn addIn;
     Library library;
     HWND window = createContainerWindow();
     FakeContainer container{window};
     com::Ptr<IUnknown> control;
+};
+
+/// With an add-in that is running.
+class ControlTest : public ContainerTest {
+protected:
+    ~ControlTest() override { endAll(); }
+
+    RunningAddIn addIn;
 };
 
 }  // namespace tests

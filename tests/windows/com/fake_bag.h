@@ -1,7 +1,6 @@
 // A property bag and an error log for the persistence tests; both fail the test where the control keeps them.
 #pragma once
 
-#include <gtest/gtest.h>
 #include <ocidl.h>
 
 #include <map>
@@ -9,27 +8,9 @@
 #include <vector>
 
 #include "interfaces/com.h"
+#include "tests/windows/stage/local.h"
 
 namespace tests {
-
-/// Counted, not owned: it lives in the test.
-template <class Interface>
-class Local : public Interface {
-public:
-    virtual ~Local() { EXPECT_EQ(references_, 1u) << "still referenced after the call"; }
-    STDMETHODIMP QueryInterface(REFIID iid, void** out) noexcept override {
-        *out = iid == IID_IUnknown || iid == __uuidof(Interface) ? this : nullptr;
-        if (*out == nullptr) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
-    STDMETHODIMP_(ULONG) Release() noexcept override { return --references_; }
-    [[nodiscard]] ULONG references() const { return references_; }
-
-private:
-    ULONG references_ = 1;
-};
 
 class FakeBag : public Local<IPropertyBag> {
 public:

@@ -68,85 +68,83 @@ private:
     HRESULT called(const char* call);
     void react(const std::string& call);
 
-    struct ClientSite : com::Part<IOleClientSite> {
-        explicit ClientSite(FakeContainer& whole) : Part(whole), fake(whole) {}
+    /// One of the interfaces that the container offers.
+    template <class Interface>
+    struct Offer : com::Part<Interface> {
+        explicit Offer(FakeContainer& whole) : com::Part<Interface>(whole), fake(whole) {}
+        HRESULT called(const char* call) const { return fake.called(call); }
         FakeContainer& fake;
-        STDMETHODIMP SaveObject() override { return fake.called("SaveObject"); }
-        STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker**) override { return fake.called("GetMoniker"); }
-        STDMETHODIMP GetContainer(IOleContainer**) override { return fake.called("GetContainer"); }
-        STDMETHODIMP ShowObject() override { return fake.called("ShowObject"); }
-        STDMETHODIMP OnShowWindow(BOOL) override { return fake.called("OnShowWindow"); }
-        STDMETHODIMP RequestNewObjectLayout() override { return fake.called("RequestNewObjectLayout"); }
+    };
+
+    struct ClientSite : Offer<IOleClientSite> {
+        using Offer::Offer;
+        STDMETHODIMP SaveObject() override { return called("SaveObject"); }
+        STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker**) override { return called("GetMoniker"); }
+        STDMETHODIMP GetContainer(IOleContainer**) override { return called("GetContainer"); }
+        STDMETHODIMP ShowObject() override { return called("ShowObject"); }
+        STDMETHODIMP OnShowWindow(BOOL) override { return called("OnShowWindow"); }
+        STDMETHODIMP RequestNewObjectLayout() override { return called("RequestNewObjectLayout"); }
     } clientSite_{*this};
 
-    struct InPlaceSite : com::Part<IOleInPlaceSiteEx> {
-        explicit InPlaceSite(FakeContainer& whole) : Part(whole), fake(whole) {}
-        FakeContainer& fake;
+    struct InPlaceSite : Offer<IOleInPlaceSiteEx> {
+        using Offer::Offer;
         STDMETHODIMP GetWindow(HWND* window) override;
-        STDMETHODIMP ContextSensitiveHelp(BOOL) override { return fake.called("ContextSensitiveHelp"); }
-        STDMETHODIMP CanInPlaceActivate() override { return fake.called("CanInPlaceActivate"); }
-        STDMETHODIMP OnInPlaceActivate() override { return fake.called("OnInPlaceActivate"); }
-        STDMETHODIMP OnUIActivate() override { return fake.called("OnUIActivate"); }
+        STDMETHODIMP ContextSensitiveHelp(BOOL) override { return called("ContextSensitiveHelp"); }
+        STDMETHODIMP CanInPlaceActivate() override { return called("CanInPlaceActivate"); }
+        STDMETHODIMP OnInPlaceActivate() override { return called("OnInPlaceActivate"); }
+        STDMETHODIMP OnUIActivate() override { return called("OnUIActivate"); }
         STDMETHODIMP GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, LPRECT place,
                                       LPRECT clip, LPOLEINPLACEFRAMEINFO information) override;
-        STDMETHODIMP Scroll(SIZE) override { return fake.called("Scroll"); }
-        STDMETHODIMP OnUIDeactivate(BOOL) override { return fake.called("OnUIDeactivate"); }
-        STDMETHODIMP OnInPlaceDeactivate() override { return fake.called("OnInPlaceDeactivate"); }
-        STDMETHODIMP DiscardUndoState() override { return fake.called("DiscardUndoState"); }
-        STDMETHODIMP DeactivateAndUndo() override { return fake.called("DeactivateAndUndo"); }
-        STDMETHODIMP OnPosRectChange(LPCRECT) override { return fake.called("OnPosRectChange"); }
-        STDMETHODIMP OnInPlaceActivateEx(BOOL*, DWORD) override { return fake.called("OnInPlaceActivateEx"); }
-        STDMETHODIMP OnInPlaceDeactivateEx(BOOL) override { return fake.called("OnInPlaceDeactivateEx"); }
-        STDMETHODIMP RequestUIActivate() override { return fake.called("RequestUIActivate"); }
+        STDMETHODIMP Scroll(SIZE) override { return called("Scroll"); }
+        STDMETHODIMP OnUIDeactivate(BOOL) override { return called("OnUIDeactivate"); }
+        STDMETHODIMP OnInPlaceDeactivate() override { return called("OnInPlaceDeactivate"); }
+        STDMETHODIMP DiscardUndoState() override { return called("DiscardUndoState"); }
+        STDMETHODIMP DeactivateAndUndo() override { return called("DeactivateAndUndo"); }
+        STDMETHODIMP OnPosRectChange(LPCRECT) override { return called("OnPosRectChange"); }
+        STDMETHODIMP OnInPlaceActivateEx(BOOL*, DWORD) override { return called("OnInPlaceActivateEx"); }
+        STDMETHODIMP OnInPlaceDeactivateEx(BOOL) override { return called("OnInPlaceDeactivateEx"); }
+        STDMETHODIMP RequestUIActivate() override { return called("RequestUIActivate"); }
     } inPlaceSite_{*this};
 
-    struct Frame : com::Part<IOleInPlaceFrame> {
-        explicit Frame(FakeContainer& whole) : Part(whole), fake(whole) {}
-        FakeContainer& fake;
-        STDMETHODIMP GetWindow(HWND*) override { return fake.called("Frame.GetWindow"); }
-        STDMETHODIMP ContextSensitiveHelp(BOOL) override { return fake.called("Frame.ContextSensitiveHelp"); }
-        STDMETHODIMP GetBorder(LPRECT) override { return fake.called("GetBorder"); }
-        STDMETHODIMP RequestBorderSpace(LPCBORDERWIDTHS) override {
-            return fake.called("RequestBorderSpace");
-        }
-        STDMETHODIMP SetBorderSpace(LPCBORDERWIDTHS) override { return fake.called("SetBorderSpace"); }
+    struct Frame : Offer<IOleInPlaceFrame> {
+        using Offer::Offer;
+        STDMETHODIMP GetWindow(HWND*) override { return called("Frame.GetWindow"); }
+        STDMETHODIMP ContextSensitiveHelp(BOOL) override { return called("Frame.ContextSensitiveHelp"); }
+        STDMETHODIMP GetBorder(LPRECT) override { return called("GetBorder"); }
+        STDMETHODIMP RequestBorderSpace(LPCBORDERWIDTHS) override { return called("RequestBorderSpace"); }
+        STDMETHODIMP SetBorderSpace(LPCBORDERWIDTHS) override { return called("SetBorderSpace"); }
         STDMETHODIMP SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) override {
-            return fake.called(object ? "SetActiveObject" : "SetActiveObject(NULL)");
+            return called(object ? "SetActiveObject" : "SetActiveObject(NULL)");
         }
-        STDMETHODIMP InsertMenus(HMENU, LPOLEMENUGROUPWIDTHS) override { return fake.called("InsertMenus"); }
-        STDMETHODIMP SetMenu(HMENU, HOLEMENU, HWND) override { return fake.called("SetMenu"); }
-        STDMETHODIMP RemoveMenus(HMENU) override { return fake.called("RemoveMenus"); }
-        STDMETHODIMP SetStatusText(LPCOLESTR) override { return fake.called("SetStatusText"); }
+        STDMETHODIMP InsertMenus(HMENU, LPOLEMENUGROUPWIDTHS) override { return called("InsertMenus"); }
+        STDMETHODIMP SetMenu(HMENU, HOLEMENU, HWND) override { return called("SetMenu"); }
+        STDMETHODIMP RemoveMenus(HMENU) override { return called("RemoveMenus"); }
+        STDMETHODIMP SetStatusText(LPCOLESTR) override { return called("SetStatusText"); }
         STDMETHODIMP EnableModeless(BOOL enable) override {
-            return fake.called(enable ? "EnableModeless(TRUE)" : "EnableModeless(FALSE)");
+            return called(enable ? "EnableModeless(TRUE)" : "EnableModeless(FALSE)");
         }
         STDMETHODIMP TranslateAccelerator(LPMSG, WORD) override {
-            return fake.called("Frame.TranslateAccelerator");
+            return called("Frame.TranslateAccelerator");
         }
     } frame_{*this};
 
-    struct ControlSite : com::Part<IOleControlSite> {
-        explicit ControlSite(FakeContainer& whole) : Part(whole), fake(whole) {}
-        FakeContainer& fake;
-        STDMETHODIMP OnControlInfoChanged() override { return fake.called("OnControlInfoChanged"); }
-        STDMETHODIMP LockInPlaceActive(BOOL) override { return fake.called("LockInPlaceActive"); }
-        STDMETHODIMP GetExtendedControl(IDispatch**) override { return fake.called("GetExtendedControl"); }
-        STDMETHODIMP TransformCoords(POINTL*, POINTF*, DWORD) override {
-            return fake.called("TransformCoords");
-        }
-        STDMETHODIMP TranslateAccelerator(MSG*, DWORD) override {
-            return fake.called("TranslateAccelerator");
-        }
+    struct ControlSite : Offer<IOleControlSite> {
+        using Offer::Offer;
+        STDMETHODIMP OnControlInfoChanged() override { return called("OnControlInfoChanged"); }
+        STDMETHODIMP LockInPlaceActive(BOOL) override { return called("LockInPlaceActive"); }
+        STDMETHODIMP GetExtendedControl(IDispatch**) override { return called("GetExtendedControl"); }
+        STDMETHODIMP TransformCoords(POINTL*, POINTF*, DWORD) override { return called("TransformCoords"); }
+        STDMETHODIMP TranslateAccelerator(MSG*, DWORD) override { return called("TranslateAccelerator"); }
         STDMETHODIMP OnFocus(BOOL focused) override {
-            return fake.called(focused ? "OnFocus(TRUE)" : "OnFocus(FALSE)");
+            return called(focused ? "OnFocus(TRUE)" : "OnFocus(FALSE)");
         }
-        STDMETHODIMP ShowPropertyFrame() override { return fake.called("ShowPropertyFrame"); }
+        STDMETHODIMP ShowPropertyFrame() override { return called("ShowPropertyFrame"); }
     } controlSite_{*this};
 
     /// IDispatch without type information, for interfaces that are called by their virtual functions alone.
     template <class Interface>
-    struct Dispatch : com::Part<Interface> {
-        using com::Part<Interface>::Part;
+    struct Dispatch : Offer<Interface> {
+        using Offer<Interface>::Offer;
         STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
         STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
         STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
@@ -156,19 +154,17 @@ private:
     };
 
     struct PageSite : Dispatch<PropertyPageSite> {
-        explicit PageSite(FakeContainer& whole) : Dispatch(whole), fake(whole) {}
-        FakeContainer& fake;
-        STDMETHODIMP get_Application(IDispatch**) override { return fake.called("Application"); }
-        STDMETHODIMP get_Class(LONG*) override { return fake.called("Class"); }
-        STDMETHODIMP get_Session(IDispatch**) override { return fake.called("Session"); }
-        STDMETHODIMP get_Parent(IDispatch**) override { return fake.called("Parent"); }
-        STDMETHODIMP OnStatusChange() override { return fake.called("OnStatusChange"); }
+        using Dispatch::Dispatch;
+        STDMETHODIMP get_Application(IDispatch**) override { return called("Application"); }
+        STDMETHODIMP get_Class(LONG*) override { return called("Class"); }
+        STDMETHODIMP get_Session(IDispatch**) override { return called("Session"); }
+        STDMETHODIMP get_Parent(IDispatch**) override { return called("Parent"); }
+        STDMETHODIMP OnStatusChange() override { return called("OnStatusChange"); }
     } pageSite_{*this};
 
     /// Ambient properties are asked for at any time; only their kind can be unexpected.
     struct Ambients : Dispatch<IDispatch> {
-        explicit Ambients(FakeContainer& whole) : Dispatch(whole), fake(whole) {}
-        FakeContainer& fake;
+        using Dispatch::Dispatch;
         STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                             UINT*) override;
     } ambientDispatch_{*this};

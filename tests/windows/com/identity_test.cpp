@@ -1,5 +1,8 @@
 // Who the control is: identity, type information, late binding, class information.
+#include <gmock/gmock.h>
+
 #include "tests/windows/com/control_test.h"
+#include "tests/windows/stage/variants.h"
 
 namespace tests {
 namespace {
@@ -33,20 +36,6 @@ HRESULT invoke(IDispatch* object, DISPID member, WORD flags, std::vector<VARIANT
                           badArgument);
 }
 
-VARIANT number(LONG value) {
-    VARIANT variant{};
-    variant.vt = VT_I4;
-    variant.lVal = value;
-    return variant;
-}
-
-VARIANT flag(bool value) {
-    VARIANT variant{};
-    variant.vt = VT_BOOL;
-    variant.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
-    return variant;
-}
-
 class Identity : public ControlTest {
 protected:
     Identity() { create(); }
@@ -77,15 +66,11 @@ TEST_F(Identity, UnknownInterfacesClearTheResult) {
 
 // Statement 9.
 TEST_F(Identity, AllNameTheSameClass) {
-    CLSID stream{};
-    CLSID bag{};
-    CLSID user{};
-    EXPECT_EQ(as<IPersistStreamInit>()->GetClassID(&stream), S_OK);
-    EXPECT_EQ(as<IPersistPropertyBag>()->GetClassID(&bag), S_OK);
-    EXPECT_EQ(as<IOleObject>()->GetUserClassID(&user), S_OK);
-    EXPECT_EQ(stream, __uuidof(::ctlPPE));
-    EXPECT_EQ(bag, __uuidof(::ctlPPE));
-    EXPECT_EQ(user, __uuidof(::ctlPPE));
+    CLSID named[3]{};
+    EXPECT_EQ(as<IPersistStreamInit>()->GetClassID(&named[0]), S_OK);
+    EXPECT_EQ(as<IPersistPropertyBag>()->GetClassID(&named[1]), S_OK);
+    EXPECT_EQ(as<IOleObject>()->GetUserClassID(&named[2]), S_OK);
+    EXPECT_THAT(named, testing::Each(__uuidof(::ctlPPE)));
 }
 
 // Statement 10: late binding agrees with the interface.
@@ -105,23 +90,23 @@ TEST_F(Identity, NamesHaveTheStandardNumbers) {
                               {L"GetPageInfo", 0x2100},
                               {L"Dirty", 0x2101},
                               {L"Apply", 0x2102}};
+    DISPID found = 0;
+    const auto find = [&](const wchar_t* member) {
+        auto* name = const_cast<LPOLESTR>(member);
+        return as<IDispatch>()->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &found);
+    };
     for (const Member& member : members) {
-        auto* name = const_cast<LPOLESTR>(member.name);
-        DISPID found = 0;
-        EXPECT_EQ(as<IDispatch>()->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &found), S_OK);
+        EXPECT_EQ(find(member.name), S_OK);
         EXPECT_EQ(found, member.number);
     }
-    auto* unknown = const_cast<LPOLESTR>(L"NoSuchMember");
-    DISPID found = 0;
-    EXPECT_EQ(as<IDispatch>()->GetIDsOfNames(IID_NULL, &unknown, 1, LOCALE_USER_DEFAULT, &found),
-              DISP_E_UNKNOWNNAME);
+    EXPECT_EQ(find(L"NoSuchMember"), DISP_E_UNKNOWNNAME);
 }
 
 TEST_F(Identity, LateBoundPropertiesAreThoseOfTheInterface) {
     const auto object = as<IDispatch>();
     const auto early = as<IctlPPE>();
     com::Variant read;
-    EXPECT_EQ(invoke(object.get(), DISPID_BACKCOLOR, DISPATCH_PROPERTYPUT, {number(0x00C0FFEE)}), S_OK);
+    EXPECT_EQ(invoke(object.get(), DISPID_BACKCOLOR, DISPATCH_PROPERTYPUT, {integer(0x00C0FFEE)}), S_OK);
     OLE_COLOR colour = 0;
     EXPECT_EQ(early->get_BackColor(&colour), S_OK);
     EXPECT_EQ(colour, 0x00C0FFEEu);
@@ -133,7 +118,7 @@ TEST_F(Identity, LateBoundPropertiesAreThoseOfTheInterface) {
     VARIANT_BOOL loading = VARIANT_FALSE;
     EXPECT_EQ(early->get_Loading(&loading), S_OK);
     EXPECT_EQ(loading, VARIANT_TRUE);
-    EXPECT_EQ(invoke(object.get(), DISPID_BORDERSTYLE, DISPATCH_PROPERTYPUT, {number(1)}), S_OK);
+    EXPECT_EQ(invoke(object.get(), DISPID_BORDERSTYLE, DISPATCH_PROPERTYPUT, {integer(1)}), S_OK);
     short style = 0;
     EXPECT_EQ(early->get_BorderStyle(&style), S_OK);
     EXPECT_EQ(style, 1);
@@ -142,14 +127,12 @@ TEST_F(Identity, LateBoundPropertiesAreThoseOfTheInterface) {
 TEST_F(Identity, LateBoundMistakesAreToldByTheirCodes) {
     const auto object = as<IDispatch>();
     UINT bad = 99;
-    VARIANT text{};
-    text.vt = VT_BSTR;
     const com::Bstr noNumber{L"no number"};
-    text.bstrVal = noNumber.get();
-    EXPECT_EQ(invoke(object.get(), DISPID_BACKCOLOR, DISPATCH_PROPERTYPUT, {text}, nullptr, &bad),
-              DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(
+        invoke(object.get(), DISPID_BACKCOLOR, DISPATCH_PROPERTYPUT, {text(noNumber.get())}, nullptr, &bad),
+        DISP_E_TYPEMISMATCH);
     EXPECT_EQ(bad, 0u);
-    EXPECT_EQ(invoke(object.get(), 0x2102, DISPATCH_METHOD, {number(1)}), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(invoke(object.get(), 0x2102, DISPATCH_METHOD, {integer(1)}), DISP_E_BADPARAMCOUNT);
     EXPECT_EQ(invoke(object.get(), 4711, DISPATCH_METHOD), DISP_E_MEMBERNOTFOUND);
     DISPPARAMS none{};
     EXPECT_EQ(object->Invoke(0x2102, IID_IUnknown, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
@@ -161,13 +144,9 @@ TEST_F(Identity, LateBoundMistakesAreToldByTheirCodes) {
 TEST_F(Identity, LateBoundPageInformationFillsItsReferences) {
     BSTR file = SysAllocString(L"old.chm");
     LONG context = 42;
-    VARIANT fileArgument{};
-    fileArgument.vt = VT_BSTR | VT_BYREF;
-    fileArgument.pbstrVal = &file;
-    VARIANT contextArgument{};
-    contextArgument.vt = VT_I4 | VT_BYREF;
-    contextArgument.plVal = &context;
-    EXPECT_EQ(invoke(as<IDispatch>().get(), 0x2100, DISPATCH_METHOD, {fileArgument, contextArgument}), S_OK);
+    EXPECT_EQ(invoke(as<IDispatch>().get(), 0x2100, DISPATCH_METHOD,
+                     {reference(VT_BSTR, &file), reference(VT_I4, &context)}),
+              S_OK);
     EXPECT_EQ(SysStringLen(file), 0u);
     EXPECT_EQ(context, 0);
     SysFreeString(file);

@@ -5,6 +5,9 @@
 #include "page/ctlPPE.ids.h"
 #include "tests/windows/com/control_test.h"
 #include "tests/windows/stage/messages.h"
+#include "tests/windows/stage/user.h"
+#include "tests/windows/stage/variants.h"
+#include "tests/windows/stage/window_queries.h"
 
 namespace tests {
 namespace {
@@ -29,34 +32,17 @@ protected:
         pressed.wParam = key;
         return as<IOleInPlaceActiveObject>()->TranslateAccelerator(&pressed);
     }
-};
-
-/// Holds a key down for what reads the state of the keyboard.
-class Held {
-public:
-    explicit Held(int key) : key_(key) { set(0x80); }
-    ~Held() { set(0); }
-
-private:
-    void set(BYTE state) const {
-        BYTE keys[256];
-        GetKeyboardState(keys);
-        keys[key_] = state;
-        SetKeyboardState(keys);
+    HRESULT pressAccessKey(wchar_t letter) {
+        MSG pressed{};
+        pressed.message = WM_SYSCHAR;
+        pressed.wParam = letter;
+        return as<IOleControl>()->OnMnemonic(&pressed);
     }
-    int key_;
+    /// The number of what the page has told the add-in's search window last.
+    [[nodiscard]] std::optional<vexa::Value> lastEvent() const {
+        return registry.get(L"Software\\Norvane\\Quillmark\\", L"ProjectEvent");
+    }
 };
-
-BOOL CALLBACK noteWindow(HWND each, LPARAM list) {
-    reinterpret_cast<std::vector<HWND>*>(list)->push_back(each);
-    return TRUE;
-}
-
-std::vector<HWND> descendants(HWND window) {
-    std::vector<HWND> all;
-    EnumChildWindows(window, noteWindow, reinterpret_cast<LPARAM>(&all));
-    return all;
-}
 
 // Statement 31: the dialog manager finds its way in and out of the page.
 TEST_F(Keyboard, ContainersOfTheChainLetTheDialogManagerThrough) {
@@ -80,7 +66,7 @@ TEST_F(Keyboard, TabReachesEachButtonOnceForwardsAndBackwards) {
 
 TEST_F(Keyboard, IdentifiersAndAccessKeysAreUnique) {
     std::set<int> identifiers;
-    for (const HWND each : descendants(page()))
+    for (const HWND each : descendantsOf(page()))
         EXPECT_TRUE(identifiers.insert(GetDlgCtrlID(each)).second) << GetDlgCtrlID(each);
     CONTROLINFO information{};
     information.cb = sizeof information;
@@ -107,35 +93,25 @@ TEST_F(Keyboard, TellsItsAccessKeys) {
 }
 
 TEST_F(Keyboard, AnAccessKeyPressesItsButton) {
-    const std::wstring key = L"Software\\Norvane\\Quillmark\\";
-    MSG pressed{};
-    pressed.message = WM_SYSCHAR;
-    pressed.wParam = L'w';
-    ASSERT_EQ(as<IOleControl>()->OnMnemonic(&pressed), S_OK);
+    ASSERT_EQ(pressAccessKey(L'w'), S_OK);
     EXPECT_EQ(GetFocus(), child(IDC_cmdWizard));
-    EXPECT_EQ(registry.get(key, L"ProjectEvent"), vexa::Value(6));
+    EXPECT_EQ(lastEvent(), vexa::Value(6));
 }
 
 TEST_F(Keyboard, AnAccessKeyOfADisabledButtonDoesNothing) {
     EnableWindow(child(IDC_cmdWizard), FALSE);
-    MSG pressed{};
-    pressed.message = WM_SYSCHAR;
-    pressed.wParam = L'W';
-    ASSERT_EQ(as<IOleControl>()->OnMnemonic(&pressed), S_OK);
-    EXPECT_FALSE(registry.get(L"Software\\Norvane\\Quillmark\\", L"ProjectEvent").has_value());
+    ASSERT_EQ(pressAccessKey(L'W'), S_OK);
+    EXPECT_FALSE(lastEvent().has_value());
 }
 
 // A page's dialog disables its root; a container that is dead to the user disables the page's frame.
 TEST_F(Keyboard, AnAccessKeyDoesNothingWhileAnAncestorIsDisabled) {
-    MSG pressed{};
-    pressed.message = WM_SYSCHAR;
-    pressed.wParam = L'W';
     for (const HWND ancestor : {window, frame()}) {
         EnableWindow(ancestor, FALSE);
-        ASSERT_EQ(as<IOleControl>()->OnMnemonic(&pressed), S_OK);
+        ASSERT_EQ(pressAccessKey(L'W'), S_OK);
         EnableWindow(ancestor, TRUE);
     }
-    EXPECT_FALSE(registry.get(L"Software\\Norvane\\Quillmark\\", L"ProjectEvent").has_value());
+    EXPECT_FALSE(lastEvent().has_value());
 }
 
 // Statement 33: the page uses Tab and the arrows, and leaves everything else to the container.
@@ -154,7 +130,7 @@ TEST_F(Keyboard, TabMovesThroughThePageAndLeavesItAtTheEnd) {
 
 TEST_F(Keyboard, ShiftTabLeavesThePageAtItsStart) {
     container.answers["TranslateAccelerator"] = E_NOTIMPL;
-    const Held shift(VK_SHIFT);
+    const HeldKeys shift(ui::modifier::shift);
     EXPECT_EQ(key(WM_KEYDOWN, VK_TAB), S_FALSE);
     EXPECT_EQ(container.count("TranslateAccelerator"), 1);
 }
@@ -207,11 +183,10 @@ TEST_F(Keyboard, AmbientChangesRepaintAndFollowTheDeadContainer) {
         EXPECT_EQ(as<IOleControl>()->OnAmbientPropertyChange(each), S_OK);
         EXPECT_TRUE(GetUpdateRect(page(), nullptr, FALSE)) << each;
     }
-    container.ambients[DISPID_AMBIENT_UIDEAD].vt = VT_BOOL;
-    container.ambients[DISPID_AMBIENT_UIDEAD].boolVal = VARIANT_TRUE;
+    put(container.ambients[DISPID_AMBIENT_UIDEAD], flag(true));
     as<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_UIDEAD);
     EXPECT_FALSE(IsWindowEnabled(frame()));
-    container.ambients[DISPID_AMBIENT_UIDEAD].boolVal = VARIANT_FALSE;
+    put(container.ambients[DISPID_AMBIENT_UIDEAD], flag(false));
     as<IOleControl>()->OnAmbientPropertyChange(DISPID_UNKNOWN);
     EXPECT_TRUE(IsWindowEnabled(frame()));
 }

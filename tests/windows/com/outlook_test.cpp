@@ -14,26 +14,15 @@ class Host : public ControlTest {
 protected:
     /// Opens the highlight settings, toggles a setting and presses OK, as a user does.
     void editHighlights() {
-        const UINT_PTR timer = SetTimer(nullptr, 0, 20, confirm);
-        SendMessageW(child(IDC_cmdDispMatches), BM_CLICK, 0, 0);
-        KillTimer(nullptr, timer);
+        inDialog(IDC_cmdDispMatches, [](HWND dialog) {
+            SendMessageW(GetDlgItem(dialog, IDC_chkKeepHighlights), BM_CLICK, 0, 0);
+            SendMessageW(GetDlgItem(dialog, IDC_cmdOk), BM_CLICK, 0, 0);
+        });
     }
-    [[nodiscard]] bool dirty() const {
-        VARIANT_BOOL value = VARIANT_FALSE;
-        EXPECT_EQ(as<PropertyPage>()->get_Dirty(&value), S_OK);
-        return value != VARIANT_FALSE;
-    }
-
-private:
-    static BOOL CALLBACK toggle(HWND dialog, LPARAM) {
-        const HWND box = GetDlgItem(dialog, IDC_chkKeepHighlights);
-        if (box == nullptr || !IsWindowVisible(dialog)) return TRUE;
-        SendMessageW(box, BM_CLICK, 0, 0);
-        SendMessageW(GetDlgItem(dialog, IDC_cmdOk), BM_CLICK, 0, 0);
-        return FALSE;
-    }
-    static void CALLBACK confirm(HWND, UINT, UINT_PTR, DWORD) {
-        EnumThreadWindows(GetCurrentThreadId(), toggle, 0);
+    void editShownPage() {
+        createActive();
+        container.acceptAnything();
+        editHighlights();
     }
 };
 
@@ -57,18 +46,14 @@ TEST_F(Host, HearsNothingWhileThePageStarts) {
 
 TEST_F(Host, PageWorksWithoutAPropertyPageSite) {
     container.lacks = {"PropertyPageSite"};
-    createActive();
-    container.acceptAnything();
-    editHighlights();
+    editShownPage();
     EXPECT_TRUE(dirty());
 }
 
 // Statement 36, where the page's behaviour differs: Apply writes every value each time, changed or not, and
 // always succeeds towards the host; a failing store is skipped quietly.
 TEST_F(Host, ApplyWritesTheSettingsAndClearsTheMark) {
-    createActive();
-    container.acceptAnything();
-    editHighlights();
+    editShownPage();
     EXPECT_FALSE(registry.get(KEY, L"KeepHighlights").has_value());
     EXPECT_EQ(as<PropertyPage>()->Apply(), S_OK);
     EXPECT_TRUE(registry.get(KEY, L"KeepHighlights").has_value());
@@ -83,9 +68,7 @@ TEST_F(Host, ApplyOfACleanPageThatWasNeverActiveWritesAllTheSame) {
 }
 
 TEST_F(Host, CancellingWritesNoSetting) {
-    createActive();
-    container.acceptAnything();
-    editHighlights();
+    editShownPage();
     end();
     EXPECT_FALSE(registry.get(KEY, L"KeepHighlights").has_value());
     EXPECT_FALSE(registry.get(KEY, L"MaxEntries").has_value());
@@ -93,10 +76,8 @@ TEST_F(Host, CancellingWritesNoSetting) {
 
 // What the page knows lives as long as the object.
 TEST_F(Host, ApplyAndDirtyWorkAfterTheEnd) {
-    createActive();
-    container.acceptAnything();
-    editHighlights();
-    as<IOleObject>()->Close(OLECLOSE_NOSAVE);
+    editShownPage();
+    close();
     EXPECT_TRUE(dirty());
     EXPECT_EQ(as<PropertyPage>()->Apply(), S_OK);
     EXPECT_TRUE(registry.get(KEY, L"KeepHighlights").has_value());
@@ -179,8 +160,7 @@ class Notifications : public ControlTest {
 protected:
     Notifications() {
         create();
-        EXPECT_EQ(as<IConnectionPointContainer>()->FindConnectionPoint(IID_IPropertyNotifySink, point.out()),
-                  S_OK);
+        point = notifications();
         EXPECT_EQ(point->Advise(&sink, &cookie), S_OK);
     }
     ~Notifications() override {
@@ -188,6 +168,12 @@ protected:
         point.reset();
     }
     using Told = std::vector<std::pair<char, DISPID>>;
+    /// Of each of these, one after the other.
+    static Told askedAndTold(std::initializer_list<DISPID> members) {
+        Told all;
+        for (const DISPID member : members) all.insert(all.end(), {{'r', member}, {'c', member}});
+        return all;
+    }
 
     com::Ptr<IConnectionPoint> point;
     NotifySink sink;
@@ -203,37 +189,18 @@ TEST_F(Notifications, AskBeforeAndTellAfterEachChange) {
     page->put_BackStyle(1);
     page->put_BorderStyle(1);
     page->put_Loading(VARIANT_TRUE);
-    const Told expected{{'r', DISPID_BACKCOLOR},
-                        {'c', DISPID_BACKCOLOR},
-                        {'r', DISPID_FORECOLOR},
-                        {'c', DISPID_FORECOLOR},
-                        {'r', DISPID_ENABLED},
-                        {'c', DISPID_ENABLED},
-                        {'r', DISPID_BACKSTYLE},
-                        {'c', DISPID_BACKSTYLE},
-                        {'r', DISPID_BORDERSTYLE},
-                        {'c', DISPID_BORDERSTYLE},
-                        {'r', 1},
-                        {'c', 1}};
-    EXPECT_EQ(sink.told, expected);
+    EXPECT_EQ(sink.told, askedAndTold({DISPID_BACKCOLOR, DISPID_FORECOLOR, DISPID_ENABLED, DISPID_BACKSTYLE,
+                                       DISPID_BORDERSTYLE, 1}));
     sink.told.clear();
     page->put_BackColor(1);
     page->put_Enabled(42);  // any true
-    EXPECT_EQ(
-        sink.told,
-        (Told{
-            {'r', DISPID_BACKCOLOR}, {'c', DISPID_BACKCOLOR}, {'r', DISPID_ENABLED}, {'c', DISPID_ENABLED}}));
+    EXPECT_EQ(sink.told, askedAndTold({DISPID_BACKCOLOR, DISPID_ENABLED}));
 }
 
 TEST_F(Notifications, TellOfANewFont) {
-    FONTDESC description{};
-    description.cbSizeofstruct = sizeof description;
-    description.lpstrName = const_cast<LPOLESTR>(L"Tahoma");
-    description.cySize.int64 = 90000;
-    com::Ptr<IFontDisp> font;
-    ASSERT_EQ(OleCreateFontIndirect(&description, IID_IFontDisp, font.outVoid()), S_OK);
+    const auto font = makeFont(L"Tahoma");
     EXPECT_EQ(as<IctlPPE>()->put_Font(font.get()), S_OK);
-    EXPECT_EQ(sink.told, (Told{{'r', DISPID_FONT}, {'c', DISPID_FONT}}));
+    EXPECT_EQ(sink.told, askedAndTold({DISPID_FONT}));
     com::Ptr<IFontDisp> kept;
     as<IctlPPE>()->get_Font(kept.out());
     EXPECT_NE(kept.get(), font.get()) << "put keeps a copy";
@@ -262,7 +229,7 @@ TEST_F(Notifications, ASinkMayLeaveWhileItIsTold) {
         EXPECT_EQ(point->Unadvise(otherCookie), S_OK);
     };
     as<IctlPPE>()->put_BackColor(2);
-    EXPECT_EQ(other.told, (Told{{'r', DISPID_BACKCOLOR}, {'c', DISPID_BACKCOLOR}}));
+    EXPECT_EQ(other.told, askedAndTold({DISPID_BACKCOLOR}));
     as<IctlPPE>()->put_BackColor(3);
     EXPECT_EQ(sink.told.size(), 2u);
 }

@@ -4,6 +4,7 @@
 
 #include "tests/windows/com/control_test.h"
 #include "tests/windows/com/fake_bag.h"
+#include "tests/windows/stage/variants.h"
 
 namespace tests {
 namespace {
@@ -33,19 +34,6 @@ std::vector<BYTE> bytesOf(const com::Ptr<IStream>& stream) {
     return bytes;
 }
 
-com::Ptr<IFontDisp> makeFont(const std::wstring& name, LONGLONG points = 9, BOOL italic = FALSE) {
-    std::wstring text = name;
-    FONTDESC description{};
-    description.cbSizeofstruct = sizeof description;
-    description.lpstrName = text.data();
-    description.cySize.int64 = points * 10000;
-    description.sWeight = FW_NORMAL;
-    description.fItalic = italic;
-    com::Ptr<IFontDisp> font;
-    EXPECT_EQ(OleCreateFontIndirect(&description, IID_IFontDisp, font.outVoid()), S_OK);
-    return font;
-}
-
 /// The attributes as the system has made them: it rounds sizes and substitutes names.
 std::wstring describe(const com::Ptr<IFont>& font) {
     com::Bstr name;
@@ -58,12 +46,6 @@ std::wstring describe(const com::Ptr<IFont>& font) {
     font->get_Italic(&italic);
     return com::toText(name.get()) + L" " + std::to_wstring(size.int64) + L" " + std::to_wstring(weight) +
            (italic ? L" italic" : L"");
-}
-
-void put(FakeBag& bag, const std::wstring& name, VARTYPE type, LONG value) {
-    com::Variant& variant = bag.values[name];
-    variant.vt = type;
-    variant.llVal = value;
 }
 
 /// All seven, to be compared before and after.
@@ -108,6 +90,16 @@ protected:
         EXPECT_EQ(page()->get_Font(found.out()), S_OK);
         return found.as<IFont>();
     }
+    /// What the control writes in a stream.
+    [[nodiscard]] std::vector<BYTE> saved() const {
+        const auto kept = newStream();
+        EXPECT_EQ(stream()->Save(kept.get(), TRUE), S_OK);
+        return bytesOf(kept);
+    }
+    HRESULT load(const std::vector<BYTE>& bytes) const { return stream()->Load(streamOf(bytes).get()); }
+    void offerFont() {
+        put(container.ambients[DISPID_AMBIENT_FONT], dispatch(makeFont(L"Courier New", 13).detach()));
+    }
     void renew() {
         end();
         create();
@@ -120,7 +112,7 @@ const Values EXTREMES{0xFFFFFFFF, 0x80000005, VARIANT_TRUE, SHRT_MIN, SHRT_MAX, 
 TEST_F(Persistence, NewInstanceHasNothingSetAndIsUsable) {
     EXPECT_EQ(values(), Values{});
     EXPECT_FALSE(font());
-    as<IOleObject>()->SetClientSite(container.site());
+    enterSite();
     container.acceptAnything();
     ASSERT_EQ(doVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
     EXPECT_TRUE(IsWindowEnabled(frame()));
@@ -135,9 +127,7 @@ TEST_F(Persistence, InitialisingLeavesNothingToSave) {
 }
 
 TEST_F(Persistence, InitialisingAfterALoadIsUnexpected) {
-    const auto saved = newStream();
-    ASSERT_EQ(stream()->Save(saved.get(), TRUE), S_OK);
-    ASSERT_EQ(stream()->Load(streamOf(bytesOf(saved)).get()), S_OK);
+    ASSERT_EQ(load(saved()), S_OK);
     EXPECT_EQ(stream()->InitNew(), E_UNEXPECTED);
 }
 
@@ -158,15 +148,13 @@ TEST_F(Persistence, AStreamBringsEveryPropertyBack) {
     set(EXTREMES);
     page()->putref_Font(makeFont(L"Tahoma", 11, TRUE).get());
     const auto fontBefore = describe(font());
-    const auto saved = newStream();
-    ASSERT_EQ(stream()->Save(saved.get(), TRUE), S_OK);
+    const auto bytes = saved();
     ULARGE_INTEGER size{};
     ASSERT_EQ(stream()->GetSizeMax(&size), S_OK);
-    const auto bytes = bytesOf(saved);
     EXPECT_EQ(size.QuadPart, bytes.size());
 
     renew();
-    ASSERT_EQ(stream()->Load(streamOf(bytes).get()), S_OK);
+    ASSERT_EQ(load(bytes), S_OK);
     EXPECT_EQ(values(), EXTREMES);
     ASSERT_TRUE(font());
     EXPECT_EQ(describe(font()), fontBefore);
@@ -193,9 +181,7 @@ TEST_F(Persistence, AStreamKeepsTheFontsName) {
         page()->putref_Font(makeFont(name).get());
         com::Bstr before;
         font()->get_Name(before.out());
-        const auto saved = newStream();
-        ASSERT_EQ(stream()->Save(saved.get(), TRUE), S_OK);
-        ASSERT_EQ(stream()->Load(streamOf(bytesOf(saved)).get()), S_OK);
+        ASSERT_EQ(load(saved()), S_OK);
         com::Bstr after;
         font()->get_Name(after.out());
         EXPECT_EQ(com::toText(after.get()), com::toText(before.get()));
@@ -215,10 +201,7 @@ TEST_F(Persistence, AnEmptyBagGivesTheDefaults) {
 
 TEST_F(Persistence, ABagWithWrongTypesGivesTheDefaultsAndReportsEach) {
     FakeBag wrong;
-    for (const std::wstring& name : NAMES) {
-        wrong.values[name].vt = VT_BSTR;
-        wrong.values[name].bstrVal = SysAllocString(L"nonsense");
-    }
+    for (const std::wstring& name : NAMES) put(wrong.values[name], text(SysAllocString(L"nonsense")));
     FakeErrorLog log;
     EXPECT_EQ(bag()->Load(&wrong, &log), S_OK);
     EXPECT_EQ(log.names, NAMES);
@@ -229,10 +212,9 @@ TEST_F(Persistence, ABagWithWrongTypesGivesTheDefaultsAndReportsEach) {
 
 TEST_F(Persistence, ABagsValuesAreConverted) {
     FakeBag texts;
-    texts.values[L"BackColor"].vt = VT_BSTR;
-    texts.values[L"BackColor"].bstrVal = SysAllocString(L"255");
-    put(texts, L"Enabled", VT_I4, 1);
-    put(texts, L"BackStyle", VT_I4, 70000);  // does not fit
+    put(texts.values[L"BackColor"], text(SysAllocString(L"255")));
+    put(texts.values[L"Enabled"], integer(1));
+    put(texts.values[L"BackStyle"], integer(70000));  // does not fit
     FakeErrorLog log;
     ASSERT_EQ(bag()->Load(&texts, &log), S_OK);
     EXPECT_EQ(values(), (Values{255, 0, VARIANT_TRUE, 0, 0, 0}));
@@ -257,32 +239,26 @@ TEST_F(Persistence, ABagGetsTheChangedPropertiesOrAll) {
 TEST_F(Persistence, TruncatedStreamsAreRefusedAndChangeNothing) {
     set(EXTREMES);
     page()->putref_Font(makeFont(L"Tahoma").get());
-    const auto saved = newStream();
-    ASSERT_EQ(stream()->Save(saved.get(), TRUE), S_OK);
-    const auto bytes = bytesOf(saved);
+    const auto bytes = saved();
     set(Values{1, 2, 0, 3, 4, 0});
     const Values before = values();
     for (std::size_t length = 0; length < bytes.size(); ++length) {
-        EXPECT_TRUE(FAILED(stream()->Load(streamOf({bytes.begin(), bytes.begin() + length}).get())));
+        EXPECT_TRUE(FAILED(load({bytes.begin(), bytes.begin() + length})));
         ASSERT_EQ(values(), before);
     }
 }
 
 TEST_F(Persistence, StreamsOfAnotherKindOrANewerVersionAreRefused) {
-    const auto saved = newStream();
-    ASSERT_EQ(stream()->Save(saved.get(), TRUE), S_OK);
     for (const std::size_t position : {0u, 4u}) {
-        auto bytes = bytesOf(saved);
+        auto bytes = saved();
         ++bytes[position];
-        EXPECT_TRUE(FAILED(stream()->Load(streamOf(bytes).get())));
+        EXPECT_TRUE(FAILED(load(bytes)));
     }
 }
 
 TEST_F(Persistence, TenThousandBrokenStreamsDoNoHarm) {
     page()->putref_Font(makeFont(L"Tahoma").get());
-    const auto saved = newStream();
-    ASSERT_EQ(stream()->Save(saved.get(), TRUE), S_OK);
-    const auto good = bytesOf(saved);
+    const auto good = saved();
     std::mt19937 random(20260101);
     const auto persist = stream();
     const auto reused = newStream();
@@ -304,15 +280,14 @@ TEST_F(Persistence, TenThousandBrokenStreamsDoNoHarm) {
             ASSERT_EQ(values(), before);
         }
     }
-    EXPECT_EQ(persist->Load(streamOf(good).get()), S_OK);
+    EXPECT_EQ(load(good), S_OK);
     EXPECT_EQ(values(), Values{});
 }
 
 // The container's font is a new instance's, whether it comes before or after the initialising.
 TEST_F(Persistence, NewInstanceTakesACopyOfTheContainersFont) {
-    container.ambients[DISPID_AMBIENT_FONT].vt = VT_DISPATCH;
-    container.ambients[DISPID_AMBIENT_FONT].pdispVal = makeFont(L"Courier New", 13).detach();
-    as<IOleObject>()->SetClientSite(container.site());
+    offerFont();
+    enterSite();
     ASSERT_EQ(stream()->InitNew(), S_OK);
     ASSERT_TRUE(font());
     EXPECT_EQ(font()->IsEqual(makeFont(L"Courier New", 13).as<IFont>().get()), S_OK);
@@ -322,7 +297,7 @@ TEST_F(Persistence, NewInstanceTakesACopyOfTheContainersFont) {
     renew();
     ASSERT_EQ(stream()->InitNew(), S_OK);
     EXPECT_FALSE(font());
-    as<IOleObject>()->SetClientSite(container.site());
+    enterSite();
     EXPECT_TRUE(font());
     EXPECT_EQ(stream()->IsDirty(), S_FALSE);
 }
@@ -330,9 +305,8 @@ TEST_F(Persistence, NewInstanceTakesACopyOfTheContainersFont) {
 TEST_F(Persistence, ALoadedInstanceKeepsItsOwnFont) {
     FakeBag kept;
     ASSERT_EQ(bag()->Load(&kept, nullptr), S_OK);
-    container.ambients[DISPID_AMBIENT_FONT].vt = VT_DISPATCH;
-    container.ambients[DISPID_AMBIENT_FONT].pdispVal = makeFont(L"Courier New", 13).detach();
-    as<IOleObject>()->SetClientSite(container.site());
+    offerFont();
+    enterSite();
     EXPECT_FALSE(font());
 }
 

@@ -2,6 +2,7 @@
 #include "tests/support/shortage.h"
 #include "tests/windows/com/control_test.h"
 #include "tests/windows/com/fake_bag.h"
+#include "tests/windows/stage/variants.h"
 #include "windows/com/class_factory.h"
 #include "windows/com/runtime.h"
 
@@ -84,7 +85,7 @@ TEST_F(Robustness, CallsWithoutAPlaceForTheResultFail) {
     createActive();
     for (const auto& [method, result] : callsWithoutPlaces(control)) EXPECT_TRUE(FAILED(result)) << method;
     container.acceptAnything();
-    as<IOleObject>()->Close(OLECLOSE_NOSAVE);
+    close();
     for (const auto& [method, result] : callsWithoutPlaces(control)) EXPECT_TRUE(FAILED(result)) << method;
 }
 
@@ -93,7 +94,7 @@ TEST_F(Robustness, CallsWithoutAPlaceForTheResultFail) {
 TEST_F(Robustness, CallsThatNeedThePageFailAfterItsEnd) {
     createActive();
     container.acceptAnything();
-    as<IOleObject>()->Close(OLECLOSE_NOSAVE);
+    close();
     CONTROLINFO information{};
     MSG message{};
     HWND found = nullptr;
@@ -141,52 +142,35 @@ TEST_F(Shortage, EveryMethodThatAllocatesSaysThatMemoryIsOut) {
     const auto page = as<IctlPPE>();
     const auto object = as<IOleObject>();
     const auto points = as<IConnectionPointContainer>();
-    com::Ptr<IConnectionPoint> point;
-    points->FindConnectionPoint(IID_IPropertyNotifySink, point.out());
+    const auto point = notifications();
     starve("SetClientSite", [&] { return object->SetClientSite(container.site()); });
     starve("DoVerb", [&] { return doVerb(OLEIVERB_UIACTIVATE); });
-    starve("Caption", [&] {
-        com::Bstr text;
-        return page->get_Caption(text.out());
-    });
-    starve("GetTypeInfo", [&] {
-        com::Ptr<ITypeInfo> info;
-        return page->GetTypeInfo(0, 0, info.out());
-    });
-    starve("GetClassInfo", [&] {
-        com::Ptr<ITypeInfo> info;
-        return as<IProvideClassInfo>()->GetClassInfo(info.out());
-    });
+    com::Bstr caption;
+    com::Ptr<ITypeInfo> types;
+    starve("Caption", [&] { return page->get_Caption(caption.out()); });
+    starve("GetTypeInfo", [&] { return page->GetTypeInfo(0, 0, types.out()); });
+    starve("GetClassInfo", [&] { return as<IProvideClassInfo>()->GetClassInfo(types.out()); });
     starve("Save", [&] {
         com::Ptr<IStream> stream;
         CreateStreamOnHGlobal(nullptr, TRUE, stream.out());
         return as<IPersistStreamInit>()->Save(stream.get(), TRUE);
     });
-    starve("GetSizeMax", [&] {
-        ULARGE_INTEGER size{};
-        return as<IPersistStreamInit>()->GetSizeMax(&size);
-    });
-    starve("EnumConnectionPoints", [&] {
-        com::Ptr<IEnumConnectionPoints> all;
-        return points->EnumConnectionPoints(all.out());
-    });
-    starve("EnumConnections", [&] {
-        com::Ptr<IEnumConnections> all;
-        return point->EnumConnections(all.out());
-    });
-    starve("GetControlInfo", [&] {
-        CONTROLINFO information{};
-        return as<IOleControl>()->GetControlInfo(&information);
-    });
+    ULARGE_INTEGER size{};
+    com::Ptr<IEnumConnectionPoints> allPoints;
+    com::Ptr<IEnumConnections> allConnections;
+    CONTROLINFO keys{};
+    starve("GetSizeMax", [&] { return as<IPersistStreamInit>()->GetSizeMax(&size); });
+    starve("EnumConnectionPoints", [&] { return points->EnumConnectionPoints(allPoints.out()); });
+    starve("EnumConnections", [&] { return point->EnumConnections(allConnections.out()); });
+    starve("GetControlInfo", [&] { return as<IOleControl>()->GetControlInfo(&keys); });
     starve("put_BackColor", [&] { return page->put_BackColor(3); });
     starve("Close", [&] { return object->Close(OLECLOSE_NOSAVE); });
 }
 
 // The host gets success from Apply whatever happens inside; no shortage may end the process.
 TEST_F(Shortage, ApplyWithMemoryOutAtAnyAllocationComesToItsEnd) {
-    container.ambients[DISPID_AMBIENT_DISPLAYNAME].vt = VT_BSTR;
-    container.ambients[DISPID_AMBIENT_DISPLAYNAME].bstrVal = SysAllocString(L"a name that needs memory");
-    as<IOleObject>()->SetClientSite(container.site());
+    put(container.ambients[DISPID_AMBIENT_DISPLAYNAME], text(SysAllocString(L"a name that needs memory")));
+    enterSite();
     const auto page = as<IctlPPE>();
     for (long allocations = 0; allocations < 300; ++allocations) {
         allocationsLeft = allocations;
@@ -201,8 +185,7 @@ TEST_F(Shortage, AnAdviseSaysThatMemoryIsOut) {
         STDMETHODIMP OnChanged(DISPID) override { return S_OK; }
         STDMETHODIMP OnRequestEdit(DISPID) override { return S_OK; }
     } sink;
-    com::Ptr<IConnectionPoint> point;
-    as<IConnectionPointContainer>()->FindConnectionPoint(IID_IPropertyNotifySink, point.out());
+    const auto point = notifications();
     DWORD cookie = 0;
     starve("Advise", [&] { return point->Advise(&sink, &cookie); });
     EXPECT_EQ(point->Unadvise(cookie), S_OK);

@@ -62,13 +62,11 @@ TEST_F(RuntimeTest, TakesItsMemoryAlong) {
 
 TEST_F(RuntimeTest, AnotherThreadsControlIsRefusedWhileAPageLives) {
     create();
-    as<IOleObject>()->Close(OLECLOSE_NOSAVE);
+    close();
     HRESULT made = S_OK;
     std::thread([&] {
-        com::Ptr<IClassFactory> factory;
         com::Ptr<IUnknown> second;
-        made = library.getClassObject(__uuidof(::ctlPPE), IID_IClassFactory, factory.outVoid());
-        if (SUCCEEDED(made)) made = factory->CreateInstance(nullptr, IID_IUnknown, second.outVoid());
+        made = library.factory()->CreateInstance(nullptr, IID_IUnknown, second.outVoid());
     }).join();
     EXPECT_EQ(made, RPC_E_WRONG_THREAD);
 }

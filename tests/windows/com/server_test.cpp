@@ -105,8 +105,7 @@ TEST_F(Server, ClassObjectNeedsAPlaceForTheResult) {
 
 // Statement 3: no aggregation.
 TEST_F(Server, RefusesAggregation) {
-    com::Ptr<IClassFactory> factory;
-    ASSERT_EQ(library.getClassObject(__uuidof(::ctlPPE), IID_IClassFactory, factory.outVoid()), S_OK);
+    const auto factory = library.factory();
     void* out = &out;
     EXPECT_EQ(factory->CreateInstance(&container, IID_IUnknown, &out), CLASS_E_NOAGGREGATION);
     EXPECT_EQ(out, nullptr);
@@ -129,7 +128,7 @@ TEST_F(Server, StaysWhileAControlLives) {
 
 TEST_F(Server, StaysWhileAClosedControlIsHeld) {
     create();
-    as<IOleObject>()->Close(OLECLOSE_NOSAVE);
+    close();
     EXPECT_EQ(library.canUnloadNow(), S_FALSE);
 }
 
@@ -142,15 +141,12 @@ TEST_F(Server, StaysWhileAnEnumeratorLives) {
 }
 
 TEST_F(Server, StaysWhileItIsLockedOrItsClassObjectLives) {
-    com::Ptr<IClassFactory> factory;
-    ASSERT_EQ(library.getClassObject(__uuidof(::ctlPPE), IID_IClassFactory, factory.outVoid()), S_OK);
+    auto factory = library.factory();
     EXPECT_EQ(library.canUnloadNow(), S_FALSE);
     factory->LockServer(TRUE);
     factory.reset();
     EXPECT_EQ(library.canUnloadNow(), S_FALSE);
-    ASSERT_EQ(library.getClassObject(__uuidof(::ctlPPE), IID_IClassFactory, factory.outVoid()), S_OK);
-    factory->LockServer(FALSE);
-    factory.reset();
+    library.factory()->LockServer(FALSE);
     EXPECT_EQ(library.canUnloadNow(), S_OK);
 }
 
@@ -185,9 +181,9 @@ TEST_F(Server, StaysLoadedWhileSomebodyHoldsTheSinkOfAnEvent) {
         CoCreateInstance(__uuidof(::ctlPPE), nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, control.outVoid()),
         S_OK);
     container.acceptAnything();
-    as<IOleObject>()->SetClientSite(container.site());
+    enterSite();
     ASSERT_EQ(doVerb(OLEIVERB_SHOW), S_OK);
-    addIn.keepsSinks = true;
+    addIn.offer.keepsSinks = true;
     inDialog(IDC_cmdKnowledgeBase, [](HWND dialog) { SendMessageW(dialog, WM_CLOSE, 0, 0); });
     end();
     ASSERT_EQ(addIn.sinks(), 1u);
@@ -220,10 +216,16 @@ TEST_F(Server, RemembersTheProcessBetweenTwoPages) {
 
 // --- Registration -----------------------------------------------------------------------------------------
 
+/// A machine's hive of the test's own, in which the library is registered.
+class Registration : public Server {
+protected:
+    void SetUp() override { ASSERT_EQ(library.registerServer(), S_OK); }
+
+    const ScratchHive hive{HKEY_LOCAL_MACHINE};
+};
+
 // Statement 5: all keys of a control.
-TEST_F(Server, RegistersAllKeysForTheMachine) {
-    const ScratchHive hive(HKEY_LOCAL_MACHINE);
-    ASSERT_EQ(library.registerServer(), S_OK);
+TEST_F(Registration, RegistersAllKeysForTheMachine) {
     const std::wstring key = CLASS;
     EXPECT_EQ(hive.value(key), L"Quillmark options page");
     EXPECT_EQ(_wcsicmp(hive.value(key + L"\\InprocServer32").c_str(), Library::path().c_str()), 0);
@@ -261,9 +263,7 @@ TEST_F(Server, InstallsForTheMachineByDefaultAndRefusesOtherWords) {
     EXPECT_EQ(library.install(TRUE, L"everybody"), E_INVALIDARG);
 }
 
-TEST_F(Server, RegisteringTwiceChangesNothing) {
-    const ScratchHive hive(HKEY_LOCAL_MACHINE);
-    ASSERT_EQ(library.registerServer(), S_OK);
+TEST_F(Registration, RegisteringTwiceChangesNothing) {
     const Content once = hive.content();
     ASSERT_EQ(library.registerServer(), S_OK);
     EXPECT_EQ(hive.content(), once);
@@ -282,17 +282,13 @@ TEST_F(Server, UnregisteringRemovesItsOwnKeysAndTwiceIsNoFault) {
     EXPECT_EQ(hive.content(), before);
 }
 
-TEST_F(Server, UnregisteringLeavesANameThatSomebodyElseTookOver) {
-    const ScratchHive hive(HKEY_LOCAL_MACHINE);
-    ASSERT_EQ(library.registerServer(), S_OK);
+TEST_F(Registration, UnregisteringLeavesANameThatSomebodyElseTookOver) {
     hive.put(L"VexaPPE.ctlPPE\\CLSID", L"{00000000-0000-0000-0000-00000000AAAA}");
     EXPECT_EQ(library.unregisterServer(), S_OK);
     EXPECT_EQ(hive.value(L"VexaPPE.ctlPPE\\CLSID"), L"{00000000-0000-0000-0000-00000000AAAA}");
 }
 
-TEST_F(Server, UnregisteringLeavesTheTypeLibraryOfTheOtherBitness) {
-    const ScratchHive hive(HKEY_LOCAL_MACHINE);
-    ASSERT_EQ(library.registerServer(), S_OK);
+TEST_F(Registration, UnregisteringLeavesTheTypeLibraryOfTheOtherBitness) {
     const std::wstring other = sizeof(void*) == 8 ? L"win32" : L"win64";
     const std::wstring key = std::wstring(TYPE_LIBRARY) + L"\\1.0\\0\\" + other;
     hive.put(key, L"C:\\other\\VexaPPE.ocx");
@@ -386,9 +382,7 @@ TEST_F(Server, TellsItsVersionAndThatItRegistersItself) {
 }
 
 // Statement 6: registry and object agree on the class's kind and version.
-TEST_F(Server, RegistersTheStatusAndVersionThatTheObjectTells) {
-    const ScratchHive hive(HKEY_LOCAL_MACHINE);
-    ASSERT_EQ(library.registerServer(), S_OK);
+TEST_F(Registration, RegistersTheStatusAndVersionThatTheObjectTells) {
     create();
     DWORD status = 0;
     ASSERT_EQ(as<IOleObject>()->GetMiscStatus(DVASPECT_CONTENT, &status), S_OK);
@@ -407,9 +401,7 @@ TEST_F(Server, RegistersTheStatusAndVersionThatTheObjectTells) {
 }
 
 // Statement 7: the control runs with access to mail; it never declares itself safe for scripting.
-TEST_F(Server, IsNeitherInsertableNorSafeForScripting) {
-    const ScratchHive hive(HKEY_LOCAL_MACHINE);
-    ASSERT_EQ(library.registerServer(), S_OK);
+TEST_F(Registration, IsNeitherInsertableNorSafeForScripting) {
     for (const auto& [key, value] : hive.content()) {
         EXPECT_EQ(key.find(L"Insertable"), std::wstring::npos);
         EXPECT_EQ(key.find(L"{7DD95801-9882-11CF-9FA9-00AA006C42C4}"), std::wstring::npos);

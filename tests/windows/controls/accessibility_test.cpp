@@ -38,17 +38,6 @@ protected:
 
     AnnotationsStandIn annotations;
     Told ask(const ui::Control& control) { return askReader(windowOf(control), annotations); }
-    template <class Form>
-    void open(const std::function<void(Form&)>& script) {
-        stage->whenShown<Form>([&](Form& form) {
-            script(form);
-            user.closeWindow(form.window());
-        });
-        if constexpr (std::is_constructible_v<Form, vexa::Application&, ui::Window&>)
-            Form(application, page->window()).Show();
-        else
-            Form(application, page->window(), [](ui::Window&) {}).Show();
-    }
 };
 
 TEST_F(AccessibilityOfOne, ButtonsOfThePageTellWhatTheyAreFor) {

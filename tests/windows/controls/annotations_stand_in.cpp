@@ -5,14 +5,11 @@
 #include <algorithm>
 #include <iterator>
 
+#include "tests/windows/stage/variants.h"
+#include "tests/windows/stage/window_queries.h"
+
 namespace tests {
 namespace {
-
-std::wstring taken(BSTR text) {
-    const std::wstring copy = text ? std::wstring(text, SysStringLen(text)) : std::wstring();
-    SysFreeString(text);
-    return copy;
-}
 
 std::wstring withoutMarks(std::wstring label) {
     std::erase(label, L'&');
@@ -20,22 +17,14 @@ std::wstring withoutMarks(std::wstring label) {
     return label;
 }
 
-std::wstring classNameOf(HWND window) {
-    wchar_t name[64] = L"";
-    GetClassNameW(window, name, 64);
-    return name;
-}
-
 /// Empty where the window takes no name from a text before it.
 std::wstring labelOf(HWND window) {
     constexpr const wchar_t* LABELLED[] = {L"Edit", L"ComboBox", L"ListBox", L"SysListView32",
                                            L"RichEdit50W"};
-    if (std::ranges::find(LABELLED, classNameOf(window)) == std::end(LABELLED)) return {};
+    if (std::ranges::find(LABELLED, classOf(window)) == std::end(LABELLED)) return {};
     const HWND before = GetWindow(window, GW_HWNDPREV);
-    if (classNameOf(before) != L"Static") return {};
-    wchar_t text[200] = L"";
-    GetWindowTextW(before, text, 200);
-    return withoutMarks(text);
+    if (classOf(before) != L"Static") return {};
+    return withoutMarks(windowTextOf(before));
 }
 
 std::wstring stateText(LONG state) {
@@ -108,22 +97,20 @@ std::size_t AnnotationsStandIn::forgotten() const {
 
 Told askReader(HWND window, const AnnotationsStandIn& annotations) {
     Told told;
-    IAccessible* object = nullptr;
+    com::Ptr<IAccessible> object;
     if (FAILED(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
-                                          reinterpret_cast<void**>(&object))))
+                                          object.outVoid())))
         return told;
-    VARIANT self{};
-    self.vt = VT_I4;
+    const VARIANT self = integer(CHILDID_SELF);
     VARIANT number{};
-    BSTR text = nullptr;
+    com::Bstr text;
     wchar_t role[80] = L"";
     if (object->get_accRole(self, &number) == S_OK) GetRoleTextW(static_cast<DWORD>(number.lVal), role, 80);
     told.role = role;
-    if (object->get_accName(self, &text) == S_OK) told.name = withoutMarks(taken(text));
-    if (object->get_accDescription(self, &text) == S_OK) told.description = taken(text);
-    if (object->get_accValue(self, &text) == S_OK) told.value = taken(text);
+    if (object->get_accName(self, text.out()) == S_OK) told.name = withoutMarks(com::toText(text.get()));
+    if (object->get_accDescription(self, text.out()) == S_OK) told.description = com::toText(text.get());
+    if (object->get_accValue(self, text.out()) == S_OK) told.value = com::toText(text.get());
     if (object->get_accState(self, &number) == S_OK) told.state = stateText(number.lVal);
-    object->Release();
     const auto words = annotations.wordsFor(window);
     if (!words.description.empty()) told.description = words.description;
     if (!words.value.empty()) told.value = words.value;

@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 
+#include "tests/windows/controls/canvas.h"
 #include "tests/windows/controls/product_dialogs.h"
 #include "tests/windows/stage/user.h"
 #include "windows/controls/screen.h"
@@ -73,26 +74,10 @@ private:
 };
 
 /// What a picture looks like on a ground.
-class Canvas {
+class Picture : public Canvas {
 public:
-    Canvas(int width, int height, COLORREF ground) : width_(width), height_(height) {
-        const HDC screen = GetDC(nullptr);
-        context = CreateCompatibleDC(screen);
-        bitmap_ = CreateCompatibleBitmap(screen, width, height);
-        ReleaseDC(nullptr, screen);
-        before_ = SelectObject(context, bitmap_);
-        const HBRUSH brush = CreateSolidBrush(ground);
-        const RECT area{0, 0, width, height};
-        FillRect(context, &area, brush);
-        DeleteObject(brush);
-    }
-    Canvas(const Canvas&) = delete;
-    Canvas& operator=(const Canvas&) = delete;
-    ~Canvas() {
-        SelectObject(context, before_);
-        DeleteObject(bitmap_);
-        DeleteDC(context);
-    }
+    Picture(int width, int height, COLORREF ground)
+        : Canvas(width, height, ground), width_(width), height_(height) {}
 
     /// The strongest contrast of any pixel to `ground`, without a rim at the left and a smaller one around.
     [[nodiscard]] double strongest(COLORREF ground, int left = 0, int rim = 0) const {
@@ -103,26 +88,34 @@ public:
         return most;
     }
 
-    HDC context = nullptr;
-
 private:
     int width_;
     int height_;
-    HBITMAP bitmap_ = nullptr;
-    HGDIOBJ before_ = nullptr;
 };
 
 class Contrast : public ProductDialogs, public testing::WithParamInterface<Scheme> {
 protected:
+    /// Opens a dialog and plays `script` in the scheme, of which the dialog hears.
     template <class Form>
-    void open(const std::function<void(Form&)>& script) {
-        stage->whenShown<Form>([&](Form& form) {
+    void inScheme(const std::function<void(Form&)>& script) {
+        open<Form>([&](Form& form) {
             const SchemeInForce scheme(GetParam());
-            SendMessageW(reinterpret_cast<HWND>(form.window().handle()), WM_SYSCOLORCHANGE, 0, 0);
+            SendMessageW(windowOf(form.window()), WM_SYSCOLORCHANGE, 0, 0);
             script(form);
-            user.closeWindow(form.window());
         });
-        Form(application, page->window()).Show();
+    }
+    /// How the list is about to draw a row in this state.
+    static NMLVCUSTOMDRAW drawRow(const ui::Grid& grid, int row, UINT state) {
+        const HWND list = windowOf(grid);
+        NMLVCUSTOMDRAW drawing{};
+        drawing.nmcd.hdr = {list, static_cast<UINT_PTR>(GetDlgCtrlID(list)),
+                            static_cast<UINT>(NM_CUSTOMDRAW)};
+        drawing.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
+        drawing.nmcd.dwItemSpec = static_cast<DWORD_PTR>(row);
+        drawing.nmcd.uItemState = state;
+        drawing.clrTextBk = GetSysColor(COLOR_WINDOW);
+        SendMessageW(GetParent(list), WM_NOTIFY, drawing.nmcd.hdr.idFrom, reinterpret_cast<LPARAM>(&drawing));
+        return drawing;
     }
 
     static double ofImage(HIMAGELIST images, int index) {
@@ -130,14 +123,14 @@ protected:
         int width = 0;
         int height = 0;
         ImageList_GetIconSize(images, &width, &height);
-        const Canvas canvas(width, height, face);
+        const Picture canvas(width, height, face);
         ImageList_Draw(images, index, canvas.context, 0, 0, ILD_TRANSPARENT);
         return canvas.strongest(face);
     }
 };
 
 TEST_P(Contrast, ToolbarPicturesAreSeenEnabledAndDisabled) {
-    open<vexa::frmSendBugReport>([&](vexa::frmSendBugReport& form) {
+    inScheme<vexa::frmSendBugReport>([&](vexa::frmSendBugReport& form) {
         for (const UINT list : {TB_GETIMAGELIST, TB_GETDISABLEDIMAGELIST}) {
             const auto images =
                 reinterpret_cast<HIMAGELIST>(SendMessageW(windowOf(form.tbrProperties), list, 0, 0));
@@ -149,14 +142,14 @@ TEST_P(Contrast, ToolbarPicturesAreSeenEnabledAndDisabled) {
 }
 
 TEST_P(Contrast, PictureButtonsAreSeen) {
-    open<vexa::frmAttachment>([&](vexa::frmAttachment& form) {
+    inScheme<vexa::frmAttachment>([&](vexa::frmAttachment& form) {
         user.pickTab(form.sstAttachments, 1);
         for (const ui::Button* button : {&form.cmdAdd, &form.cmdRemove}) {
             const COLORREF face = GetSysColor(COLOR_BTNFACE);
             const auto icon =
                 reinterpret_cast<HICON>(SendMessageW(windowOf(*button), BM_GETIMAGE, IMAGE_ICON, 0));
             ASSERT_NE(icon, nullptr);
-            const Canvas canvas(16, 16, face);
+            const Picture canvas(16, 16, face);
             DrawIconEx(canvas.context, 0, 0, icon, 16, 16, 0, nullptr, DI_NORMAL);
             EXPECT_GE(canvas.strongest(face), GLYPH);
         }
@@ -164,13 +157,13 @@ TEST_P(Contrast, PictureButtonsAreSeen) {
 }
 
 TEST_P(Contrast, SwatchesHaveAnEdgeAndALegibleCaption) {
-    open<vexa::frmDispMatches>([&](vexa::frmDispMatches& form) {
+    inScheme<vexa::frmDispMatches>([&](vexa::frmDispMatches& form) {
         auto& swatch = dynamic_cast<win::Swatch&>(form.lblPenalty[0].get());
         const COLORREF face = GetSysColor(COLOR_BTNFACE);
         for (const UINT state : {0U, static_cast<UINT>(ODS_DISABLED)})
             for (const ui::Colour colour : {0x00FFFF, 0xFF0000, 0x808080, 0x0000FF, 0xFFFFFF, 0x000000}) {
                 swatch.setColour(colour);
-                const Canvas canvas(90, 26, face);
+                const Picture canvas(90, 26, face);
                 DRAWITEMSTRUCT item{};
                 item.itemState = state;
                 item.hwndItem = windowOf(form.lblPenalty[0]);
@@ -187,41 +180,22 @@ TEST_P(Contrast, SwatchesHaveAnEdgeAndALegibleCaption) {
 }
 
 TEST_P(Contrast, GreyedRowsAreLegibleAndTheSelectedOneIsTold) {
-    open<vexa::frmKBConfiguration>([&](vexa::frmKBConfiguration& form) {
+    inScheme<vexa::frmKBConfiguration>([&](vexa::frmKBConfiguration& form) {
         form.sftKBConfiguration.setCurrentRow(0);
         form.sftKBConfiguration.setAllRowsEnabled(false);
-        const auto colours = [&](int row, UINT state) {
-            NMLVCUSTOMDRAW drawing{};
-            drawing.nmcd.hdr = {windowOf(form.sftKBConfiguration), 0, static_cast<UINT>(NM_CUSTOMDRAW)};
-            drawing.nmcd.hdr.idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(drawing.nmcd.hdr.hwndFrom));
-            drawing.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
-            drawing.nmcd.dwItemSpec = static_cast<DWORD_PTR>(row);
-            drawing.nmcd.uItemState = state;
-            drawing.clrTextBk = GetSysColor(COLOR_WINDOW);
-            SendMessageW(GetParent(drawing.nmcd.hdr.hwndFrom), WM_NOTIFY, drawing.nmcd.hdr.idFrom,
-                         reinterpret_cast<LPARAM>(&drawing));
-            return std::pair(drawing.clrText, drawing.clrTextBk);
-        };
-        const auto selected = colours(0, CDIS_SELECTED);
-        const auto other = colours(1, 0);
-        EXPECT_GE(contrast(selected.first, selected.second), TEXT);
-        EXPECT_GE(contrast(other.first, other.second), TEXT);
-        EXPECT_GE(contrast(selected.second, other.second), GLYPH) << "also without the focus";
+        const NMLVCUSTOMDRAW selected = drawRow(form.sftKBConfiguration, 0, CDIS_SELECTED);
+        const NMLVCUSTOMDRAW other = drawRow(form.sftKBConfiguration, 1, 0);
+        EXPECT_GE(contrast(selected.clrText, selected.clrTextBk), TEXT);
+        EXPECT_GE(contrast(other.clrText, other.clrTextBk), TEXT);
+        EXPECT_GE(contrast(selected.clrTextBk, other.clrTextBk), GLYPH) << "also without the focus";
     });
 }
 
 TEST_P(Contrast, TheCurrentRowIsToldAlsoWithoutTheFocus) {
-    open<vexa::frmKBConfiguration>([&](vexa::frmKBConfiguration& form) {
+    inScheme<vexa::frmKBConfiguration>([&](vexa::frmKBConfiguration& form) {
         form.sftKBConfiguration.setCurrentRow(0);
         form.cmdCancel.setFocus();
-        const HWND list = windowOf(form.sftKBConfiguration);
-        NMLVCUSTOMDRAW drawing{};
-        drawing.nmcd.hdr = {list, static_cast<UINT_PTR>(GetDlgCtrlID(list)),
-                            static_cast<UINT>(NM_CUSTOMDRAW)};
-        drawing.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
-        drawing.nmcd.uItemState = CDIS_SELECTED;
-        drawing.clrTextBk = GetSysColor(COLOR_WINDOW);
-        SendMessageW(GetParent(list), WM_NOTIFY, drawing.nmcd.hdr.idFrom, reinterpret_cast<LPARAM>(&drawing));
+        const NMLVCUSTOMDRAW drawing = drawRow(form.sftKBConfiguration, 0, CDIS_SELECTED);
         EXPECT_GE(contrast(drawing.clrText, drawing.clrTextBk), TEXT);
         EXPECT_GE(contrast(drawing.clrTextBk, GetSysColor(COLOR_WINDOW)), GLYPH);
         EXPECT_EQ(drawing.nmcd.uItemState, 0U) << "the list view would show its own colours";

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/stage/user.h"
+#include "tests/windows/controls/canvas.h"
 #include "tests/windows/controls/test_form.h"
 #include "ui/contrast.h"
 #include "windows/controls/swatch.h"
@@ -97,8 +98,7 @@ TEST_F(OptionTest, ArrowsSelectTheNextEnabledOption) {
 // --- Check box and button ---------------------------------------------------------------------------------
 
 TEST_F(ControlsTest, ACheckBoxRaisesItsClickWhereItsStateChanges) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& check = form.control<ui::CheckBox>(IDC_testCheck);
+    withControl<ui::CheckBox>(IDC_testCheck, [&](TestForm& form, ui::CheckBox& check) {
         int clicks = 0;
         check.onClick = [&] { ++clicks; };
         check.setChecked(true);
@@ -117,8 +117,7 @@ TEST_F(ControlsTest, ACheckBoxRaisesItsClickWhereItsStateChanges) {
 }
 
 TEST_F(ControlsTest, EnterPressesTheDefaultButtonOnlyWhileItIsEnabled) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& ok = form.control<ui::Button>(IDOK);
+    withControl<ui::Button>(IDOK, [&](TestForm& form, ui::Button& ok) {
         int clicks = 0;
         ok.onClick = [&] { ++clicks; };
         form.control<ui::TextBox>(IDC_testText).setFocus();
@@ -162,8 +161,7 @@ std::wstring tipFor(HWND tips, HWND owner, HWND control) {
 }
 
 TEST_F(ControlsTest, ATipIsThereAsSoonAsTheMouseComesToItsControl) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& button = form.control<ui::Button>(IDC_testButton);
+    withControl<ui::Button>(IDC_testButton, [&](TestForm& form, ui::Button& button) {
         button.setTooltip(L"First");
         EXPECT_EQ(tooltipsOf(form.handle()), nullptr);
         user.moveMouse(button, 2, 2);
@@ -176,31 +174,25 @@ TEST_F(ControlsTest, ATipIsThereAsSoonAsTheMouseComesToItsControl) {
 }
 
 TEST_F(ControlsTest, APictureButtonBearsItsTooltipAsWindowTextAndKeepsItsEmptyCaption) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& button = form.control<ui::Button>(IDC_testPictureButton);
+    withControl<ui::Button>(IDC_testPictureButton, [&](TestForm&, ui::Button& button) {
         button.setTooltip(L"Removes the line");
-        wchar_t name[50];
-        GetWindowTextW(windowOf(button), name, 50);
-        EXPECT_EQ(std::wstring(name), L"Removes the line");
+        EXPECT_EQ(windowTextOf(windowOf(button)), L"Removes the line");
         EXPECT_EQ(button.text(), L"");
         EXPECT_EQ(button.tooltip(), L"Removes the line");
     });
 }
 
 TEST_F(ControlsTest, APageWhoseLastStopIsDisabledGivesTheFocusToItsHost) {
-    const HWND ok = CreateWindowExW(0, L"BUTTON", L"OK", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 50, 20,
-                                    host.window(), nullptr, nullptr, nullptr);
-    page->control<ui::TextBox>(IDC_testPageText).setEnabled(false);
-    auto& button = page->control<ui::Button>(IDC_testPageButton);
-    button.setFocus();
-    ASSERT_TRUE(button.hasFocus());
-    button.setEnabled(false);
+    const HWND ok = makeWindow(L"Button", WS_CHILD | WS_VISIBLE | WS_TABSTOP, {50, 20}, host.window());
+    pageText.setEnabled(false);
+    pageButton.setFocus();
+    ASSERT_TRUE(pageButton.hasFocus());
+    pageButton.setEnabled(false);
     EXPECT_EQ(GetFocus(), ok);
 }
 
 TEST_F(ControlsTest, ADisabledControlGivesTheFocusAway) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& button = form.control<ui::Button>(IDC_testButton);
+    withControl<ui::Button>(IDC_testButton, [&](TestForm&, ui::Button& button) {
         button.setFocus();
         ASSERT_TRUE(button.hasFocus());
         button.setEnabled(false);
@@ -228,8 +220,7 @@ TEST_F(ControlsTest, AFocusThatIsSetWhileTheDialogLoadsIsTheFirstOne) {
 // --- Swatch -----------------------------------------------------------------------------------------------
 
 TEST_F(ControlsTest, ASwatchAnswersExactlyTheColourThatWasSet) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& swatch = form.control<ui::Swatch>(IDC_testSwatch);
+    withControl<ui::Swatch>(IDC_testSwatch, [&](TestForm&, ui::Swatch& swatch) {
         for (const ui::Colour colour : {0x00FFFF, 0x7F123456, -1, static_cast<ui::Colour>(0x80000005)}) {
             swatch.setColour(colour);
             EXPECT_EQ(swatch.colour(), colour);
@@ -238,8 +229,7 @@ TEST_F(ControlsTest, ASwatchAnswersExactlyTheColourThatWasSet) {
 }
 
 TEST_F(ControlsTest, ASwatchIsPressedByMouseAndBySpace) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& swatch = form.control<ui::Swatch>(IDC_testSwatch);
+    withControl<ui::Swatch>(IDC_testSwatch, [&](TestForm& form, ui::Swatch& swatch) {
         int clicks = 0;
         swatch.onClick = [&] { ++clicks; };
         user.click(swatch);
@@ -254,42 +244,27 @@ TEST_F(ControlsTest, ASwatchIsPressedByMouseAndBySpace) {
 }
 
 TEST_F(ControlsTest, ASwatchWithoutCaptionBearsItsTooltipAsWindowText) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& swatch = form.control<ui::Swatch>(IDC_testBareSwatch);
+    withControl<ui::Swatch>(IDC_testBareSwatch, [&](TestForm& form, ui::Swatch& swatch) {
         swatch.setTooltip(L"Click here");
-        wchar_t name[50];
-        GetWindowTextW(windowOf(swatch), name, 50);
-        EXPECT_EQ(std::wstring(name), L"Click here");
+        EXPECT_EQ(windowTextOf(windowOf(swatch)), L"Click here");
         EXPECT_EQ(swatch.text(), L"");
         EXPECT_EQ(form.control<ui::Swatch>(IDC_testSwatch).text(), L"Colour");
     });
 }
 
 /// What a swatch draws in a canvas of its own size.
-class Drawing {
+class Drawing : public Canvas {
 public:
-    Drawing(win::Swatch& swatch, UINT state) {
-        const HDC screen = GetDC(nullptr);
-        canvas_ = CreateCompatibleDC(screen);
-        bitmap_ = CreateCompatibleBitmap(screen, WIDTH, HEIGHT);
-        ReleaseDC(nullptr, screen);
-        before_ = SelectObject(canvas_, bitmap_);
+    Drawing(win::Swatch& swatch, UINT state) : Canvas(WIDTH, HEIGHT) {
         DRAWITEMSTRUCT item{};
         item.CtlType = ODT_BUTTON;
         item.itemState = state;
         item.hwndItem = swatch.ControlBase::window();
-        item.hDC = canvas_;
+        item.hDC = context;
         item.rcItem = {0, 0, WIDTH, HEIGHT};
         swatch.onDrawItem(item);
     }
-    Drawing(const Drawing&) = delete;
-    Drawing& operator=(const Drawing&) = delete;
-    ~Drawing() {
-        SelectObject(canvas_, before_);
-        DeleteObject(bitmap_);
-        DeleteDC(canvas_);
-    }
-    [[nodiscard]] COLORREF pixel(int x, int y) const { return GetPixel(canvas_, x, y); }
+    [[nodiscard]] COLORREF pixel(int x, int y) const { return GetPixel(context, x, y); }
     [[nodiscard]] int count(COLORREF colour) const {
         int pixels = 0;
         for (int y = 4; y < HEIGHT - 4; ++y)
@@ -298,16 +273,19 @@ public:
     }
     static constexpr int WIDTH = 90;
     static constexpr int HEIGHT = 26;
-
-private:
-    HDC canvas_;
-    HBITMAP bitmap_;
-    HGDIOBJ before_;
 };
 
-TEST_F(ControlsTest, ASwatchPaintsTheLowerThreeBytesOfItsColourInsideAnEdge) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& swatch = dynamic_cast<win::Swatch&>(form.control<ui::Swatch>(IDC_testSwatch));
+class SwatchTest : public ControlsTest {
+protected:
+    void withSwatch(const std::function<void(win::Swatch&)>& script) {
+        withControl<ui::Swatch>(IDC_testSwatch, [&](TestForm&, ui::Swatch& swatch) {
+            script(dynamic_cast<win::Swatch&>(swatch));
+        });
+    }
+};
+
+TEST_F(SwatchTest, ASwatchPaintsTheLowerThreeBytesOfItsColourInsideAnEdge) {
+    withSwatch([](win::Swatch& swatch) {
         swatch.setColour(0x7F0000FF);
         const Drawing drawing(swatch, 0);
         EXPECT_EQ(drawing.pixel(3, 3), RGB(255, 0, 0));
@@ -315,9 +293,8 @@ TEST_F(ControlsTest, ASwatchPaintsTheLowerThreeBytesOfItsColourInsideAnEdge) {
     });
 }
 
-TEST_F(ControlsTest, ASwatchWritesItsCaptionInBlackOnBrightAndInWhiteOnDarkColours) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& swatch = dynamic_cast<win::Swatch&>(form.control<ui::Swatch>(IDC_testSwatch));
+TEST_F(SwatchTest, ASwatchWritesItsCaptionInBlackOnBrightAndInWhiteOnDarkColours) {
+    withSwatch([](win::Swatch& swatch) {
         for (const ui::Colour bright :
              {0x00FFFF, 0x00FF00, 0xFFFF00, 0xFF00FF, 0x0000FF, 0xFFFFFF, 0x808080}) {
             swatch.setColour(bright);
@@ -330,9 +307,8 @@ TEST_F(ControlsTest, ASwatchWritesItsCaptionInBlackOnBrightAndInWhiteOnDarkColou
     });
 }
 
-TEST_F(ControlsTest, ADisabledSwatchKeepsItsColourAndTellsByFrameAndCaption) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& swatch = dynamic_cast<win::Swatch&>(form.control<ui::Swatch>(IDC_testSwatch));
+TEST_F(SwatchTest, ADisabledSwatchKeepsItsColourAndTellsByFrameAndCaption) {
+    withSwatch([](win::Swatch& swatch) {
         for (const ui::Colour colour : {0x00FFFF, 0x00FF00, 0xFFFF00, 0xFF0000, 0xFF00FF, 0x0000FF, 0xFFFFFF,
                                         0x000000, 0x808080, 0x767676, 0x7F0000FF}) {
             SCOPED_TRACE(colour);
@@ -349,9 +325,8 @@ TEST_F(ControlsTest, ADisabledSwatchKeepsItsColourAndTellsByFrameAndCaption) {
     });
 }
 
-TEST_F(ControlsTest, ASelectedAndAFocusedSwatchLookDifferent) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& swatch = dynamic_cast<win::Swatch&>(form.control<ui::Swatch>(IDC_testSwatch));
+TEST_F(SwatchTest, ASelectedAndAFocusedSwatchLookDifferent) {
+    withSwatch([](win::Swatch& swatch) {
         swatch.setColour(0x00FF00);
         const COLORREF green = RGB(0, 255, 0);
         const int plain = Drawing(swatch, 0).count(green);
@@ -381,8 +356,7 @@ TEST_F(ControlsTest, ATextBoxRaisesItsChangeOncePerText) {
 }
 
 TEST_F(ControlsTest, AHandlerMayCorrectTheTextWithinTheChange) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& box = form.control<ui::TextBox>(IDC_testText);
+    withControl<ui::TextBox>(IDC_testText, [&](TestForm&, ui::TextBox& box) {
         int changes = 0;
         box.onChange = [&] {
             ++changes;
@@ -395,8 +369,7 @@ TEST_F(ControlsTest, AHandlerMayCorrectTheTextWithinTheChange) {
 }
 
 TEST_F(ControlsTest, ATextBoxTellsAndSetsItsSelection) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& box = form.control<ui::TextBox>(IDC_testText);
+    withControl<ui::TextBox>(IDC_testText, [&](TestForm&, ui::TextBox& box) {
         box.setText(L"abcdef");
         box.select(2, 3);
         EXPECT_EQ(box.selectionStart(), 2);
@@ -410,8 +383,7 @@ TEST_F(ControlsTest, ATextBoxTellsAndSetsItsSelection) {
 // --- Combo box --------------------------------------------------------------------------------------------
 
 TEST_F(ControlsTest, AComboBoxRaisesItsClickForTheUsersChoiceAlone) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& combo = form.control<ui::ComboBox>(IDC_testCombo);
+    withControl<ui::ComboBox>(IDC_testCombo, [&](TestForm& form, ui::ComboBox& combo) {
         for (const wchar_t* item : {L"one", L"two", L"three"}) combo.add(item);
         int clicks = 0;
         combo.onClick = [&] { ++clicks; };
@@ -435,8 +407,7 @@ TEST_F(ControlsTest, AComboBoxRaisesItsClickForTheUsersChoiceAlone) {
 }
 
 TEST_F(ControlsTest, AComboBoxThatIsMovedHasItsHeightAndAListThatDrops) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& combo = form.control<ui::ComboBox>(IDC_testCombo);
+    withControl<ui::ComboBox>(IDC_testCombo, [&](TestForm&, ui::ComboBox& combo) {
         const ui::Rect before = combo.bounds();
         combo.move({5, 5, before.width + 10, before.height});
         EXPECT_EQ(combo.bounds(), (ui::Rect{5, 5, before.width + 10, before.height}));
@@ -460,8 +431,7 @@ TEST_F(ControlsTest, AHiddenButtonHearsKeysAndMouseMovesThatOtherProgramsSend) {
 }
 
 TEST_F(ControlsTest, AKeyThatAHandlerTakesDoesNotReachTheControl) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& box = form.control<ui::TextBox>(IDC_testText);
+    withControl<ui::TextBox>(IDC_testText, [&](TestForm& form, ui::TextBox& box) {
         box.setFocus();
         box.onKeyDown = [](ui::KeyEvent& event) {
             if (event.key == 'A') event.key = 0;
@@ -473,8 +443,7 @@ TEST_F(ControlsTest, AKeyThatAHandlerTakesDoesNotReachTheControl) {
 }
 
 TEST_F(ControlsTest, APressThatAHandlerTakesDoesNotReachTheControl) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& button = form.control<ui::Button>(IDC_testButton);
+    withControl<ui::Button>(IDC_testButton, [&](TestForm&, ui::Button& button) {
         int clicks = 0;
         bool take = true;
         button.onClick = [&] { ++clicks; };
@@ -491,8 +460,7 @@ TEST_F(ControlsTest, APressThatAHandlerTakesDoesNotReachTheControl) {
 }
 
 TEST_F(ControlsTest, ModifierKeysAreToldWithAKey) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& box = form.control<ui::TextBox>(IDC_testText);
+    withControl<ui::TextBox>(IDC_testText, [&](TestForm& form, ui::TextBox& box) {
         int modifiers = -1;
         box.onKeyDown = [&](const ui::KeyEvent& event) { modifiers = event.modifiers; };
         box.setFocus();
@@ -502,8 +470,7 @@ TEST_F(ControlsTest, ModifierKeysAreToldWithAKey) {
 }
 
 TEST_F(ControlsTest, AHandlerThatThrowsHarmsNobody) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& button = form.control<ui::Button>(IDC_testButton);
+    withControl<ui::Button>(IDC_testButton, [&](TestForm& form, ui::Button& button) {
         button.onMouseDown = [](ui::MouseEvent&) { throw std::runtime_error("fails"); };
         button.onClick = [] { throw 7; };
         user.click(button);
@@ -512,8 +479,7 @@ TEST_F(ControlsTest, AHandlerThatThrowsHarmsNobody) {
 }
 
 TEST_F(ControlsTest, AHandlerMayReplaceItself) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& button = form.control<ui::Button>(IDC_testButton);
+    withControl<ui::Button>(IDC_testButton, [&](TestForm&, ui::Button& button) {
         int first = 0;
         int second = 0;
         button.onClick = [&, filler = std::wstring(100, L'x')] {
@@ -538,8 +504,7 @@ TEST_F(ControlsTest, AControlThatTheTemplateLacksIsALogicError) {
 }
 
 TEST_F(ControlsTest, APictureIsLoadedAnewInTheSizeItIsMovedTo) {
-    inDialog(IDD_testDialog, [&](TestForm& form) {
-        auto& picture = form.control<ui::Picture>(IDC_testPicture);
+    withControl<ui::Picture>(IDC_testPicture, [&](TestForm&, ui::Picture& picture) {
         const auto icon = [&] { return SendMessageW(windowOf(picture), STM_GETICON, 0, 0); };
         picture.move({0, 0, 32, 32});
         const LRESULT small = icon();

@@ -5,6 +5,7 @@
 #include "tests/support/source_folder.h"
 #include "tests/support/text.h"
 #include "tests/windows/controls/product_dialogs.h"
+#include "tests/windows/stage/ticker.h"
 
 namespace tests {
 namespace {
@@ -12,30 +13,19 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-std::wstring shown;
-
-BOOL CALLBACK noteText(HWND part, LPARAM) noexcept {
-    wchar_t text[4000] = L"";
-    GetWindowTextW(part, text, 4000);
-    if (std::wstring(text).size() > shown.size()) shown = text;
-    return TRUE;
-}
-
-/// Reads the help that is shown and closes it.
-void CALLBACK readHelp(HWND, UINT, UINT_PTR, DWORD) noexcept {
-    const HWND box = FindWindowW(L"#32770", L"What is this?");
-    if (box == nullptr) return;
-    EnumChildWindows(box, noteText, 0);
-    for (const WORD button : {IDOK, IDCANCEL}) PostMessageW(box, WM_COMMAND, button, 0);
-}
-
+/// The help that a message has shown; it is closed.
 std::wstring helpBy(HWND dialog, UINT message, WPARAM wParam) {
-    shown.clear();
-    const UINT_PTR timer = SetTimer(nullptr, 0, 50, readHelp);
+    std::wstring shown;
+    const Ticker reading(10, [&] {
+        const HWND box = FindWindowW(L"#32770", L"What is this?");
+        if (box == nullptr) return;
+        for (const HWND part : descendantsOf(box))
+            if (windowTextOf(part).size() > shown.size()) shown = windowTextOf(part);
+        for (const WORD button : {IDOK, IDCANCEL}) PostMessageW(box, WM_COMMAND, button, 0);
+    });
     HELPINFO question{};
     question.cbSize = sizeof question;
     SendMessageW(dialog, message, wParam, reinterpret_cast<LPARAM>(&question));
-    KillTimer(nullptr, timer);
     return shown;
 }
 

@@ -10,15 +10,14 @@ namespace {
 using testing::ElementsAre;
 
 TEST_F(ControlsTest, TheHostIsDisabledWhileADialogRunsAndGetsItsFocusBack) {
-    auto& button = page->control<ui::Button>(IDC_testPageButton);
-    button.setFocus();
+    pageButton.setFocus();
     inDialog(IDD_testDialog, [&](TestForm& form) {
         EXPECT_FALSE(IsWindowEnabled(host.window()));
         EXPECT_EQ(GetWindow(form.handle(), GW_OWNER), host.window());
-        EXPECT_FALSE(button.hasFocus());
+        EXPECT_FALSE(pageButton.hasFocus());
     });
     EXPECT_TRUE(IsWindowEnabled(host.window()));
-    EXPECT_TRUE(button.hasFocus());
+    EXPECT_TRUE(pageButton.hasFocus());
 }
 
 TEST_F(ControlsTest, AHostThatWasDisabledBeforeStaysDisabled) {
@@ -29,8 +28,7 @@ TEST_F(ControlsTest, AHostThatWasDisabledBeforeStaysDisabled) {
 
 TEST_F(ControlsTest, TheHostIsEnabledAgainBeforeTheDialogHides) {
     TestForm form(screen, IDD_testDialog, page.get());
-    screen.onModal = [&](ui::Form&) { form.close(); };
-    form.Show();
+    show(form, [&] { form.close(); });
     EXPECT_TRUE(IsWindowEnabled(host.window()));
     EXPECT_FALSE(IsWindowVisible(form.handle()));
     EXPECT_EQ(GetActiveWindow(), host.window());
@@ -60,8 +58,7 @@ TEST_F(ControlsTest, TheCloseBoxClosesAndAsksTheFormOnce) {
         ++asked;
         form.close();
     };
-    screen.onModal = [&](ui::Form&) { user.closeWindow(form.window()); };
-    form.Show();
+    show(form, [&] { user.closeWindow(form.window()); });
     form.close();
     EXPECT_EQ(asked, 1);
     EXPECT_FALSE(form.window().isOpen());
@@ -70,20 +67,18 @@ TEST_F(ControlsTest, TheCloseBoxClosesAndAsksTheFormOnce) {
 TEST_F(ControlsTest, AFormThatClosesWhileItLoadsIsNeverShown) {
     TestForm form(screen, IDD_testDialog, page.get());
     form.onLoad = [&] { form.close(); };
-    screen.onModal = [](ui::Form&) { FAIL() << "shown"; };
-    form.Show();
+    show(form, [&] { FAIL() << "shown"; });
     EXPECT_FALSE(form.window().isOpen());
 }
 
 TEST_F(ControlsTest, TheHostIsDisabledWhileAFormLoadsAndItsButtonsTakeNoKeyEither) {
     int clicks = 0;
-    auto& button = page->control<ui::Button>(IDC_testPageButton);
-    button.onClick = [&] { ++clicks; };
-    button.setFocus();
+    pageButton.onClick = [&] { ++clicks; };
+    pageButton.setFocus();
     TestForm form(screen, IDD_testDialog, page.get());
     form.onLoad = [&] {
         EXPECT_FALSE(IsWindowEnabled(host.window()));
-        user.click(button);
+        user.click(pageButton);
         user.press(*page, key::space, 0);
         user.press(*page, 'O', ui::modifier::alt);
         EXPECT_EQ(clicks, 0);
@@ -91,7 +86,7 @@ TEST_F(ControlsTest, TheHostIsDisabledWhileAFormLoadsAndItsButtonsTakeNoKeyEithe
     };
     form.Show();
     EXPECT_TRUE(IsWindowEnabled(host.window()));
-    EXPECT_TRUE(button.hasFocus());
+    EXPECT_TRUE(pageButton.hasFocus());
     user.press(*page, key::space, 0);
     EXPECT_EQ(clicks, 1);
 }
@@ -109,8 +104,7 @@ TEST_F(ControlsTest, TheHostThatClosesThePageWhileAFormLoadsEndsIt) {
         screen.closeAll();
         EXPECT_TRUE(screen.isClosing());
     };
-    screen.onModal = [](ui::Form&) { FAIL() << "shown"; };
-    form.Show();
+    show(form, [&] { FAIL() << "shown"; });
     EXPECT_FALSE(form.window().isOpen());
     EXPECT_FALSE(screen.isClosing());
 }
@@ -183,14 +177,13 @@ TEST_F(ClosingTest, ADestroyedPageTakesItsDialogsAlong) {
 }
 
 TEST_F(ClosingTest, AHostThatDestroysItsWindowEndsEveryModalLoop) {
-    const auto& button = page->control<ui::Button>(IDC_testPageButton);
     nested([&] { DestroyWindow(host.window()); });
     EXPECT_EQ(order.size(), 4U);
     EXPECT_EQ(order.back(), "outer ended");
     EXPECT_EQ(page->handle(), 0);
     EXPECT_FALSE(page->isOpen());
-    EXPECT_EQ(button.handle(), 0);
-    EXPECT_FALSE(button.hasFocus());
+    EXPECT_EQ(pageButton.handle(), 0);
+    EXPECT_FALSE(pageButton.hasFocus());
 }
 
 TEST_F(ClosingTest, AClosingThreadEndsEveryModalLoopAndTheHostSeesIt) {
@@ -232,8 +225,7 @@ TEST_F(ClosingTest, WhileTheLoopsReturnNewOnesEndAtOnce) {
 
 TEST_F(ControlsTest, AWindowThatIsToldToCloseByAControlStaysThePage) {
     SendMessageW(win::handleOf(page.get()), WM_CLOSE, 0, 0);
-    auto& notes = page->control<ui::TextBox>(IDC_testPageText);
-    notes.setFocus();
+    pageText.setFocus();
     user.press(*page, key::escape, 0);
     EXPECT_TRUE(IsWindow(win::handleOf(page.get())));
     EXPECT_TRUE(page->isOpen());
@@ -258,7 +250,7 @@ TEST_F(ControlsTest, APageThatIsResizedTellsItsForm) {
 
 TEST_F(ControlsTest, TheAccessKeysOfThePageWorkFromTheHostsDialog) {
     int clicks = 0;
-    page->control<ui::Button>(IDC_testPageButton).onClick = [&] { ++clicks; };
+    pageButton.onClick = [&] { ++clicks; };
     user.press(*page, 'O', ui::modifier::alt);
     EXPECT_EQ(clicks, 1);
 }

@@ -12,7 +12,8 @@
 #include "settings/frmDispMatches.h"
 #include "settings/frmSettings.h"
 #include "tests/kb/kb_test_base.h"
-#include "tests/windows/controls/child_windows.h"
+#include "tests/windows/stage/user.h"
+#include "tests/windows/stage/window_queries.h"
 
 namespace tests {
 
@@ -26,7 +27,10 @@ inline void PrintTo(const ProductDialog& dialog, std::ostream* stream) { *stream
 
 template <class Form>
 void showForm(vexa::Application& application, ui::Window& owner) {
-    Form(application, owner).Show();
+    if constexpr (std::is_constructible_v<Form, vexa::Application&, ui::Window&>)
+        Form(application, owner).Show();
+    else
+        Form(application, owner, [](ui::Window&) {}).Show();
 }
 
 inline constexpr ProductDialog PRODUCT_DIALOGS[] = {
@@ -34,10 +38,7 @@ inline constexpr ProductDialog PRODUCT_DIALOGS[] = {
     {"frmKnowledgeBase", showForm<vexa::frmKnowledgeBase>},
     {"frmNewFolder", showForm<vexa::frmNewFolder>},
     {"frmSelectDefaultKB", showForm<vexa::frmSelectDefaultKB>},
-    {"frmSettings",
-     [](vexa::Application& application, ui::Window& owner) {
-         vexa::frmSettings(application, owner, [](ui::Window&) {}).Show();
-     }},
+    {"frmSettings", showForm<vexa::frmSettings>},
     {"frmAttachment", showForm<vexa::frmAttachment>},
     {"frmDispMatches", showForm<vexa::frmDispMatches>},
     {"frmSendBugReport", showForm<vexa::frmSendBugReport>},
@@ -56,11 +57,15 @@ protected:
     /// Opens the dialog, plays `script` with its window and closes it.
     void inDialog(const ProductDialog& dialog, const std::function<void(ui::Form&, HWND)>& script) {
         stage->whenShown(Script([&](ui::Form& form) {
-            script(form, reinterpret_cast<HWND>(form.window().handle()));
+            script(form, windowOf(form.window()));
             if (form.window().isOpen()) user.closeWindow(form.window());
             if (form.window().isOpen()) form.window().close();
         }));
         dialog.show(application, page->window());
+    }
+    template <class Form>
+    void open(const std::function<void(Form&)>& script) {
+        inDialog({"", showForm<Form>}, [&](ui::Form& form, HWND) { script(dynamic_cast<Form&>(form)); });
     }
 };
 

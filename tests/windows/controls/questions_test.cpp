@@ -2,52 +2,42 @@
 #include <gmock/gmock.h>
 
 #include "tests/windows/controls/test_form.h"
+#include "tests/windows/stage/ticker.h"
 
 namespace tests {
 namespace {
 
 using testing::ElementsAre;
 
-std::wstring textOf(HWND window) {
-    wchar_t text[200];
-    GetWindowTextW(window, text, 200);
-    return text;
-}
-
 /// Runs once, inside the loop of the next question that opens above `owner`; without one, when a dialog box
 /// is active.
 class WhenAsked {
 public:
-    WhenAsked(HWND owner, std::function<void(HWND question)> action) {
-        owner_ = owner;
-        action_ = std::move(action);
-        timer_ = SetTimer(nullptr, 0, 30, look);
-    }
+    WhenAsked(HWND owner, std::function<void(HWND question)> action)
+        : owner_(owner), action_(std::move(action)) {}
     WhenAsked(const WhenAsked&) = delete;
     WhenAsked& operator=(const WhenAsked&) = delete;
-    ~WhenAsked() {
-        KillTimer(nullptr, timer_);
-        EXPECT_FALSE(action_) << "nothing was asked";
-        action_ = nullptr;
-    }
+    ~WhenAsked() { EXPECT_FALSE(action_) << "nothing was asked"; }
 
 private:
-    static void CALLBACK look(HWND, UINT, UINT_PTR, DWORD) noexcept {
+    void look() {
         const HWND question = owner_ != nullptr ? GetLastActivePopup(owner_) : GetActiveWindow();
         if (!action_ || question == owner_ || !IsWindowVisible(question)) return;
         std::exchange(action_, nullptr)(question);
     }
-    static inline HWND owner_ = nullptr;
-    static inline std::function<void(HWND)> action_;
-    UINT_PTR timer_;
+    HWND owner_;
+    std::function<void(HWND)> action_;
+    const Ticker ticker_{10, [this] { look(); }};
 };
+
+const ui::Message SURE{L"Sure?", L"Test", ui::MessageIcon::question, ui::MessageButtons::yesNo};
 
 void answer(HWND question, WORD command) { PostMessageW(question, WM_COMMAND, command, 0); }
 
 TEST_F(ControlsTest, AMessageBoxShowsItsTextAndButtonsAboveTheHost) {
     const WhenAsked asked(host.window(), [&](HWND box) {
-        EXPECT_EQ(textOf(box), L"Quillmark");
-        EXPECT_EQ(textOf(GetDlgItem(box, 0xFFFF)), L"Is it \u00FC?");
+        EXPECT_EQ(windowTextOf(box), L"Quillmark");
+        EXPECT_EQ(windowTextOf(GetDlgItem(box, 0xFFFF)), L"Is it \u00FC?");
         EXPECT_NE(GetDlgItem(box, IDYES), nullptr);
         EXPECT_NE(GetDlgItem(box, IDNO), nullptr);
         EXPECT_EQ(GetDlgItem(box, IDOK), nullptr);
@@ -71,8 +61,7 @@ TEST_F(ControlsTest, AMessageBoxOfOneButtonIsAnsweredByOk) {
 
 TEST_F(ControlsTest, AMessageBoxIsAnsweredByNoWhenTheHostClosesThePage) {
     const WhenAsked asked(host.window(), [&](HWND) { screen.closeAll(); });
-    const ui::Message question{L"Sure?", L"Test", ui::MessageIcon::question, ui::MessageButtons::yesNo};
-    EXPECT_EQ(screen.showMessage(page.get(), question), ui::MessageAnswer::no);
+    EXPECT_EQ(screen.showMessage(page.get(), SURE), ui::MessageAnswer::no);
     EXPECT_FALSE(screen.isClosing());
 }
 
@@ -88,8 +77,8 @@ TEST_F(ControlsTest, EnterAnswersWhatTheQuestionSays) {
             EXPECT_EQ(GetFocus(), GetDlgItem(box, expected == ui::MessageAnswer::yes ? IDYES : IDNO));
             PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 0);
         });
-        const ui::Message question{L"Sure?", L"Test", ui::MessageIcon::question, ui::MessageButtons::yesNo,
-                                   expected};
+        ui::Message question = SURE;
+        question.defaultAnswer = expected;
         EXPECT_EQ(screen.showMessage(page.get(), question), expected);
     }
 }
@@ -99,11 +88,9 @@ class HostsBox {
 public:
     /// A visible dialog box of the host, with one button.
     HostsBox(HWND owner, int button)
-        : handle_(CreateWindowExW(0, WC_DIALOG, L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, owner, nullptr,
-                                  nullptr, nullptr)) {
+        : handle_(makeWindow(L"#32770", WS_POPUP | WS_VISIBLE, {50, 50}, owner)) {
         SetWindowLongPtrW(handle_, DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(procedure));
-        CreateWindowExW(0, L"Button", L"", WS_CHILD, 0, 0, 9, 9, handle_,
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(button)), nullptr, nullptr);
+        SetWindowLongPtrW(makeWindow(L"Button", WS_CHILD, {9, 9}, handle_), GWLP_ID, button);
         commands.clear();
     }
     HostsBox(const HostsBox&) = delete;
@@ -128,8 +115,7 @@ TEST_F(ControlsTest, ClosingThePageLeavesBoxesOfTheHostAlone) {
         meanwhile = std::make_unique<HostsBox>(host.window(), IDNO);
         screen.closeAll();
     });
-    const ui::Message question{L"Sure?", L"Test", ui::MessageIcon::question, ui::MessageButtons::yesNo};
-    EXPECT_EQ(screen.showMessage(page.get(), question), ui::MessageAnswer::no);
+    EXPECT_EQ(screen.showMessage(page.get(), SURE), ui::MessageAnswer::no);
     deliverMessages();
     EXPECT_TRUE(HostsBox::commands.empty());
 }
@@ -155,8 +141,7 @@ TEST_F(ControlsTest, AQuestionThatIsCancelledBeforeItsWindowIsThereNeverOpens) {
 // In the background the host has no active window that could own the question.
 TEST_F(ControlsTest, AMessageWithoutAnOwnerKeepsTheUserFromAllWindowsOfTheTask) {
     ShowWindow(host.window(), SW_HIDE);
-    const HWND other = CreateWindowExW(0, L"Static", L"", WS_OVERLAPPEDWINDOW, 0, 0, 50, 50, nullptr, nullptr,
-                                       nullptr, nullptr);
+    const HWND other = makeWindow(L"Static", WS_OVERLAPPEDWINDOW, {50, 50});
     ShowWindow(other, SW_SHOWNA);
     SetForegroundWindow(GetDesktopWindow());
     ASSERT_EQ(GetActiveWindow(), nullptr);
@@ -176,7 +161,7 @@ protected:
     /// Answers the chooser by a command and notes its title.
     std::optional<ui::Colour> choose(ui::Colour initial, const std::wstring& asTitle, WORD command) {
         const WhenAsked asked(host.window(), [&](HWND chooser) {
-            title = textOf(chooser);
+            title = windowTextOf(chooser);
             answer(chooser, command);
         });
         return screen.chooseColour(*page, initial, asTitle);

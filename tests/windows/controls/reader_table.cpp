@@ -6,7 +6,7 @@
 #include <iostream>
 #include <set>
 
-#include "tests/windows/controls/child_windows.h"
+#include "tests/windows/stage/window_queries.h"
 
 namespace tests {
 namespace {

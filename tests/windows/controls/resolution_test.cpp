@@ -56,8 +56,7 @@ Sizes measure(HWND dialog) {
     Sizes sizes;
     sizes.font = fontHeight(GetDlgItem(dialog, IDCANCEL));
     for (const HWND control : controlsOf(dialog)) {
-        RECT place{};
-        GetWindowRect(control, &place);
+        const RECT place = placeOf(control);
         const std::wstring name = classOf(control) + L" " + std::to_wstring(GetDlgCtrlID(control));
         sizes.widths.emplace_back(name, place.right - place.left);
         sizes.heights.emplace_back(name, place.bottom - place.top);
@@ -76,10 +75,8 @@ constexpr int COMBO_EDGES = 8;
 
 SIZE sizingFrame(HWND dialog) {
     if ((GetWindowLongPtrW(dialog, GWL_STYLE) & WS_THICKFRAME) == 0) return {};
-    RECT outer{};
-    RECT inner{};
-    GetWindowRect(dialog, &outer);
-    GetClientRect(dialog, &inner);
+    const RECT outer = placeOf(dialog);
+    const RECT inner = innerAreaOf(dialog);
     return {outer.right - outer.left - inner.right, outer.bottom - outer.top - inner.bottom};
 }
 
@@ -100,21 +97,18 @@ void expectScaled(const Sizes& before, const Sizes& after, const SIZE& frame, do
 
 /// A window that people size grows no further than the screen.
 bool fitsTheScreen(HWND dialog, double factor) {
-    RECT place{};
-    GetWindowRect(dialog, &place);
+    const RECT place = placeOf(dialog);
     return (place.right - place.left) * factor <= GetSystemMetrics(SM_CXSCREEN) &&
            (place.bottom - place.top) * factor <= GetSystemMetrics(SM_CYSCREEN);
 }
 
 /// The message with which the system tells a window of its new monitor, and of the place that it should take.
 void moveToMonitor(HWND dialog, int dpi, double factor) {
-    RECT place{};
-    GetWindowRect(dialog, &place);
+    RECT place = placeOf(dialog);
     place.right = place.left + std::lround((place.right - place.left) * factor);
     place.bottom = place.top + std::lround((place.bottom - place.top) * factor);
     SendMessageW(dialog, DPI_CHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
-    RECT taken{};
-    GetWindowRect(dialog, &taken);
+    const RECT taken = placeOf(dialog);
     EXPECT_TRUE(EqualRect(&taken, &place));
 }
 
@@ -157,8 +151,7 @@ private:
 };
 
 SIZE innerSizeOf(HWND window) {
-    RECT inner{};
-    GetClientRect(window, &inner);
+    const RECT inner = innerAreaOf(window);
     return {inner.right, inner.bottom};
 }
 
@@ -190,17 +183,15 @@ TEST_P(Resolution, BiggerTextEnlargesTheDialogAndAllThatItHolds) {
 TEST_P(Resolution, BiggerTextLeavesTheDialogOnTheScreen) {
     const BiggerText wish(225);
     inDialog([&](ui::Form&, HWND dialog) {
-        RECT outer{};
+        const RECT outer = placeOf(dialog);
         RECT room{};
         RECT common{};
-        GetWindowRect(dialog, &outer);
         SystemParametersInfoW(SPI_GETWORKAREA, 0, &room, 0);
         IntersectRect(&common, &outer, &room);
         EXPECT_TRUE(EqualRect(&common, &outer));
         const SIZE inner = innerSizeOf(dialog);
         for (const HWND control : controlsOf(dialog)) {
-            RECT place{};
-            GetWindowRect(control, &place);
+            RECT place = placeOf(control);
             MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
             EXPECT_LE(place.right, inner.cx) << GetDlgCtrlID(control);
             EXPECT_LE(place.bottom, inner.cy) << GetDlgCtrlID(control);

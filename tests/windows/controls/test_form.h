@@ -7,6 +7,7 @@
 #include "tests/windows/stage/container.h"
 #include "tests/windows/stage/messages.h"
 #include "tests/windows/stage/user.h"
+#include "tests/windows/stage/window_queries.h"
 #include "ui/form.h"
 #include "windows/controls/screen.h"
 
@@ -44,21 +45,33 @@ protected:
         deliverMessages();
     }
 
+    /// Shows the form and plays `script` in its loop.
+    void show(TestForm& form, const std::function<void()>& script) {
+        screen.onModal = [&](ui::Form&) { script(); };
+        form.Show();
+        screen.onModal = nullptr;
+    }
     /// Shows a dialog above the page and plays `script` in it; closes it where the script does not.
     void inDialog(int templateIdentifier, std::function<void(TestForm&)> script) {
         TestForm form(screen, templateIdentifier, page.get());
-        screen.onModal = [&](ui::Form&) {
+        show(form, [&] {
             script(form);
             form.close();
-        };
-        form.Show();
-        screen.onModal = nullptr;
+        });
+    }
+    /// Shows the test dialog and plays `script` with one of its controls.
+    template <class Control>
+    void withControl(int identifier, std::function<void(TestForm&, Control&)> script) {
+        inDialog(IDD_testDialog, [&](TestForm& form) { script(form, form.control<Control>(identifier)); });
     }
 
     win::Screen screen{GetModuleHandleW(nullptr)};
     Container host{{300, 200}};
     std::unique_ptr<ui::Window> page = screen.createPage(IDD_testPage, host.window());
-    WindowsUser user;
+    ui::Button& pageButton = page->control<ui::Button>(IDC_testPageButton);
+    ui::TextBox& pageText = page->control<ui::TextBox>(IDC_testPageText);
+    const std::unique_ptr<User> windows = windowsUser();
+    User& user = *windows;
 };
 
 }  // namespace tests

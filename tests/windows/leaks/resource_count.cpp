@@ -3,8 +3,12 @@
 #include <windows.h>
 #include <winternl.h>
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <vector>
+
+#include "windows/controls/activation_context.h"
 
 namespace tests {
 namespace {
@@ -85,6 +89,8 @@ std::size_t countHandles() {
     return own;
 }
 
+INT_PTR CALLBACK ignoreAll(HWND, UINT, WPARAM, LPARAM) noexcept { return FALSE; }
+
 std::size_t countHeapBlocks() {
     std::size_t blocks = 0;
     HANDLE heaps[64];
@@ -107,6 +113,25 @@ ResourceCount countResources() {
     count.gdiObjects = countGdiObjects();
     countUserObjects(count);
     return count;
+}
+
+void expectSameObjects(const ResourceCount& before, const ResourceCount& after) {
+    EXPECT_EQ(after.windows, before.windows);
+    EXPECT_EQ(after.menus, before.menus);
+    EXPECT_EQ(after.icons, before.icons);
+    EXPECT_EQ(after.gdiObjects, before.gdiObjects);
+    EXPECT_EQ(after.handles, before.handles);
+}
+
+long heapBlocksBetween(const ResourceCount& before, const ResourceCount& after) {
+    return static_cast<long>(after.heapBlocks) - static_cast<long>(before.heapBlocks);
+}
+
+void openBare(int templateIdentifier, HWND parent) {
+    static const win::ActivationContext context{GetModuleHandleW(nullptr)};
+    const win::Activation themed(context);
+    DestroyWindow(CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(templateIdentifier), parent,
+                                     ignoreAll, 0));
 }
 
 bool heapCountsEachBlock() {

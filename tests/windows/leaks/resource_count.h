@@ -2,6 +2,8 @@
 // blocks. Wine keeps no counters of them, so they are counted one by one.
 #pragma once
 
+#include <windows.h>
+
 #include <cstddef>
 #include <ostream>
 
@@ -18,6 +20,13 @@ struct ResourceCount {
 };
 
 [[nodiscard]] ResourceCount countResources();
+
+/// Everything but the heap is as before.
+void expectSameObjects(const ResourceCount& before, const ResourceCount& after);
+[[nodiscard]] long heapBlocksBetween(const ResourceCount& before, const ResourceCount& after);
+
+/// Makes and destroys the dialog as the system alone does it.
+void openBare(int templateIdentifier, HWND parent = nullptr);
 
 /// Whether the heap counts each block for itself. Newer ones hand out small blocks from groups, which come
 /// and go as a whole: then the number of blocks says nothing.

@@ -3,16 +3,26 @@
 
 #include "tests/windows/com/fake_bag.h"
 #include "tests/windows/matrix/hostile_world.h"
+#include "tests/windows/stage/variants.h"
 
 namespace tests {
 
-/// Its values have a type that the control has to report.
-class HostileBag : public FakeBag {
+/// Something of the host's in which each call is told to the world.
+template <class Kept>
+class Hostile : public Kept {
 public:
-    explicit HostileBag(HostileWorld& world) : world_(world) {}
+    explicit Hostile(HostileWorld& world) : world_(world) {}
+
+protected:
+    HostileWorld& world_;
+};
+
+/// Its values have a type that the control has to report.
+class HostileBag : public Hostile<FakeBag> {
+public:
+    using Hostile::Hostile;
     STDMETHODIMP Read(LPCOLESTR, VARIANT* value, IErrorLog*) override {
-        value->vt = VT_BSTR;
-        value->bstrVal = SysAllocString(L"nonsense");
+        *value = text(SysAllocString(L"nonsense"));
         world_.called("a bag's Read");
         return S_OK;
     }
@@ -20,27 +30,21 @@ public:
         world_.called("a bag's Write");
         return FakeBag::Write(name, value);
     }
-
-private:
-    HostileWorld& world_;
 };
 
-class HostileErrorLog : public FakeErrorLog {
+class HostileErrorLog : public Hostile<FakeErrorLog> {
 public:
-    explicit HostileErrorLog(HostileWorld& world) : world_(world) {}
+    using Hostile::Hostile;
     STDMETHODIMP AddError(LPCOLESTR name, EXCEPINFO* error) override {
         world_.called("AddError");
         return FakeErrorLog::AddError(name, error);
     }
-
-private:
-    HostileWorld& world_;
 };
 
 /// Holds nothing and takes everything.
-class HostileStream : public Local<IStream> {
+class HostileStream : public Hostile<Local<IStream>> {
 public:
-    explicit HostileStream(HostileWorld& world) : world_(world) {}
+    using Hostile::Hostile;
     STDMETHODIMP Read(void*, ULONG, ULONG* read) override {
         if (read != nullptr) *read = 0;
         world_.called("a stream's Read");
@@ -62,9 +66,6 @@ public:
     STDMETHODIMP UnlockRegion(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) override { return E_NOTIMPL; }
     STDMETHODIMP Stat(STATSTG*, DWORD) override { return E_NOTIMPL; }
     STDMETHODIMP Clone(IStream**) override { return E_NOTIMPL; }
-
-private:
-    HostileWorld& world_;
 };
 
 }  // namespace tests

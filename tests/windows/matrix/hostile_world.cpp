@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "tests/windows/com/fake_bag.h"
+#include "tests/windows/stage/ticker.h"
 #include "workbench/world/imports.h"
 
 namespace tests {
@@ -12,26 +13,14 @@ namespace {
 
 constexpr wchar_t ROOT[] = L"Software\\Norvane\\Quillmark";
 constexpr wchar_t PROFILE[] = L"Software\\Norvane\\Quillmark\\";
-constexpr wchar_t MESSAGE_CLASS[] = L"Tests.MessageWindow";
 constexpr UINT TICK = 10;                 // milliseconds
 constexpr ULONGLONG TIME_TO_CLOSE = 300;  // milliseconds
 constexpr ULONGLONG PATIENCE = 15000;     // milliseconds
-
-HostileWorld* playing = nullptr;
 
 constexpr std::pair<const char*, const char*> PAIRS[] = {{"EnableModeless(FALSE)", "EnableModeless(TRUE)"},
                                                          {"OnInPlaceActivateEx", "OnInPlaceDeactivate"},
                                                          {"OnUIActivate", "OnUIDeactivate"},
                                                          {"OnFocus(TRUE)", "OnFocus(FALSE)"}};
-
-BOOL CALLBACK collectDialogs(HWND found, LPARAM dialogs) noexcept {
-    wchar_t name[16];
-    GetClassNameW(found, name, 16);
-    if (IsWindowVisible(found) && GetWindow(found, GW_OWNER) != nullptr && std::wstring(name) == L"#32770")
-        reinterpret_cast<std::vector<HWND>*>(dialogs)->insert(
-            reinterpret_cast<std::vector<HWND>*>(dialogs)->begin(), found);
-    return TRUE;
-}
 
 /// Closes a dialog as its user does, and answers a question by its refusal.
 void dismiss(HWND dialog) {
@@ -47,24 +36,6 @@ void WINAPI takeNoTime(DWORD) { SwitchToThread(); }
 }  // namespace
 
 // --- Whom the control calls -------------------------------------------------------------------------------
-
-MessageWindow::MessageWindow(std::function<void(UINT)> heard) : heard_(std::move(heard)) {
-    WNDCLASSW windowClass{};
-    windowClass.lpfnWndProc = procedure;
-    windowClass.lpszClassName = MESSAGE_CLASS;
-    RegisterClassW(&windowClass);
-    window_ = CreateWindowExW(0, MESSAGE_CLASS, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-}
-
-MessageWindow::~MessageWindow() { DestroyWindow(window_); }
-
-LRESULT CALLBACK MessageWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    auto* self = reinterpret_cast<MessageWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    // The rest is the system's.
-    if (self != nullptr && (message >= WM_USER || message == WM_KEYDOWN)) self->heard_(message);
-    return DefWindowProcW(window, message, wParam, lParam);
-}
 
 /// The host's sinks: of properties, of the view, of the object.
 class HostileWorld::Sink : public Local<IPropertyNotifySink> {
@@ -150,10 +121,8 @@ void HostileWorld::verb(LONG wanted) {
 
 void HostileWorld::connectSinks() {
     sink_ = std::make_unique<Sink>(*this);
-    com::Ptr<IConnectionPoint> point;
     DWORD cookie = 0;
-    as<IConnectionPointContainer>()->FindConnectionPoint(IID_IPropertyNotifySink, point.out());
-    EXPECT_EQ(point->Advise(sink_.get(), &cookie), S_OK);
+    EXPECT_EQ(notifications()->Advise(sink_.get(), &cookie), S_OK);
     EXPECT_EQ(as<IOleObject>()->Advise(&sink_->view, &cookie), S_OK);
     EXPECT_EQ(as<IViewObject2>()->SetAdvise(DVASPECT_CONTENT, 0, &sink_->view), S_OK);
 }
@@ -175,17 +144,13 @@ void HostileWorld::prepare() {
 
 /// False where the page has ended.
 bool HostileWorld::bringIn() {
-    as<IOleObject>()->SetClientSite(container.site());
+    enterSite();
     return SUCCEEDED(doVerb(OLEIVERB_UIACTIVATE));
 }
 
 void HostileWorld::finish() {
     disarm();
-    if (control) {
-        as<IOleObject>()->Close(OLECLOSE_NOSAVE);
-        as<IOleObject>()->SetClientSite(nullptr);
-        EXPECT_EQ(control.detach()->Release(), 0u) << "somebody keeps the control";
-    }
+    if (control) end();
     pump();
     EXPECT_EQ(library.canUnloadNow(), S_OK) << "something of the control is left";
     EXPECT_EQ(container.references(), 1u) << "the control keeps its container";
@@ -224,16 +189,6 @@ void HostileWorld::pump() {
         DispatchMessageW(&message);
     }
     if (quit) PostQuitMessage(0);
-}
-
-std::vector<HWND> HostileWorld::openDialogs() const {
-    std::vector<HWND> dialogs;
-    EnumThreadWindows(GetCurrentThreadId(), collectDialogs, reinterpret_cast<LPARAM>(&dialogs));
-    return dialogs;
-}
-
-void CALLBACK HostileWorld::tick(HWND, UINT, UINT_PTR, DWORD) noexcept {
-    if (playing != nullptr) playing->step();
 }
 
 /// Presses the next button once its dialog is there, then acts, then closes what is open. Runs inside the
@@ -278,22 +233,19 @@ bool HostileWorld::dismissNext(const std::vector<HWND>& dialogs) {
 }
 
 void HostileWorld::play(const Situation& situation, const std::function<void()>& act) {
-    playing = this;
     situation_ = &situation;
     act_ = &act;
     pressed_ = 0;
     dismissed_ = nullptr;
     began_ = GetTickCount64();
-    const UINT_PTR timer = SetTimer(nullptr, 0, TICK, tick);
+    const Ticker ticker(TICK, [this] { step(); });
     goOn();
     do {
         pump();
         MsgWaitForMultipleObjectsEx(0, nullptr, TICK, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     } while (act_ != nullptr || !openDialogs().empty());
-    KillTimer(nullptr, timer);
     pump();
     situation_ = nullptr;
-    playing = nullptr;
 }
 
 void HostileWorld::verifyAtRest() {

@@ -9,7 +9,9 @@
 #include <vector>
 
 #include "tests/windows/com/control_test.h"
+#include "tests/windows/stage/listener.h"
 #include "tests/windows/stage/scratch_folder.h"
+#include "tests/windows/stage/window_queries.h"
 
 namespace tests {
 
@@ -21,21 +23,6 @@ struct Situation {
     std::size_t depth = 0;
     /// What the open dialogs are made from, and the page where it has to be a new one each time.
     std::vector<int> templates = {};
-};
-
-/// A window without a place on the screen, for what is sent or posted to it.
-class MessageWindow {
-public:
-    explicit MessageWindow(std::function<void(UINT message)> heard);
-    MessageWindow(const MessageWindow&) = delete;
-    MessageWindow& operator=(const MessageWindow&) = delete;
-    ~MessageWindow();
-    [[nodiscard]] HWND window() const { return window_; }
-
-private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    std::function<void(UINT)> heard_;
-    HWND window_;
 };
 
 class HostileWorld : public ControlTest {
@@ -83,8 +70,6 @@ public:
 
     /// Dispatches what is pending; the end of the thread's loop stays for whoever has to see it.
     static void pump();
-    /// The dialogs and questions that are open, the innermost last.
-    [[nodiscard]] std::vector<HWND> openDialogs() const;
     /// What has been provoked comes at the latest when the dialogs end, which may be now.
     void waitNoLonger() { actedAt_ = 0; }
     /// Presses a button of the page or of a dialog, later.
@@ -104,15 +89,21 @@ private:
     bool dismissNext(const std::vector<HWND>& dialogs);
     /// Has `step` called when what is posted now has been handled, inside whatever loop runs by then.
     void goOn() const { PostMessageW(prompter_.window(), WM_USER, 0, 0); }
-    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) noexcept;
 
-    MessageWindow searchWindow_{[this](UINT message) { called("message " + std::to_string(message)); }};
+    Listener searchWindow_{[this](UINT message, WPARAM) {
+        // The rest is the system's.
+        if (message >= WM_USER || message == WM_KEYDOWN) called("message " + std::to_string(message));
+        return false;
+    }};
     std::unique_ptr<Sink> sink_;
     std::map<std::string, std::function<void()>> armed_;
     std::set<std::string> heard_;
     ScratchFolder baseFolder_;
     // The script of `play`.
-    MessageWindow prompter_{[this](UINT) { step(); }};
+    Listener prompter_{[this](UINT message, WPARAM) {
+        if (message == WM_USER) step();
+        return false;
+    }};
     const Situation* situation_ = nullptr;
     const std::function<void()>* act_ = nullptr;
     std::size_t pressed_ = 0;

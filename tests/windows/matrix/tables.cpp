@@ -30,6 +30,12 @@ void raiseOnAnotherThread(World& world) {
     std::thread([&] { world.runningAddIn().raiseProcessFinished(L"Mail", false); }).join();
 }
 
+/// A control of the innermost dialog; null where none is open.
+HWND inInnermost(int control) {
+    const std::vector<HWND> dialogs = openDialogs();
+    return dialogs.empty() ? nullptr : GetDlgItem(dialogs.back(), control);
+}
+
 // --- Provocations -----------------------------------------------------------------------------------------
 
 void activateAnew(World& world) {
@@ -88,23 +94,21 @@ void poll(World& world) {
 /// Opens a dialog where none is open. Its beginning or its end makes the call.
 std::function<void(World&)> openAndClose(int button) {
     return [button](World& world) {
-        if (world.openDialogs().empty()) world.press(world.pageWindow(), button);
+        if (openDialogs().empty()) world.press(world.pageWindow(), button);
         world.waitNoLonger();
     };
 }
 
 /// Presses a button of the innermost dialog.
 std::function<void(World&)> inDialog(int button) {
-    return [button](World& world) {
-        const std::vector<HWND> dialogs = world.openDialogs();
-        if (!dialogs.empty()) world.press(dialogs.back(), button);
+    return [button](World&) {
+        if (const HWND found = inInnermost(button)) PostMessageW(found, BM_CLICK, 0, 0);
     };
 }
 
 /// Ends the naming of a knowledgebase, where one is being named.
-void enterName(World& world) {
-    const std::vector<HWND> dialogs = world.openDialogs();
-    const HWND list = dialogs.empty() ? nullptr : GetDlgItem(dialogs.back(), IDC_sftKBConfiguration);
+void enterName(World&) {
+    const HWND list = inInnermost(IDC_sftKBConfiguration);
     const auto editor = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETEDITCONTROL, 0, 0));
     SetWindowTextW(editor, L"Post");
     if (editor != nullptr) PostMessageW(editor, WM_KEYDOWN, VK_RETURN, 1);
@@ -116,10 +120,9 @@ void removeAndFinish(World& world) {
     inDialog(IDYES)(world);
 }
 
-void sendReport(World& world) {
-    const std::vector<HWND> dialogs = world.openDialogs();
-    const HWND toolbar = dialogs.empty() ? nullptr : GetDlgItem(dialogs.back(), IDC_tbrBugReport);
-    if (toolbar != nullptr) PostMessageW(dialogs.back(), WM_COMMAND, SEND, reinterpret_cast<LPARAM>(toolbar));
+void sendReport(World&) {
+    if (const HWND toolbar = inInnermost(IDC_tbrBugReport))
+        PostMessageW(GetParent(toolbar), WM_COMMAND, SEND, reinterpret_cast<LPARAM>(toolbar));
 }
 
 void startWizard(World& world) {
@@ -154,9 +157,8 @@ void saveStream(World& world) {
 void edit(World& world, const std::vector<int>& path, int box) {
     const Situation dialog{"an edit", path, 1};
     world.play(dialog, [&] {
-        const HWND found = world.openDialogs().back();
-        SendMessageW(GetDlgItem(found, box), BM_CLICK, 0, 0);
-        PostMessageW(GetDlgItem(found, IDC_cmdOk), BM_CLICK, 0, 0);
+        SendMessageW(inInnermost(box), BM_CLICK, 0, 0);
+        PostMessageW(inInnermost(IDC_cmdOk), BM_CLICK, 0, 0);
     });
 }
 
@@ -169,12 +171,12 @@ std::function<void(World&)> chooseOther(int combo) {
     return [combo](World& world) {
         const Situation dialog{"a choice", {IDC_cmdSettings}, 1};
         world.play(dialog, [&] {
-            const HWND found = world.openDialogs().back();
-            const HWND box = GetDlgItem(found, combo);
+            const HWND box = inInnermost(combo);
             const LRESULT other = SendMessageW(box, CB_GETCURSEL, 0, 0) == 0 ? 1 : 0;
             SendMessageW(box, CB_SETCURSEL, static_cast<WPARAM>(other), 0);
-            SendMessageW(found, WM_COMMAND, MAKEWPARAM(combo, CBN_SELCHANGE), reinterpret_cast<LPARAM>(box));
-            PostMessageW(GetDlgItem(found, IDC_cmdOk), BM_CLICK, 0, 0);
+            SendMessageW(GetParent(box), WM_COMMAND, MAKEWPARAM(combo, CBN_SELCHANGE),
+                         reinterpret_cast<LPARAM>(box));
+            PostMessageW(inInnermost(IDC_cmdOk), BM_CLICK, 0, 0);
         });
     };
 }

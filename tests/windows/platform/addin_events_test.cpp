@@ -10,6 +10,7 @@
 #include "common/error.h"
 #include "tests/windows/platform/addin_stand_in.h"
 #include "tests/windows/stage/messages.h"
+#include "tests/windows/stage/variants.h"
 #include "windows/platform/addin.h"
 #include "windows/platform/addin_sink.h"
 
@@ -31,25 +32,15 @@ protected:
     }
 };
 
-VARIANTARG integer(LONG value) {
-    VARIANTARG argument{};
-    argument.vt = VT_I4;
-    argument.lVal = value;
-    return argument;
+com::Ptr<win::AddInSink> newSink(vexa::AddIn::ProcessFinished handler) {
+    return com::Ptr<win::AddInSink>::attach(
+        new win::AddInSink({__uuidof(_IOlAddInEvents), 1}, std::move(handler)));
 }
 
-VARIANTARG reference(VARTYPE type, void* target) {
-    VARIANTARG argument{};
-    argument.vt = static_cast<VARTYPE>(type | VT_BYREF);
-    argument.byref = target;
-    return argument;
-}
-
-VARIANTARG text(const com::Bstr& value) {
-    VARIANTARG argument{};
-    argument.vt = VT_BSTR;
-    argument.bstrVal = value.get();
-    return argument;
+/// An event without arguments.
+HRESULT raiseBare(IDispatch& sink) {
+    DISPPARAMS none{};
+    return sink.Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
 }
 
 // --- Finding the event ------------------------------------------------------------------------------------
@@ -113,7 +104,7 @@ TEST_F(AddInEventsTest, ArgumentsMayComeByReference) {
     BSTR nameTarget = name.get();
     VARIANT_BOOL keepTarget = VARIANT_TRUE;
     EXPECT_EQ(object.raise(1, {reference(VT_BOOL, &keepTarget), reference(VT_BSTR, &nameTarget)}), S_OK);
-    VARIANT inner = text(name);
+    VARIANT inner = text(name.get());
     EXPECT_EQ(object.raise(1, {integer(0), reference(VT_VARIANT, &inner)}), S_OK);
     EXPECT_THAT(received, ElementsAre(Pair(L"Mail", true), Pair(L"Mail", false)));
 }
@@ -122,22 +113,20 @@ TEST_F(AddInEventsTest, ArgumentsOfOtherTypesAreConverted) {
     const auto connection = connect();
     const com::Bstr yes(L"True");
     EXPECT_EQ(object.raise(1, {integer(5), integer(12)}), S_OK);
-    EXPECT_EQ(object.raise(1, {text(yes), integer(-1)}), S_OK);
+    EXPECT_EQ(object.raise(1, {text(yes.get()), integer(-1)}), S_OK);
     EXPECT_THAT(received, ElementsAre(Pair(L"12", true), Pair(L"-1", true)));
 }
 
 TEST_F(AddInEventsTest, ANameThatIsNoStringAtAllIsTheEmptyText) {
     const auto connection = connect();
-    VARIANTARG none{};
-    none.vt = VT_BSTR;
-    EXPECT_EQ(object.raise(1, {integer(0), none}), S_OK);
+    EXPECT_EQ(object.raise(1, {integer(0), text(nullptr)}), S_OK);
     EXPECT_THAT(received, ElementsAre(Pair(L"", false)));
 }
 
 TEST_F(AddInEventsTest, ArgumentsThatDoNotConvertAreRefused) {
     const auto connection = connect();
     const com::Bstr name(L"Mail");
-    EXPECT_EQ(object.raise(1, {text(name), text(name)}), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(object.raise(1, {text(name.get()), text(name.get())}), DISP_E_TYPEMISMATCH);
     VARIANTARG nothing{};
     nothing.vt = VT_UNKNOWN;
     EXPECT_TRUE(FAILED(object.raise(1, {integer(0), nothing})));
@@ -175,9 +164,7 @@ TEST_F(AddInEventsTest, EventsAfterTheEndAreHarmless) {
     auto connection = connect();
     com::Ptr<IDispatch> sink(&object.sink());
     connection.reset();
-    DISPPARAMS none{};
-    EXPECT_EQ(sink->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
-              DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(raiseBare(*sink.get()), DISP_E_MEMBERNOTFOUND);
     EXPECT_TRUE(received.empty());
 }
 
@@ -267,10 +254,7 @@ TEST_F(AddInEventsTest, AnEventOfAnotherThreadThatWaitsAtTheEndIsDropped) {
     deliverMessages();
     EXPECT_TRUE(received.empty());
     HRESULT raised = S_OK;
-    onAnotherThread([&] {
-        DISPPARAMS none{};
-        raised = sink->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
-    });
+    onAnotherThread([&] { raised = raiseBare(*sink.get()); });
     EXPECT_EQ(raised, DISP_E_MEMBERNOTFOUND);
 }
 
@@ -297,10 +281,7 @@ TEST_F(AddInEventsTest, AnErrorInTheHandlerOfACarriedEventGoesNowhere) {
 
 TEST(AddInSinkTest, AnEventForAThreadThatHasEndedIsRefused) {
     com::Ptr<win::AddInSink> sink;
-    onAnotherThread([&] {
-        sink = com::Ptr<win::AddInSink>::attach(new win::AddInSink(
-            {__uuidof(_IOlAddInEvents), 1}, [](const std::wstring&, bool) { FAIL() << "on a dead thread"; }));
-    });
+    onAnotherThread([&] { sink = newSink([](const std::wstring&, bool) { FAIL() << "on a dead thread"; }); });
     VARIANTARG arguments[] = {integer(1), integer(2)};
     DISPPARAMS parameters{arguments, nullptr, 2, 0};
     EXPECT_TRUE(
@@ -322,8 +303,7 @@ TEST_F(AddInEventsTest, ManyThreadsAtOnceLoseNothing) {
 // --- The sink by itself -----------------------------------------------------------------------------------
 
 TEST(AddInSinkTest, OffersItselfAsItsSourceInterfaceOnly) {
-    const auto sink = com::Ptr<win::AddInSink>::attach(
-        new win::AddInSink({__uuidof(_IOlAddInEvents), 1}, [](const std::wstring&, bool) {}));
+    const auto sink = newSink([](const std::wstring&, bool) {});
     EXPECT_TRUE(sink.as<IDispatch>());
     EXPECT_TRUE(sink.as<_IOlAddInEvents>());
     EXPECT_FALSE(sink.as<IOlAddIn>());
@@ -331,8 +311,7 @@ TEST(AddInSinkTest, OffersItselfAsItsSourceInterfaceOnly) {
 }
 
 TEST(AddInSinkTest, HasNoTypeInformation) {
-    const auto sink = com::Ptr<win::AddInSink>::attach(
-        new win::AddInSink({__uuidof(_IOlAddInEvents), 1}, [](const std::wstring&, bool) {}));
+    const auto sink = newSink([](const std::wstring&, bool) {});
     UINT count = 7;
     ITypeInfo* information = reinterpret_cast<ITypeInfo*>(1);
     EXPECT_EQ(sink->GetTypeInfoCount(&count), S_OK);

@@ -2,26 +2,15 @@
 #include <gtest/gtest.h>
 
 #include "tests/windows/platform/addin_stand_in.h"
+#include "tests/windows/stage/local.h"
 #include "windows/platform/addin.h"
 
 namespace tests {
 namespace {
 
-constexpr const wchar_t* CLASSES = L"Software\\Classes\\";
-constexpr const wchar_t* PROG_ID = L"Tarnwell.OlAddIn.1";
-
-void setDefault(const std::wstring& key, const std::wstring& text) {
-    RegSetKeyValueW(HKEY_LOCAL_MACHINE, (CLASSES + key).c_str(), nullptr, REG_SZ, text.c_str(),
-                    static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
-}
-
 class AddInLocatorTest : public testing::Test {
 protected:
-    AddInLocatorTest() {
-        wchar_t classId[40];
-        StringFromGUID2(__uuidof(OlAddIn), classId, 40);
-        setDefault(std::wstring(PROG_ID) + L"\\CLSID", classId);
-    }
+    AddInLocatorTest() { registerAddIn(); }
     ~AddInLocatorTest() override { stopRunning(); }
 
     void startRunning(IUnknown& running) {
@@ -44,18 +33,6 @@ private:
     DWORD registration_ = 0;
 };
 
-/// Answers every question for an interface but IUnknown with no.
-class ForeignObject final : public IUnknown {
-public:
-    ~ForeignObject() = default;
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
-        *out = iid == __uuidof(IUnknown) ? this : nullptr;
-        return *out != nullptr ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-};
-
 TEST_F(AddInLocatorTest, FindsTheRunningAddIn) {
     startRunning(static_cast<IOlAddIn&>(object));
     const auto addIn = locator.running();
@@ -76,7 +53,7 @@ TEST_F(AddInLocatorTest, AnAddInThatStoppedIsNotFoundAgainButAnOldReferenceStays
 }
 
 TEST_F(AddInLocatorTest, AnObjectWithoutTheAddInsInterfaceIsNone) {
-    ForeignObject foreign;
+    Local<IUnknown> foreign;
     startRunning(foreign);
     EXPECT_FALSE(locator.running());
     stopRunning();  // while the object still lives
@@ -84,7 +61,7 @@ TEST_F(AddInLocatorTest, AnObjectWithoutTheAddInsInterfaceIsNone) {
 
 TEST_F(AddInLocatorTest, WithoutARegisteredNameThereIsNone) {
     startRunning(static_cast<IOlAddIn&>(object));
-    RegDeleteTreeW(HKEY_LOCAL_MACHINE, (std::wstring(CLASSES) + PROG_ID).c_str());
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\Tarnwell.OlAddIn.1");
     EXPECT_FALSE(locator.running());
 }
 

@@ -106,7 +106,7 @@ TEST_F(AddInProxyTest, EveryOtherPositionIsReserved) {
     for (int position = 1; position <= 48; ++position) {
         if (std::ranges::count(used, position) > 0) continue;
         callAtPosition(object, position);
-        expected.push_back("position " + std::to_string(position));
+        expected.push_back("reserved(" + std::to_string(position) + ")");
     }
     EXPECT_EQ(object.calls, expected);
 }

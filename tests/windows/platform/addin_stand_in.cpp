@@ -1,16 +1,12 @@
 #include "tests/windows/platform/addin_stand_in.h"
 
 #include "RenumberedEvents.h"
+#include "tests/windows/stage/variants.h"
+#include "windows/com/snapshot_enumerator.h"
 #include "windows/platform/module.h"
 
 namespace tests {
 namespace {
-
-std::string quoted(BSTR text) {
-    if (text == nullptr) return "none";
-    const std::wstring wide = com::toText(text);
-    return "\"" + std::string(wide.begin(), wide.end()) + "\"";
-}
 
 void leaveErrorInformation(const std::wstring& description) {
     com::Ptr<ICreateErrorInfo> creator;
@@ -20,39 +16,6 @@ void leaveErrorInformation(const std::wstring& description) {
     SetErrorInfo(0, creator.as<IErrorInfo>().get());
 }
 
-/// The one connection point, as a list.
-class OnePoint final : public IEnumConnectionPoints {
-public:
-    explicit OnePoint(IConnectionPoint* point) : point_(point) {}
-    ~OnePoint() = default;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
-    HRESULT STDMETHODCALLTYPE Next(ULONG, IConnectionPoint** points, ULONG* fetched) override {
-        if (fetched != nullptr) *fetched = given_ ? 0 : 1;
-        if (given_) return S_FALSE;
-        given_ = true;
-        *points = com::Ptr<IConnectionPoint>(point_).detach();
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE Skip(ULONG) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reset() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Clone(IEnumConnectionPoints**) override { return E_NOTIMPL; }
-
-private:
-    ULONG references_ = 1;
-    IConnectionPoint* point_;
-    bool given_ = false;
-};
-
 template <class Interface>
 HRESULT give(Interface* object, void** out) {
     object->AddRef();
@@ -61,6 +24,13 @@ HRESULT give(Interface* object, void** out) {
 }
 
 }  // namespace
+
+void registerAddIn() {
+    wchar_t classId[39];  // the text of a GUID and its end, no more: COM reads no longer value
+    StringFromGUID2(__uuidof(OlAddIn), classId, 39);
+    RegSetKeyValueW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\Tarnwell.OlAddIn.1\\CLSID", nullptr, REG_SZ,
+                    classId, sizeof classId);
+}
 
 com::Ptr<ITypeInfo> addInTypeInformation(REFGUID identifier, const wchar_t* libraryNumber) {
     com::Ptr<ITypeLib> library;
@@ -73,66 +43,39 @@ com::Ptr<ITypeInfo> addInTypeInformation(REFGUID identifier, const wchar_t* libr
 
 // --- The add-in's operations ------------------------------------------------------------------------------
 
-HRESULT AddInStandIn::noted(const std::string& line) {
-    calls.push_back(line);
+HRESULT AddInStandIn::called(const std::string& operation, const std::string& arguments) {
+    calls.push_back(operation + "(" + arguments + ")");
     if (FAILED(answer) && !description.empty()) leaveErrorInformation(description);
     return answer;
 }
 
+std::string AddInStandIn::shown(BSTR text) {
+    if (text == nullptr) return "none";
+    const std::wstring wide = com::toText(text);
+    return "\"" + std::string(wide.begin(), wide.end()) + "\"";
+}
+
 HRESULT AddInStandIn::answered(const char* operation, VARIANT_BOOL* result) {
     *result = flag;
-    return noted(std::string(operation) + "()");
+    return noted(operation);
 }
-
-HRESULT AddInStandIn::reserved(int position) { return noted("position " + std::to_string(position)); }
-
-HRESULT AddInStandIn::SetDefaultKnowledgebase(BSTR name) {
-    return noted("SetDefaultKnowledgebase(" + quoted(name) + ")");
-}
-HRESULT AddInStandIn::SetLogging(VARIANT_BOOL on) { return noted("SetLogging(" + std::to_string(on) + ")"); }
-HRESULT AddInStandIn::NotifyKbAdded(BSTR name) { return noted("NotifyKbAdded(" + quoted(name) + ")"); }
-HRESULT AddInStandIn::NotifyKbRemoved(BSTR name) { return noted("NotifyKbRemoved(" + quoted(name) + ")"); }
-HRESULT AddInStandIn::NotifyKbRenamed(BSTR oldName, BSTR newName) {
-    return noted("NotifyKbRenamed(" + quoted(oldName) + ", " + quoted(newName) + ")");
-}
-HRESULT AddInStandIn::NotifyKbRebuild(BSTR name) { return noted("NotifyKbRebuild(" + quoted(name) + ")"); }
-HRESULT AddInStandIn::NotifyKbUpdate(BSTR name) { return noted("NotifyKbUpdate(" + quoted(name) + ")"); }
-HRESULT AddInStandIn::IsProcessing(VARIANT_BOOL* result) { return answered("IsProcessing", result); }
-HRESULT AddInStandIn::IsAutoUpdateRunning(VARIANT_BOOL* result) {
-    return answered("IsAutoUpdateRunning", result);
-}
-HRESULT AddInStandIn::SendMail(BSTR subject, BSTR body, BSTR richBody, BSTR to, BSTR cc, long importance,
-                               VARIANT_BOOL flagArgument) {
-    return noted("SendMail(" + quoted(subject) + ", " + quoted(body) + ", " + quoted(richBody) + ", " +
-                 quoted(to) + ", " + quoted(cc) + ", " + std::to_string(importance) + ", " +
-                 std::to_string(flagArgument) + ")");
-}
-HRESULT AddInStandIn::SetFindShortcut(long shortcut) {
-    return noted("SetFindShortcut(" + std::to_string(shortcut) + ")");
-}
-HRESULT AddInStandIn::IsSearching(VARIANT_BOOL* result) { return answered("IsSearching", result); }
 
 // --- Its event --------------------------------------------------------------------------------------------
 
-HRESULT AddInStandIn::raise(DISPID member, std::vector<VARIANTARG> reversedArguments) {
+HRESULT AddInStandIn::raise(DISPID member, std::vector<VARIANTARG> reversedArguments) const {
     DISPPARAMS parameters{reversedArguments.data(), nullptr, static_cast<UINT>(reversedArguments.size()), 0};
+    std::vector<com::Ptr<IDispatch>> all = kept_;  // a sink may disconnect while it is called
+    for (const auto& [cookie, sink] : connected_) all.push_back(sink);
     HRESULT result = S_OK;
-    const auto sinks = sinks_;  // a sink may disconnect while it is called
-    for (const auto& [cookie, sink] : sinks)
+    for (const auto& sink : all)
         result = sink->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr,
                               nullptr, nullptr);
     return result;
 }
 
-HRESULT AddInStandIn::raiseProcessFinished(const std::wstring& project, bool keepList) {
-    const com::Bstr text(project);
-    VARIANTARG name{};
-    name.vt = VT_BSTR;
-    name.bstrVal = text.get();
-    VARIANTARG keep{};
-    keep.vt = VT_BOOL;
-    keep.boolVal = keepList ? VARIANT_TRUE : VARIANT_FALSE;
-    return raise(1, {keep, name});
+HRESULT AddInStandIn::raiseProcessFinished(const std::wstring& project, bool keepList) const {
+    const com::Bstr name(project);
+    return raise(1, {tests::flag(keepList), text(name.get())});
 }
 
 const IID& AddInStandIn::source() const {
@@ -159,20 +102,20 @@ HRESULT AddInStandIn::GetTypeInfo(UINT, LCID, ITypeInfo** information) {
 }
 
 HRESULT AddInStandIn::EnumConnectionPoints(IEnumConnectionPoints** points) {
-    *points = new OnePoint(this);
-    return S_OK;
+    *points = new com::SnapshotEnumerator<IEnumConnectionPoints, IConnectionPoint*>({this});
+    return noted("EnumConnectionPoints");
 }
 
 HRESULT AddInStandIn::FindConnectionPoint(REFIID wanted, IConnectionPoint** point) {
     *point = nullptr;
     if (wanted != source()) return CONNECT_E_NOCONNECTION;
     *point = com::Ptr<IConnectionPoint>(this).detach();
-    return S_OK;
+    return noted("FindConnectionPoint");
 }
 
 HRESULT AddInStandIn::GetConnectionInterface(IID* identifier) {
     *identifier = source();
-    return S_OK;
+    return noted("GetConnectionInterface");
 }
 
 HRESULT AddInStandIn::GetConnectionPointContainer(IConnectionPointContainer** container) {
@@ -186,12 +129,17 @@ HRESULT AddInStandIn::Advise(IUnknown* sink, DWORD* cookie) {
     // As add-ins do: they ask for their own source interface.
     if (FAILED(sink->QueryInterface(source(), events.outVoid()))) return CONNECT_E_CANNOTCONNECT;
     *cookie = nextCookie_++;
-    sinks_.emplace(*cookie, std::move(events));
+    connected_.emplace(*cookie, std::move(events));
+    noted("Advise");
     return offer.advise;
 }
 
 HRESULT AddInStandIn::Unadvise(DWORD cookie) {
-    return sinks_.erase(cookie) == 1 ? S_OK : CONNECT_E_NOCONNECTION;
+    const auto found = connected_.find(cookie);
+    if (found == connected_.end()) return CONNECT_E_NOCONNECTION;
+    if (offer.keepsSinks) kept_.push_back(found->second);
+    connected_.erase(found);
+    return noted("Unadvise");
 }
 
 HRESULT AddInStandIn::GetClassInfo(ITypeInfo** information) {

@@ -11,9 +11,11 @@
 #include <atomic>
 #include <functional>
 #include <map>
+#include <thread>
 
 #include "common/error.h"
 #include "tests/windows/controls/test_form.h"
+#include "tests/windows/stage/listener.h"
 
 namespace tests {
 namespace {
@@ -32,9 +34,9 @@ protected:
 };
 
 TEST_F(DesktopTest, AMessageReachesItsReceiverBeforeTheCallReturns) {
-    auto& box = page->control<ui::TextBox>(IDC_testPageText);
-    EXPECT_TRUE(desktop.sendMessage(box.handle(), WM_SETTEXT, 0, reinterpret_cast<std::intptr_t>("text")));
-    EXPECT_EQ(box.text(), L"text");
+    EXPECT_TRUE(
+        desktop.sendMessage(pageText.handle(), WM_SETTEXT, 0, reinterpret_cast<std::intptr_t>("text")));
+    EXPECT_EQ(pageText.text(), L"text");
 }
 
 TEST_F(DesktopTest, AMessageToADeadWindowOrToAllDoesNothing) {
@@ -54,8 +56,7 @@ constexpr WPARAM LIVELY = 1;
 class BusyWindow {
 public:
     BusyWindow() {
-        ready_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-        thread_ = CreateThread(nullptr, 0, run, this, 0, nullptr);
+        thread_ = std::thread([this] { run(); });
         WaitForSingleObject(ready_, INFINITE);
     }
     BusyWindow(const BusyWindow&) = delete;
@@ -63,8 +64,7 @@ public:
     ~BusyWindow() {
         SetEvent(awake_);
         PostMessageW(window_, WM_CLOSE, 0, 0);
-        WaitForSingleObject(thread_, INFINITE);
-        CloseHandle(thread_);
+        thread_.join();
         CloseHandle(ready_);
         CloseHandle(awake_);
     }
@@ -75,15 +75,12 @@ public:
     std::atomic<HWND> tell = nullptr;
 
 private:
-    static DWORD CALLBACK run(void* self) noexcept {
-        auto& busy = *static_cast<BusyWindow*>(self);
-        busy.window_ =
-            CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
-        SetWindowSubclass(busy.window_, procedure, 1, reinterpret_cast<DWORD_PTR>(self));
-        SetEvent(busy.ready_);
+    void run() {
+        window_ = makeWindow(L"Static", WS_POPUP);
+        SetWindowSubclass(window_, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+        SetEvent(ready_);
         MSG message;
         while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
-        return 0;
     }
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                       DWORD_PTR self) noexcept {
@@ -102,10 +99,10 @@ private:
         return DefSubclassProc(window, message, wParam, lParam);
     }
 
-    HANDLE ready_ = nullptr;
+    HANDLE ready_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     HANDLE awake_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-    HANDLE thread_ = nullptr;
     HWND window_ = nullptr;
+    std::thread thread_;
 };
 
 constexpr int FOR_GOOD = 60'000;
@@ -122,10 +119,9 @@ TEST_F(DesktopTest, AReceiverThatWorksIsWaitedFor) {
 // As a search window that tells its page something before it answers.
 TEST_F(DesktopTest, WhatTheReceiverSendsBackMeanwhileIsHandled) {
     BusyWindow busy;
-    auto& box = page->control<ui::TextBox>(IDC_testPageText);
-    busy.tell = windowOf(box);
+    busy.tell = windowOf(pageText);
     EXPECT_TRUE(desktop.sendMessage(busy.handle(), WORK, 0, 0));
-    EXPECT_EQ(box.text(), L"told");
+    EXPECT_EQ(pageText.text(), L"told");
 }
 
 TEST_F(DesktopTest, AReceiverThatGoesAwayInsteadOfAnsweringIsNoWindow) {
@@ -144,13 +140,12 @@ TEST_F(DesktopTest, AReceiverThatHangsIsGivenUpAndTheNextTimeAtOnce) {
 }
 
 TEST_F(DesktopTest, AReceiverOfThisThreadIsWaitedForHoweverLong) {
-    auto& button = page->control<ui::Button>(IDC_testPageButton);
     bool done = false;
-    button.onClick = [&] {
+    pageButton.onClick = [&] {
         Sleep(5500);
         done = true;
     };
-    EXPECT_TRUE(desktop.sendMessage(button.handle(), BM_CLICK, 0, 0));
+    EXPECT_TRUE(desktop.sendMessage(pageButton.handle(), BM_CLICK, 0, 0));
     EXPECT_TRUE(done);
 }
 
@@ -182,21 +177,19 @@ TEST_F(DesktopTest, ThePointerKeepsItsShapeWhileTheMouseMoves) {
 }
 
 TEST_F(DesktopTest, PendingInputRuns) {
-    auto& button = page->control<ui::Button>(IDC_testPageButton);
     int clicks = 0;
-    button.onClick = [&] { ++clicks; };
-    PostMessageW(windowOf(button), BM_CLICK, 0, 0);
+    pageButton.onClick = [&] { ++clicks; };
+    PostMessageW(windowOf(pageButton), BM_CLICK, 0, 0);
     EXPECT_EQ(clicks, 0);
     desktop.doEvents();
     EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(DesktopTest, PendingKeysWorkAsInADialog) {
-    auto& button = page->control<ui::Button>(IDC_testPageButton);
-    button.setFocus();
-    PostMessageW(windowOf(button), WM_KEYDOWN, VK_TAB, 1);
+    pageButton.setFocus();
+    PostMessageW(windowOf(pageButton), WM_KEYDOWN, VK_TAB, 1);
     desktop.doEvents();
-    EXPECT_TRUE(page->control<ui::TextBox>(IDC_testPageText).hasFocus());
+    EXPECT_TRUE(pageText.hasFocus());
 }
 
 /// Notes the commands that keys make of the host's own dialog.
@@ -211,8 +204,7 @@ INT_PTR CALLBACK noteCommands(HWND, UINT message, WPARAM wParam, LPARAM) noexcep
 TEST_F(DesktopTest, KeysOfTheHostsOwnDialogReachItAsTheyAre) {
     hostCommands.clear();
     SetWindowLongPtrW(host.window(), DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(noteCommands));
-    const HWND edit = CreateWindowExW(0, L"Edit", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 50, 20,
-                                      host.window(), nullptr, nullptr, nullptr);
+    const HWND edit = makeWindow(L"Edit", WS_CHILD | WS_VISIBLE | WS_TABSTOP, {50, 20}, host.window());
     SetFocus(edit);
     for (const WPARAM key : {VK_ESCAPE, VK_RETURN, VK_TAB}) PostMessageW(edit, WM_KEYDOWN, key, 1);
     desktop.doEvents();
@@ -229,31 +221,27 @@ TEST_F(DesktopTest, TheEndOfTheThreadIsLeftToTheHost) {
     EXPECT_EQ(message.wParam, 3U);
 }
 
-/// A window whose messages a test handles.
-class Listener {
+/// Whose messages a test handles one by one.
+class Handlers {
 public:
-    Listener() { SetWindowSubclass(window, procedure, 1, reinterpret_cast<DWORD_PTR>(this)); }
-    Listener(const Listener&) = delete;
-    Listener& operator=(const Listener&) = delete;
-    ~Listener() { DestroyWindow(window); }
-
-    const HWND window = CreateWindowExW(0, L"Static", L"", WS_POPUP | WS_VISIBLE, 0, 0, 40, 40, nullptr,
-                                        nullptr, nullptr, nullptr);
     std::map<UINT, std::function<void(WPARAM)>> on;
 
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                      DWORD_PTR self) noexcept {
-        const auto& on = reinterpret_cast<Listener*>(self)->on;
-        if (const auto handler = on.find(message); handler != on.end()) return handler->second(wParam), 0;
-        return DefSubclassProc(window, message, wParam, lParam);
-    }
+    Listener listener_{[this](UINT message, WPARAM wParam) {
+                           const auto handler = on.find(message);
+                           if (handler != on.end()) handler->second(wParam);
+                           return handler != on.end();
+                       },
+                       nullptr};
+
+public:
+    const HWND window = listener_.window();
 };
 
 constexpr UINT NEWS = WM_APP + 1;
 
 TEST_F(DesktopTest, WhatWaitsRunsAndWhatItsHandlersPostWaits) {
-    Listener listener;
+    Handlers listener;
     std::vector<WPARAM> heard;
     listener.on[NEWS] = [&](WPARAM number) {
         heard.push_back(number);
@@ -267,7 +255,7 @@ TEST_F(DesktopTest, WhatWaitsRunsAndWhatItsHandlersPostWaits) {
 }
 
 TEST_F(DesktopTest, ACallInsideACallRunsWhatWaitsThenAndBothEnd) {
-    Listener listener;
+    Handlers listener;
     std::vector<WPARAM> heard;
     listener.on[NEWS] = [&](WPARAM number) {
         heard.push_back(number);
@@ -281,7 +269,7 @@ TEST_F(DesktopTest, ACallInsideACallRunsWhatWaitsThenAndBothEnd) {
 
 // As a modal loop of the host does inside a handler.
 TEST_F(DesktopTest, ACallEndsWhereAnotherLoopTookEverythingOut) {
-    Listener listener;
+    Handlers listener;
     int heard = 0;
     listener.on[NEWS] = [&](WPARAM) {
         if (++heard == 1) {
@@ -297,7 +285,7 @@ TEST_F(DesktopTest, ACallEndsWhereAnotherLoopTookEverythingOut) {
 }
 
 TEST_F(DesktopTest, ATimerThatIsAlwaysDueTicksOnceAndTheOthersTickToo) {
-    Listener listener;
+    Handlers listener;
     std::map<WPARAM, int> ticksOf;
     listener.on[WM_TIMER] = [&](WPARAM timer) {
         ++ticksOf[timer];
@@ -314,7 +302,7 @@ TEST_F(DesktopTest, ATimerThatIsAlwaysDueTicksOnceAndTheOthersTickToo) {
 }
 
 TEST_F(DesktopTest, TimersThatMakeTimersEnd) {
-    Listener listener;
+    Handlers listener;
     UINT_PTR last = 1;
     listener.on[WM_TIMER] = [&](WPARAM timer) {
         KillTimer(listener.window, timer);
@@ -327,7 +315,7 @@ TEST_F(DesktopTest, TimersThatMakeTimersEnd) {
 }
 
 TEST_F(DesktopTest, AWindowThatIsNeverPaintedDoesNotHoldTheCall) {
-    Listener listener;
+    Handlers listener;
     int paintings = 0;
     deliverMessages();
     listener.on[WM_PAINT] = [&](WPARAM) { ++paintings; };

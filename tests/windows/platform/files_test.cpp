@@ -7,6 +7,7 @@
 
 #include "common/error.h"
 #include "tests/windows/stage/scratch_folder.h"
+#include "workbench/world/imports.h"
 
 namespace tests {
 namespace {
@@ -53,79 +54,49 @@ TEST_F(FilesTest, FilesWithContentAreThoseOfTheExtensionInTheFolderItself) {
 
 std::vector<DWORD> modesInCalls;
 
-/// What the program asks the system while these stand in the way.
-DWORD WINAPI noteAttributes(LPCWSTR) {
-    modesInCalls.push_back(GetThreadErrorMode());
-    return INVALID_FILE_ATTRIBUTES;
-}
-HANDLE WINAPI noteSearch(LPCWSTR, FINDEX_INFO_LEVELS, LPVOID, FINDEX_SEARCH_OPS, LPVOID, DWORD) {
+/// Notes how the system would tell of a fault, and answers that there is one.
+template <class Answer>
+Answer refuse(Answer answer) {
     modesInCalls.push_back(GetThreadErrorMode());
     SetLastError(ERROR_NOT_READY);
-    return INVALID_HANDLE_VALUE;
-}
-HANDLE WINAPI noteOpening(LPCWSTR, DWORD, DWORD, LPSECURITY_ATTRIBUTES, DWORD, DWORD, HANDLE) {
-    modesInCalls.push_back(GetThreadErrorMode());
-    SetLastError(ERROR_NOT_READY);
-    return INVALID_HANDLE_VALUE;
-}
-BOOL WINAPI noteFolder(LPCWSTR, LPSECURITY_ATTRIBUTES) {
-    modesInCalls.push_back(GetThreadErrorMode());
-    SetLastError(ERROR_NOT_READY);
-    return FALSE;
-}
-BOOL WINAPI noteDeletion(LPCWSTR) {
-    modesInCalls.push_back(GetThreadErrorMode());
-    SetLastError(ERROR_NOT_READY);
-    return FALSE;
+    return answer;
 }
 
-}  // namespace
-}  // namespace tests
-
-// Through which this program calls the system; on 32 bits the names tell the size of the arguments.
-#ifdef _WIN64
-#define IMPORTED(function, size) __asm__("__imp_" #function)
-#else
-#define IMPORTED(function, size) __asm__("__imp__" #function "@" #size)
-#endif
-extern "C" {
-extern decltype(&GetFileAttributesW) importedGetFileAttributes IMPORTED(GetFileAttributesW, 4);
-extern decltype(&FindFirstFileExW) importedFindFirstFileEx IMPORTED(FindFirstFileExW, 24);
-extern decltype(&CreateFileW) importedCreateFile IMPORTED(CreateFileW, 28);
-extern decltype(&CreateDirectoryW) importedCreateDirectory IMPORTED(CreateDirectoryW, 8);
-extern decltype(&DeleteFileW) importedDeleteFile IMPORTED(DeleteFileW, 4);
+// What the program asks the system while these stand in the way.
+DWORD WINAPI refuseAttributes(LPCWSTR) { return refuse(INVALID_FILE_ATTRIBUTES); }
+HANDLE WINAPI refuseSearch(LPCWSTR, FINDEX_INFO_LEVELS, LPVOID, FINDEX_SEARCH_OPS, LPVOID, DWORD) {
+    return refuse(INVALID_HANDLE_VALUE);
 }
-#undef IMPORTED
+HANDLE WINAPI refuseOpening(LPCWSTR, DWORD, DWORD, LPSECURITY_ATTRIBUTES, DWORD, DWORD, HANDLE) {
+    return refuse(INVALID_HANDLE_VALUE);
+}
+BOOL WINAPI refuseFolder(LPCWSTR, LPSECURITY_ATTRIBUTES) { return refuse(FALSE); }
+BOOL WINAPI refuseDeletion(LPCWSTR) { return refuse(FALSE); }
 
-namespace tests {
-namespace {
-
-/// Another function in place of one of the system's, while it lives.
-template <class Function>
+/// Other functions in place of the system's, while it lives.
 class Replaced {
 public:
-    Replaced(Function& entry, Function function) : entry_(entry), before_(entry) { put(function); }
-    ~Replaced() { put(before_); }
+    explicit Replaced(const std::vector<workbench::Replacement>& others) {
+        const HMODULE system = GetModuleHandleW(L"kernel32.dll");
+        for (const auto& each : others)
+            before_.push_back(
+                {each.name, reinterpret_cast<void*>(GetProcAddress(system, each.name.c_str()))});
+        workbench::replaceImports(GetModuleHandleW(nullptr), others);
+    }
     Replaced(const Replaced&) = delete;
     Replaced& operator=(const Replaced&) = delete;
+    ~Replaced() { workbench::replaceImports(GetModuleHandleW(nullptr), before_); }
 
 private:
-    void put(Function function) {
-        DWORD protection = 0;
-        VirtualProtect(&entry_, sizeof entry_, PAGE_READWRITE, &protection);
-        entry_ = function;
-        VirtualProtect(&entry_, sizeof entry_, protection, &protection);
-    }
-    Function& entry_;
-    Function before_;
+    std::vector<workbench::Replacement> before_;
 };
 
 TEST_F(FilesTest, QuestionsAreAskedWithoutTheSystemsOwnErrorBoxesAndLeaveTheThreadsChoice) {
-    const Replaced attributes(importedGetFileAttributes, &noteAttributes);
-    const Replaced search(importedFindFirstFileEx, &noteSearch);
-    const Replaced opening(importedCreateFile, &noteOpening);
-    const Replaced creation(importedCreateDirectory, &noteFolder);
-    const Replaced deletion(importedDeleteFile, &noteDeletion);
+    const Replaced replaced({{"GetFileAttributesW", reinterpret_cast<void*>(refuseAttributes)},
+                             {"FindFirstFileExW", reinterpret_cast<void*>(refuseSearch)},
+                             {"CreateFileW", reinterpret_cast<void*>(refuseOpening)},
+                             {"CreateDirectoryW", reinterpret_cast<void*>(refuseFolder)},
+                             {"DeleteFileW", reinterpret_cast<void*>(refuseDeletion)}});
     DWORD before = 0;
     SetThreadErrorMode(SEM_NOOPENFILEERRORBOX, &before);
     modesInCalls.clear();

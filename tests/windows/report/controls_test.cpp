@@ -85,7 +85,7 @@ TEST_F(ReportControls, PicturesTakeNoRoomForTheirHiddenTexts) {
 
 TEST_F(ReportControls, EachButtonShowsItsTipWhicheverWayTheSystemAsksForIt) {
     open([&](frmSendBugReport& form) {
-        const auto dialog = reinterpret_cast<HWND>(form.window().handle());
+        const auto dialog = windowOf(form.window());
         const auto tips = [&](const ui::Toolbar& toolbar, int index) {
             return std::vector{tipFrom(windowOf(toolbar), toolbar, index), tipFrom(dialog, toolbar, index)};
         };

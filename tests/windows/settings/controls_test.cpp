@@ -6,6 +6,7 @@
 #include "settings/frmAttachment.h"
 #include "tests/stage/form_test.h"
 #include "tests/windows/stage/user.h"
+#include "tests/windows/stage/window_queries.h"
 
 namespace tests {
 namespace {
@@ -15,13 +16,11 @@ protected:
     void open(const std::function<void(vexa::frmAttachment&)>& script) {
         application.loadProfileKey();
         stage->setValue(application.ProfileKey, L"AvailableExtensions", L"doc;pdf;");
-        stage->whenShown<vexa::frmAttachment>(script);
+        stage->whenShown<vexa::frmAttachment>([&](vexa::frmAttachment& form) {
+            script(form);
+            user.click(form.cmdCancel);
+        });
         vexa::frmAttachment(application, stage->owner()).Show();
-    }
-    static std::wstring windowText(const ui::Control& control) {
-        wchar_t text[100] = L"";
-        GetWindowTextW(windowOf(control), text, 100);
-        return text;
     }
 };
 
@@ -30,10 +29,9 @@ TEST_F(SettingsControls, APictureButtonShowsItsIconAndBearsItsTooltipAsAccessibl
         user.pickTab(form.sstAttachments, 1);
         for (ui::Button* button : {&form.cmdAdd, &form.cmdRemove}) {
             EXPECT_NE(SendMessageW(windowOf(*button), BM_GETIMAGE, IMAGE_ICON, 0), 0);
-            EXPECT_EQ(windowText(*button), button->tooltip());
+            EXPECT_EQ(windowTextOf(windowOf(*button)), button->tooltip());
             EXPECT_EQ(button->text(), L"");
         }
-        user.click(form.cmdCancel);
     });
 }
 
@@ -46,7 +44,6 @@ TEST_F(SettingsControls, TheUpDownLiesInItsTextBoxAndAlwaysStepsByOne) {
         UDACCEL steps[4] = {};
         EXPECT_EQ(SendMessageW(upDown, UDM_GETACCEL, 4, reinterpret_cast<LPARAM>(steps)), 1);
         EXPECT_EQ(steps[0].nInc, 1U);
-        user.click(form.cmdCancel);
     });
 }
 
@@ -59,7 +56,6 @@ TEST_F(SettingsControls, AHiddenListStaysHiddenWhenItIsFilled) {
         user.click(form.cmdAdd);
         EXPECT_TRUE(IsWindowVisible(windowOf(form.lstAvailable)));
         EXPECT_TRUE(form.lstAvailable.visible());
-        user.click(form.cmdCancel);
     });
 }
 
@@ -72,7 +68,6 @@ TEST_F(SettingsControls, IndexesOutsideTheListAreRefused) {
             EXPECT_THROW(form.lstAvailable.remove(index), std::out_of_range);
         }
         EXPECT_EQ(form.lstAvailable.count(), 2);
-        user.click(form.cmdCancel);
     });
 }
 
@@ -80,7 +75,6 @@ TEST_F(SettingsControls, TheControlsOfThePagesLieAboveTheTabControl) {
     open([&](vexa::frmAttachment& form) {
         EXPECT_EQ(GetWindow(windowOf(form.sstAttachments), GW_HWNDLAST), windowOf(form.sstAttachments));
         EXPECT_NE(GetWindowLongW(windowOf(form.sstAttachments), GWL_STYLE) & WS_CLIPSIBLINGS, 0);
-        user.click(form.cmdCancel);
     });
 }
 

@@ -56,7 +56,7 @@ public:
     WindowsStage(const WindowsStage&) = delete;
     WindowsStage& operator=(const WindowsStage&) = delete;
 
-    [[nodiscard]] User& user() override { return user_; }
+    [[nodiscard]] User& user() override { return *user_; }
 
     void setValue(const std::wstring& key, const std::wstring& name, const vexa::Value& value) override {
         hive_.put(key, name, value);
@@ -116,7 +116,7 @@ private:
                               {registry_, ansi_, conversions_, files_, clock_, locator_, desktop_, timers_},
                               screen_,
                               [this] { return screen_.isClosing(); }};
-    WindowsUser user_;
+    std::unique_ptr<User> user_ = windowsUser();
     Announcements announcements_;
     std::vector<std::unique_ptr<Container>> containers_;
     std::unique_ptr<ui::Window> owner_;
