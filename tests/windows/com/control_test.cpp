@@ -113,9 +113,10 @@ com::Ptr<IConnectionPoint> ContainerTest::notifications() const {
 }
 
 bool ContainerTest::dirty() const {
-    VARIANT_BOOL value = VARIANT_FALSE;
+    VARIANT_BOOL value = 1;  // neither yes nor no
     EXPECT_EQ(as<PropertyPage>()->get_Dirty(&value), S_OK);
-    return value != VARIANT_FALSE;
+    EXPECT_TRUE(value == VARIANT_TRUE || value == VARIANT_FALSE);
+    return value == VARIANT_TRUE;
 }
 
 HRESULT ContainerTest::doVerb(LONG verb) {
