@@ -63,10 +63,10 @@ void frmAttachment::connectHandlers() {
     sstAttachments.onClick = [this] { sstAttachments_Click(); };
     chkKBAdd.onClick = [this] { chkKBAdd_Click(); };
     for (ui::OptionButton& option : optKBAddAll) option.onClick = [this] { optKBAddAll_Click(); };
-    cmdAdd.onClick = [this] { moveSelected(lstAvailable, lstSelected); };
-    cmdRemove.onClick = [this] { moveSelected(lstSelected, lstAvailable); };
-    lstAvailable.onKeyDown = [this](ui::KeyEvent& event) { selectAllOnCtrlA(lstAvailable, event); };
-    lstSelected.onKeyDown = [this](ui::KeyEvent& event) { selectAllOnCtrlA(lstSelected, event); };
+    cmdAdd.onClick = [this] { cmdAdd_Click(); };
+    cmdRemove.onClick = [this] { cmdRemove_Click(); };
+    lstAvailable.onKeyDown = [this](ui::KeyEvent& event) { lstAvailable_KeyDown(event); };
+    lstSelected.onKeyDown = [this](ui::KeyEvent& event) { lstSelected_KeyDown(event); };
     cmdOk.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { Unload(); };
 }
@@ -126,6 +126,10 @@ void frmAttachment::enableMoveButtons() {
 
 // --- Extensions -------------------------------------------------------------------------------------------
 
+void frmAttachment::cmdAdd_Click() { moveSelected(lstAvailable, lstSelected); }
+
+void frmAttachment::cmdRemove_Click() { moveSelected(lstSelected, lstAvailable); }
+
 void frmAttachment::moveSelected(ui::ListBox& source, ui::ListBox& target) {
     // Where a list takes no more items, the rest of the rule holds for what has been moved.
     attempt([&] { moveItems(source, target); });
@@ -147,6 +151,10 @@ void frmAttachment::moveItems(ui::ListBox& source, ui::ListBox& target) {
         target.setSelected(added, true);
     }
 }
+
+void frmAttachment::lstAvailable_KeyDown(ui::KeyEvent& event) { selectAllOnCtrlA(lstAvailable, event); }
+
+void frmAttachment::lstSelected_KeyDown(ui::KeyEvent& event) { selectAllOnCtrlA(lstSelected, event); }
 
 // --- Tabs -------------------------------------------------------------------------------------------------
 

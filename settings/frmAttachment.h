@@ -47,6 +47,10 @@ private:
     void sstAttachments_Click();
     void chkKBAdd_Click();
     void optKBAddAll_Click();
+    void cmdAdd_Click();
+    void cmdRemove_Click();
+    void lstAvailable_KeyDown(ui::KeyEvent& event);
+    void lstSelected_KeyDown(ui::KeyEvent& event);
     void cmdOK_Click();
 
     void loadExtensions();

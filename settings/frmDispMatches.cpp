@@ -22,13 +22,13 @@ frmDispMatches::frmDispMatches(Application& application, ui::Window& owner)
              {lblPenalty[4], &Settings::Penalty4},
              {lblPenalty[5], &Settings::Penalty5}} {
     for (ui::OptionButton& option : optDisplayMatches) option.onClick = [this] { optDisplayMatches_Click(); };
-    lblSelHotspotColor.onClick = [this] { pickColour(lblSelHotspotColor, L""); };
+    lblSelHotspotColor.onClick = [this] { lblSelHotspotColor_Click(); };
     lblSelHotspotColor.setTooltip(SWATCH_TOOLTIP);
     lblSelHotspotColor.setDescription(SWATCH_TOOLTIP);
-    for (ui::Swatch& swatch : lblPenalty) {
-        swatch.onClick = [this, &swatch] { pickColour(swatch, swatch.text()); };
-        swatch.setTooltip(SWATCH_TOOLTIP);
-        swatch.setDescription(SWATCH_TOOLTIP);
+    for (std::size_t index = 0; index < lblPenalty.size(); ++index) {
+        lblPenalty[index].get().onClick = [this, index] { lblPenalty_Click(index); };
+        lblPenalty[index].get().setTooltip(SWATCH_TOOLTIP);
+        lblPenalty[index].get().setDescription(SWATCH_TOOLTIP);
     }
     cmdOk.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { Unload(); };
@@ -49,6 +49,12 @@ void frmDispMatches::optDisplayMatches_Click() {
         lblHotspotColor.setEnabled(hotspots);
         for (ui::Swatch& swatch : lblPenalty) swatch.setEnabled(optDisplayMatches[1].get().selected());
     });
+}
+
+void frmDispMatches::lblSelHotspotColor_Click() { pickColour(lblSelHotspotColor, L""); }
+
+void frmDispMatches::lblPenalty_Click(std::size_t index) {
+    pickColour(lblPenalty[index], lblPenalty[index].get().text());
 }
 
 void frmDispMatches::pickColour(ui::Swatch& swatch, const std::wstring& title) {

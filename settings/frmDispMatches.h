@@ -32,6 +32,8 @@ protected:
 
 private:
     void optDisplayMatches_Click();
+    void lblSelHotspotColor_Click();
+    void lblPenalty_Click(std::size_t index);
     void cmdOK_Click();
 
     void pickColour(ui::Swatch& swatch, const std::wstring& title);

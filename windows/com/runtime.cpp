@@ -9,8 +9,8 @@
 #include "windows/com/boundary.h"
 #include "windows/com/host_window.h"
 #include "windows/com/page_host.h"
+#include "windows/platform/locked.h"
 #include "windows/platform/module.h"
-#include "windows/platform/thread_calls.h"
 
 namespace com {
 namespace {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "windows/platform/locked.h"
 #include "windows/platform/text.h"
 
 namespace win {

@@ -8,18 +8,6 @@
 
 namespace win {
 
-/// Holds a lock while it lives.
-class Locked {
-public:
-    explicit Locked(SRWLOCK& lock) : lock_(lock) { AcquireSRWLockExclusive(&lock_); }
-    Locked(const Locked&) = delete;
-    Locked& operator=(const Locked&) = delete;
-    ~Locked() { ReleaseSRWLockExclusive(&lock_); }
-
-private:
-    SRWLOCK& lock_;
-};
-
 /// Runs calls on the thread that made it, one after the other in the order in which they were posted,
 /// whenever that thread dispatches messages. It must be closed or destroyed there, too.
 class ThreadCalls {

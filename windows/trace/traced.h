@@ -121,10 +121,10 @@ std::unique_ptr<Facet> facet(TracedObject& whole, IUnknown& object, const wchar_
 
 }  // namespace trace
 
-/// A method of a class that is derived from Traced: passes the call on with these arguments, which are the
-/// names of the parameters. A macro, because the method, the one that it calls and the trace's text bear the
-/// same name.
 #define TRACED_ARGUMENTS(...) __VA_OPT__(, ) __VA_ARGS__
+/// A method of a class that is derived from Traced: passes the call on with `arguments`, the names of the
+/// parameters that follow them. A macro, because the method, the one that it calls and the trace's text bear
+/// the same name.
 #define TRACED_METHOD(name, arguments, ...)                                     \
     STDMETHODIMP name(__VA_ARGS__) noexcept override {                          \
         return this->call(L"" #name, &Target::name TRACED_ARGUMENTS arguments); \
