@@ -41,10 +41,10 @@ else()
     if(FUZZING)
         target_compile_options(project_options INTERFACE -fsanitize=fuzzer-no-link)
     endif()
-    # What is compiled without optimization is test code. Four checks that stand at every member access would take
-    # a third of its compile time; what they find the address sanitizer and the checks of the rooms find, too.
+    # A target that chooses its optimization is test code. Four checks that stand at every member access would take a
+    # third of its compile time; what they find the address sanitizer and the checks of the rooms find, too.
     if(NOT COVERAGE)
-        set(tests_own $<STREQUAL:$<TARGET_PROPERTY:OPTIMIZATION>,-O0>)
+        set(tests_own $<BOOL:$<TARGET_PROPERTY:OPTIMIZATION>>)
         target_compile_options(project_options INTERFACE
                                $<${tests_own}:-fno-sanitize=null,alignment,vptr,object-size>)
     endif()

@@ -98,6 +98,7 @@ if(WIN32)
     use_quick_compiler(windows_test_headers)
 else()
     add_precompiled_headers(stage_headers "project_options;GTest::gmock" ${test_header_list})
+    set_target_properties(stage_headers PROPERTIES OPTIMIZATION -O1)
 endif()
 
 # A test program is half debug information; lld links it in a second, the GNU linker takes up to two minutes. The
@@ -122,5 +123,12 @@ function(compile_quickly target)
     set_target_properties(${target} PROPERTIES OPTIMIZATION -O0)
     use_quick_compiler(${target})
     target_precompile_headers(${target} REUSE_FROM ${headers})
+    compile_by_folder(${target} 12)
+endfunction()
+
+# compile_for_speed(TARGET): native tests that run longer than they compile.
+function(compile_for_speed target)
+    set_target_properties(${target} PROPERTIES OPTIMIZATION -O1)
+    target_precompile_headers(${target} REUSE_FROM stage_headers)
     compile_by_folder(${target} 12)
 endfunction()

@@ -38,9 +38,12 @@ progress() {
         sed -nE 's#^\[([0-9]+/[0-9]+)\].*#\1#p; s#^ *([0-9]+/[0-9]+) Test .*#\1#p' | tail -n 1
 }
 
-# Where the output is a terminal one line moves; elsewhere a plain line comes every quarter minute.
+# Where the output is a terminal one line moves each second; elsewhere a plain line comes every quarter minute.
 show_progress() {
-    local name count line=
+    local name count line= interval=15
+    [ ! -t 1 ] || interval=1
+    [ $((SECONDS - line_shown)) -ge "$interval" ] || return 0
+    line_shown=$SECONDS
     for name in "${!phase_process[@]}"; do
         [ ! -e "build/log/$name.code" ] || continue
         count=$(progress "$name")
@@ -48,8 +51,7 @@ show_progress() {
     done
     if [ -t 1 ]; then
         printf '\r   %.100s\033[K' "$line"
-    elif [ $((SECONDS - line_shown)) -ge 15 ]; then
-        line_shown=$SECONDS
+    else
         printf '   %s\n' "$line"
     fi
 }

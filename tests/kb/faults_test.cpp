@@ -7,12 +7,8 @@
 namespace tests {
 namespace {
 
-/// A stage of its own for each run.
-class Scene : public KBMailAndNews {
+class KBFaultTest : public KBMailAndNews {
 public:
-    Scene() { SetUp(); }
-    void TestBody() override {}
-
     /// After any fault: the add-in's next end unlocks the dialog and shows the records, which are as they
     /// were.
     void expectSound(frmKBConfiguration& form) {
@@ -39,70 +35,70 @@ public:
 struct FaultCase {
     std::string name;
     bool locked;
-    std::function<void(Scene&, frmKBConfiguration&)> deed;
+    std::function<void(KBFaultTest&, frmKBConfiguration&)> deed;
 };
 
 std::vector<FaultCase> faultCases() {
     std::vector<FaultCase> cases{
-        {"Unlock", true, [](Scene& scene, frmKBConfiguration&) { scene.addIn.finish(L"Mail", false); }},
+        {"Unlock", true, [](KBFaultTest& test, frmKBConfiguration&) { test.addIn.finish(L"Mail", false); }},
         {"UnlockKeepingTheList", true,
-         [](Scene& scene, frmKBConfiguration&) { scene.addIn.finish(L"Mail", true); }},
-        {"UnlockByTheTimer", true, [](Scene& scene, frmKBConfiguration&) { scene.endByTick(); }},
+         [](KBFaultTest& test, frmKBConfiguration&) { test.addIn.finish(L"Mail", true); }},
+        {"UnlockByTheTimer", true, [](KBFaultTest& test, frmKBConfiguration&) { test.endByTick(); }},
         {"RefusedName", false,
-         [](Scene& scene, frmKBConfiguration& form) {
-             scene.user.click(form.cmdRename);
-             scene.enter(form, L"news");
+         [](KBFaultTest& test, frmKBConfiguration& form) {
+             test.user.click(form.cmdRename);
+             test.enter(form, L"news");
          }},
     };
     for (const Command& command : COMMANDS)
-        cases.push_back({command.name, false, [&command](Scene& scene, frmKBConfiguration& form) {
-                             scene.user.click(command.button(form));
-                             if (!command.said[0]) scene.enter(form, L"Post");
+        cases.push_back({command.name, false, [&command](KBFaultTest& test, frmKBConfiguration& form) {
+                             test.user.click(command.button(form));
+                             if (!command.said[0]) test.enter(form, L"Post");
                          }});
     return cases;
 }
 
-class KBFaults : public testing::TestWithParam<FaultCase> {};
+class KBFaults : public KBFaultTest, public testing::WithParamInterface<FaultCase> {};
 
 TEST_P(KBFaults, EachCallMayFailAndTheNextEndOfProcessingBringsEverythingBack) {
-    std::size_t calls = 1;
-    for (std::size_t failing = 0; failing <= calls; ++failing) {
-        Scene scene;
-        scene.open([&](frmKBConfiguration& form) {
+    open([&](frmKBConfiguration& form) {
+        std::size_t count = 1;
+        for (std::size_t failing = 0; failing <= count; ++failing) {
             if (GetParam().locked)
-                scene.lockByUpdate(form);
+                lockByUpdate(form);
             else
-                scene.choose(form, L"Mail");
-            scene.stage->answerMessages(std::vector<MessageAnswer>(3, MessageAnswer::yes));
-            scene.calls.clear();
-            if (failing > 0) scene.calls.failCall(failing - 1);
-            GetParam().deed(scene, form);
-            if (failing == 0) calls = scene.calls.lines().size();
-            const auto& lines = scene.calls.lines();
+                choose(form, L"Mail");
+            stage->answerMessages(std::vector<MessageAnswer>(3, MessageAnswer::yes));
+            calls.clear();
+            if (failing > 0) calls.failCall(failing - 1);
+            GetParam().deed(*this, form);
+            if (failing == 0) count = calls.lines().size();
+            const auto& lines = calls.lines();
             SCOPED_TRACE(failing == 0 ? "no fault" : lines.at(std::min(failing, lines.size()) - 1));
-            scene.expectSound(form);
-        });
-        if (testing::Test::HasFailure()) return;
-    }
-    EXPECT_GT(calls, 3u);
+            expectSound(form);
+            if (testing::Test::HasFailure()) return;
+        }
+        EXPECT_GT(count, 3u);
+    });
 }
 
 INSTANTIATE_TEST_SUITE_P(Deeds, KBFaults, testing::ValuesIn(faultCases()), namedRow);
 
-TEST(KBLoadFaults, EachCallOfOpeningAndClosingMayFailAndTheNextOpeningIsWhole) {
-    std::size_t calls = 1;
-    for (std::size_t failing = 0; failing <= calls; ++failing) {
-        Scene scene;
-        scene.calls.clear();
-        if (failing > 0) scene.calls.failCall(failing - 1);
-        scene.open([](frmKBConfiguration&) {});
-        if (failing == 0) calls = scene.calls.lines().size();
-        scene.calls.forgetFaults();
-        scene.open([&](frmKBConfiguration& form) { scene.expectSound(form); });
-        EXPECT_EQ(scene.addIn.connections(), 0u);
+using KBLoadFaults = KBFaultTest;
+
+TEST_F(KBLoadFaults, EachCallOfOpeningAndClosingMayFailAndTheNextOpeningIsWhole) {
+    std::size_t count = 1;
+    for (std::size_t failing = 0; failing <= count; ++failing) {
+        calls.clear();
+        if (failing > 0) calls.failCall(failing - 1);
+        open([](frmKBConfiguration&) {});
+        if (failing == 0) count = calls.lines().size();
+        calls.forgetFaults();
+        open([&](frmKBConfiguration& form) { expectSound(form); });
+        EXPECT_EQ(addIn.connections(), 0u);
         if (testing::Test::HasFailure()) FAIL() << "fault " << failing;
     }
-    EXPECT_GT(calls, 30u);
+    EXPECT_GT(count, 30u);
 }
 
 }  // namespace
