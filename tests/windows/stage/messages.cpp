@@ -26,16 +26,22 @@ void dispatch(MSG& message) {
     DispatchMessageW(&message);
 }
 
-bool takeUntimed(MSG& message) {
-    return PeekMessageW(&message, nullptr, 0, WM_TIMER - 1, PM_REMOVE) ||
-           PeekMessageW(&message, nullptr, WM_TIMER + 1, LAST_MESSAGE, PM_REMOVE);
+bool take(MSG& message, UINT first, UINT last) {
+    return PeekMessageW(&message, nullptr, first, last, PM_REMOVE) != FALSE;
 }
 
 }  // namespace
 
 void deliverMessages() {
     MSG message;
-    while (takeUntimed(message)) dispatch(message);
+    while (take(message, 0, WM_TIMER - 1) || take(message, WM_TIMER + 1, LAST_MESSAGE)) dispatch(message);
+}
+
+void deliverInput() {
+    MSG message;
+    while (take(message, 0, WM_PAINT - 1) || take(message, WM_PAINT + 1, WM_TIMER - 1) ||
+           take(message, WM_TIMER + 1, LAST_MESSAGE))
+        dispatch(message);
 }
 
 void deliverFor(int milliseconds) {

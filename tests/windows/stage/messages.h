@@ -9,6 +9,9 @@ namespace tests {
 /// Dispatches everything that is pending but the ticks of timers.
 void deliverMessages();
 
+/// Likewise, but nothing is painted: what a user does faster than windows paint.
+void deliverInput();
+
 /// Dispatches everything that comes up for so many milliseconds.
 void deliverFor(int milliseconds);
 

@@ -44,7 +44,10 @@ class WindowsStage : public CommonStage {
 public:
     WindowsStage() {
         calls_.spend = [](int milliseconds) { Sleep(static_cast<DWORD>(milliseconds)); };
-        screen_.onModal = [this](ui::Form& form) { play(form); };
+        screen_.onModal = [this](ui::Form& form) {
+            deliverMessages();  // it is painted, as are all windows again where events run or the user waits
+            play(form);
+        };
         begin(recorded_);
     }
     ~WindowsStage() override {

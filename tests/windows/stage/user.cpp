@@ -24,12 +24,12 @@ bool isLetterOrDigit(int key) { return (key >= 'A' && key <= 'Z') || (key >= '0'
 
 void pressAccessKey(HWND target, int key) {
     PostMessageW(target, WM_SYSKEYDOWN, static_cast<WPARAM>(key), ONE_PRESS | ALT_HELD);
-    deliverMessages();
+    deliverInput();
 }
 
-void typeCharacter(HWND target, wchar_t character) {
-    PostMessageW(target, WM_CHAR, character, ONE_PRESS);
-    deliverMessages();
+void typeText(HWND target, const std::wstring& text) {
+    for (const wchar_t character : text) PostMessageW(target, WM_CHAR, character, ONE_PRESS);
+    deliverInput();
 }
 
 }  // namespace
@@ -54,7 +54,7 @@ void clickAt(HWND window, int x, int y, int modifiers) {
     // Both wait in the queue: a control may look for the button's release while it handles the press.
     PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON | keys, MAKELPARAM(x, y));
     PostMessageW(window, WM_LBUTTONUP, keys, MAKELPARAM(x, y));
-    deliverMessages();
+    deliverInput();
 }
 
 HeldKeys::HeldKeys(int modifiers) {
@@ -97,7 +97,7 @@ public:
         ClientToScreen(windowOf(control), &place);
         SetCursorPos(place.x, place.y);
         SendMessageW(windowOf(control), WM_MOUSEMOVE, 0, MAKELPARAM(x, y));
-        deliverMessages();
+        deliverInput();
     }
 
     void press(ui::Window& window, int key, int modifiers) override {
@@ -107,25 +107,23 @@ public:
         const bool altAlone = (modifiers & ui::modifier::alt) && !(modifiers & ui::modifier::control);
         if (altAlone && isLetterOrDigit(key)) return pressAccessKey(focusIn(form), key);
         PostMessageW(focusIn(form), WM_KEYDOWN, static_cast<WPARAM>(key), ONE_PRESS);
-        deliverMessages();
+        deliverInput();
         // The release goes to whoever has the focus by then.
         if (const HWND focus = GetFocus()) PostMessageW(focus, WM_KEYUP, static_cast<WPARAM>(key), RELEASED);
-        deliverMessages();
+        deliverInput();
     }
 
     void sendKey(ui::Control& control, int key) override {
         SendMessageW(windowOf(control), WM_KEYDOWN, static_cast<WPARAM>(key), ONE_PRESS);
-        deliverMessages();
+        deliverInput();
     }
 
     void type(ui::Control& control, const std::wstring& text) override {
         const HWND window = windowOf(control);
         if (!isReachable(window)) return;
         if (GetFocus() != window && !IsChild(window, GetFocus())) SetFocus(window);
-        deliverMessages();
-        for (const wchar_t character : text)
-            if (const HWND focus = GetFocus(); focus == window || IsChild(window, focus))
-                typeCharacter(focus, character);
+        deliverInput();
+        if (const HWND focus = GetFocus(); focus == window || IsChild(window, focus)) typeText(focus, text);
     }
 
     void paste(ui::TextBox& control, const std::wstring& text) override {
@@ -134,7 +132,7 @@ public:
         if (GetFocus() != window) SetFocus(window);
         putOnClipboard(window, CF_UNICODETEXT, memoryOf(text.c_str(), (text.size() + 1) * sizeof(wchar_t)));
         SendMessageW(window, WM_PASTE, 0, 0);
-        deliverMessages();
+        deliverInput();
     }
 
     void pickItem(ui::ListBox& list, int index, int modifiers) override {
@@ -195,7 +193,7 @@ public:
         if (!place) return;
         PostMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(place->x, place->y));
         PostMessageW(list, WM_LBUTTONUP, 0, MAKELPARAM(place->x, place->y));
-        deliverMessages();
+        deliverInput();
     }
 
     void clickRowAndRest(ui::Grid& grid, int row) override {
@@ -219,8 +217,7 @@ public:
         if (editor == nullptr) return;
         SendMessageW(editor, EM_SETSEL, 0, -1);
         constexpr wchar_t BACKSPACE = 8;
-        typeCharacter(editor, BACKSPACE);
-        for (const wchar_t character : text) typeCharacter(editor, character);
+        typeText(editor, BACKSPACE + text);
     }
 
     void clickButton(ui::Toolbar& toolbar, int index) override {
@@ -237,7 +234,7 @@ public:
         PostMessageW(list, WM_CHAR, L'\r', ONE_PRESS);
         // What the context-menu key comes to.
         SendMessageW(list, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(list), -1);
-        deliverMessages();
+        deliverInput();
     }
 
     void chooseMenu(ui::Toolbar& toolbar, int index, int entry) override {
@@ -250,19 +247,19 @@ public:
         PostMessageW(window, WM_CHAR, L'\r', ONE_PRESS);
         SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, middle);
         SendMessageW(window, WM_LBUTTONUP, 0, middle);
-        deliverMessages();
+        deliverInput();
     }
 
     void resize(ui::Window& window, const ui::Size& outerSize) override {
         SetWindowPos(windowOf(window), nullptr, 0, 0, outerSize.width, outerSize.height,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-        deliverMessages();
+        deliverInput();
     }
 
     void closeWindow(ui::Window& window) override {
         if (!isReachable(windowOf(window))) return;
         PostMessageW(windowOf(window), WM_SYSCOMMAND, SC_CLOSE, 0);
-        deliverMessages();
+        deliverInput();
     }
 
     void wait(int milliseconds) override { deliverFor(milliseconds); }
