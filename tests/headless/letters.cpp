@@ -13,6 +13,7 @@ struct Block {
     wchar_t except = 0;
 };
 
+// In the order of their letters.
 constexpr Block BLOCKS[] = {
     {L'A', L'Z', 32},
     {0xC0, 0xDE, 32, 0xD7},        // Latin-1, but the multiplication sign
@@ -39,9 +40,11 @@ bool isExtendedCapital(wchar_t letter) {
 
 wchar_t lower(wchar_t letter) {
     if (isExtendedCapital(letter)) return static_cast<wchar_t>(letter + 1);
-    for (const Block& block : BLOCKS)
-        if (letter >= block.first && letter <= block.last && letter != block.except)
+    for (const Block& block : BLOCKS) {
+        if (letter < block.first) break;
+        if (letter <= block.last && letter != block.except)
             return static_cast<wchar_t>(letter + block.distance);
+    }
     return letter;
 }
 

@@ -505,19 +505,19 @@ std::vector<Deed<frmAttachment>> attachmentDeeds() {
 class AttachmentSettingsTable : public AttachmentSettings,
                                 public testing::WithParamInterface<DialogRow<frmAttachment>> {};
 
-TEST_P(AttachmentSettingsTable, WritesAndStoresOnOkAndForgetsOnCancel) {
-    const Before& before = std::get<0>(GetParam());
-    const auto& deed = std::get<1>(GetParam());
-    const bool confirmed = std::get<2>(GetParam());
+TEST_P(AttachmentSettingsTable, ForgetsOnCancelAndWritesAndStoresOnOk) {
+    const auto& [before, deed] = GetParam();
     setExtensions(L"doc;pdf;", L"pdf;");
     before.prepare(settings);
-    Settings expected = settings;
-    if (confirmed) deed.result(expected);
-    open([&](frmAttachment& form) {
-        deed.act(user, form);
-        user.click(confirmed ? form.cmdOk : form.cmdCancel);
-        EXPECT_FALSE(form.window().isOpen());
-    });
+    const Settings old = settings;
+    open(playRow(user, deed, false));
+    EXPECT_EQ(settings, old);
+    for (const std::string& name : namesOfAttachments())
+        EXPECT_FALSE(stage->value(SETTINGS_KEY, fromUtf8(name))) << name;
+
+    Settings expected = old;
+    deed.result(expected);
+    open(playRow(user, deed, true));
     EXPECT_EQ(settings, expected);
     EXPECT_EQ(application.flags, ChangeFlags());
     EXPECT_EQ(storedText(L"SelectedExtensions"), L"pdf;");
@@ -525,10 +525,8 @@ TEST_P(AttachmentSettingsTable, WritesAndStoresOnOkAndForgetsOnCancel) {
                                    expected.AddSizelimitedAttachments, expected.AttachmentsMaxSize,
                                    expected.AddAttachmentsToQuery};
     std::size_t index = 0;
-    for (const std::string& name : namesOfAttachments()) {
-        const std::optional<vexa::Value> written(values[index++]);
-        EXPECT_EQ(stage->value(SETTINGS_KEY, fromUtf8(name)), confirmed ? written : std::nullopt) << name;
-    }
+    for (const std::string& name : namesOfAttachments())
+        EXPECT_EQ(stage->value(SETTINGS_KEY, fromUtf8(name)), vexa::Value(values[index++])) << name;
 }
 
 INSTANTIATE_TEST_SUITE_P(All, AttachmentSettingsTable, everyRow(attachmentsBefore(), attachmentDeeds()),

@@ -247,19 +247,22 @@ std::vector<Deed<frmDispMatches>> highlightDeeds() {
 
 class HighlightsTable : public Highlights, public testing::WithParamInterface<DialogRow<frmDispMatches>> {};
 
-TEST_P(HighlightsTable, StoresOnOkAndForgetsOnCancel) {
-    const Before& before = std::get<0>(GetParam());
+TEST_P(HighlightsTable, ForgetsOnCancelAndStoresOnOk) {
     const auto& deed = std::get<1>(GetParam());
-    const bool confirmed = std::get<2>(GetParam());
-    before.prepare(settings);
+    std::get<0>(GetParam()).prepare(settings);
     const Settings old = settings;
+    stage->answerColours({PICKED});
+    open(playRow(user, deed, false));
+    EXPECT_EQ(settings, old);
+    EXPECT_EQ(application.flags, ChangeFlags());
+
     Settings expected = old;
-    if (confirmed) deed.result(expected);
+    deed.result(expected);
     stage->answerColours({PICKED});
     open([&](frmDispMatches& form) {
         deed.act(user, form);
         EXPECT_EQ(settings, old) << "nothing is stored before OK";
-        user.click(confirmed ? form.cmdOk : form.cmdCancel);
+        user.click(form.cmdOk);
         EXPECT_FALSE(form.window().isOpen());
     });
     EXPECT_EQ(settings, expected);

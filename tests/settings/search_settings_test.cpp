@@ -434,35 +434,30 @@ void settleScopes(Settings& settings, const Settings& shown) {
 class SearchSettingsTable : public SearchSettings,
                             public testing::WithParamInterface<DialogRow<frmSettings>> {};
 
-TEST_P(SearchSettingsTable, StoresOnOkAndForgetsOnCancel) {
-    const Before& before = std::get<0>(GetParam());
-    const auto& deed = std::get<1>(GetParam());
-    const bool confirmed = std::get<2>(GetParam());
+TEST_P(SearchSettingsTable, ForgetsOnCancelAndStoresOnOk) {
+    const auto& [before, deed] = GetParam();
     before.prepare(settings);
     settings.DefaultProject = L"Mail";
     const Settings old = settings;
+    open(playRow(user, deed, false));
+    EXPECT_EQ(settings, old);
+    EXPECT_EQ(application.flags, ChangeFlags());
+
     Settings expected = old;
-    ChangeFlags flags;
-    if (confirmed) {
-        deed.result(expected);
-        const Settings shown = expected;
-        settleScopes(expected, shown);
-        // The options as shown, compared with the record as it was.
-        const bool scopesDiffer =
-            shown.AutoFindAll != old.AutoFindAll || !shown.AutoFindAll != old.AutoFindUnread;
-        Settings rest = expected;
-        rest.AutoFindAll = old.AutoFindAll;
-        rest.AutoFindUnread = old.AutoFindUnread;
-        flags = {scopesDiffer || rest != old, expected.DefaultProject != old.DefaultProject,
-                 expected.FindShortcut != old.FindShortcut};
-    }
-    open([&](frmSettings& form) {
-        deed.act(user, form);
-        user.click(confirmed ? form.cmdOk : form.cmdCancel);
-        EXPECT_FALSE(form.window().isOpen());
-    });
+    deed.result(expected);
+    const Settings shown = expected;
+    settleScopes(expected, shown);
+    // The options as shown, compared with the record as it was.
+    const bool scopesDiffer =
+        shown.AutoFindAll != old.AutoFindAll || !shown.AutoFindAll != old.AutoFindUnread;
+    Settings rest = expected;
+    rest.AutoFindAll = old.AutoFindAll;
+    rest.AutoFindUnread = old.AutoFindUnread;
+    open(playRow(user, deed, true));
     EXPECT_EQ(settings, expected);
-    EXPECT_EQ(application.flags, flags);
+    EXPECT_EQ(application.flags,
+              (ChangeFlags{scopesDiffer || rest != old, expected.DefaultProject != old.DefaultProject,
+                           expected.FindShortcut != old.FindShortcut}));
     EXPECT_EQ(storedText(L"DefaultProject"), L"Mail") << "the registry waits for Apply";
 }
 

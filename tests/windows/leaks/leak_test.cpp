@@ -13,7 +13,7 @@ namespace tests {
 namespace {
 
 constexpr int WARM_UP = 20;
-constexpr int OPENINGS = 100;
+constexpr int OPENINGS = 30;
 
 struct Change {
     ResourceCount before;
@@ -46,7 +46,7 @@ protected:
         });
         expectSameObjects(change.before, change.after);
         if (!heapCountsEachBlock()) return;
-        // Caches may take a block now and then; one per opening would be 100.
+        // Caches may take a block now and then; one per opening would be ten times as many.
         EXPECT_LE(change.heapBlocks(), bare.heapBlocks() + OPENINGS / 10)
             << change.before << " / " << change.after;
     }
