@@ -38,13 +38,18 @@ function(add_program_test name target)
     endforeach()
 endfunction()
 
-# Two at a time of the tests that run Windows programs, which wait more than they work, share a processor
-# (scripts/processor.sh). For all tests of the calling folder.
+# Several at a time of the tests that run Windows programs, which wait more than they work, share a processor
+# (scripts/processor.sh): two of the 64-bit ones, beside which the 32-bit ones are built, three of these.
+# For all tests of the calling folder.
 if(WIN32)
+    set(tests_at_a_time 2)
+    if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+        set(tests_at_a_time 3)
+    endif()
     cmake_host_system_information(RESULT processors QUERY NUMBER_OF_LOGICAL_CORES)
     math(EXPR last_processor "${processors} - 1")
     foreach(number RANGE ${last_processor})
-        list(APPEND allotted "{ \"id\": \"${number}\", \"slots\": 2 }")
+        list(APPEND allotted "{ \"id\": \"${number}\", \"slots\": ${tests_at_a_time} }")
     endforeach()
     list(JOIN allotted ", " allotted)
     file(WRITE ${PROJECT_BINARY_DIR}/processors.json
