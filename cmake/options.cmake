@@ -4,12 +4,12 @@ target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(project_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
 
 # The optimization of a target: its own choice, or else `default`. Of two such options the compiler takes the later
-# one, and an interface's come last: a target cannot choose by its compile options.
+# one, and an interface's come last: a target cannot choose by its compile options. Only tests and benchmarks choose.
 define_property(TARGET PROPERTY OPTIMIZATION)
-set(own $<TARGET_PROPERTY:OPTIMIZATION>)
-set(chosen $<BOOL:${own}>)
+set(own_optimization $<TARGET_PROPERTY:OPTIMIZATION>)
+set(chooses_optimization $<BOOL:${own_optimization}>)
 function(add_optimization default)
-    target_compile_options(project_options INTERFACE $<IF:${chosen},${own},${default}>)
+    target_compile_options(project_options INTERFACE $<IF:${chooses_optimization},${own_optimization},${default}>)
 endfunction()
 
 if(WIN32)
@@ -17,9 +17,9 @@ if(WIN32)
                                WIN32_LEAN_AND_MEAN STRICT)
     add_optimization(-Os)
     target_compile_options(project_options INTERFACE -g1 -ffunction-sections -fdata-sections -fstack-protector-strong)
-    # A target that chooses its optimization is test code, and does without what costs a tenth of its compile time.
+    # The tests' own code does without what costs a tenth of its compile time.
     target_compile_options(project_options INTERFACE
-        $<${chosen}:-fno-function-sections;-fno-data-sections;-fno-stack-protector>)
+        $<${chooses_optimization}:-fno-function-sections;-fno-data-sections;-fno-stack-protector>)
     # By itself GCC looks for memory to free so often that it takes a fifth of the time.
     target_compile_options(project_options INTERFACE --param=ggc-min-heapsize=1000000)
     # The same sources give the same bytes, wherever they lie.
@@ -45,11 +45,11 @@ else()
     if(FUZZING)
         target_compile_options(project_options INTERFACE -fsanitize=fuzzer-no-link)
     endif()
-    # A target that chooses its optimization is test code. Four checks that stand at every member access would take a
-    # third of its compile time; what they find the address sanitizer and the checks of the rooms find, too.
+    # Four checks that stand at every member access would take a third of the compile time of the tests' own code; what
+    # they find the address sanitizer and the checks of the rooms find, too.
     if(NOT COVERAGE)
         target_compile_options(project_options INTERFACE
-                               $<${chosen}:-fno-sanitize=null,alignment,vptr,object-size>)
+                               $<${chooses_optimization}:-fno-sanitize=null,alignment,vptr,object-size>)
     endif()
 endif()
 

@@ -117,6 +117,12 @@ if(WIN32)
     endif()
 endif()
 
+function(compile_test_code target optimization headers)
+    set_target_properties(${target} PROPERTIES OPTIMIZATION ${optimization})
+    target_precompile_headers(${target} REUSE_FROM ${headers})
+    compile_by_folder(${target} 12)
+endfunction()
+
 # compile_quickly(TARGET [HEADERS]): compiling the tests costs more than running them. The precompiled headers are
 # those of form tests, unless others are named.
 function(compile_quickly target)
@@ -125,15 +131,11 @@ function(compile_quickly target)
     if(WIN32 AND LLD)
         target_link_options(${target} PRIVATE -B${quick_linker}/ -fno-use-linker-plugin)
     endif()
-    set_target_properties(${target} PROPERTIES OPTIMIZATION -O0)
     use_quick_compiler(${target})
-    target_precompile_headers(${target} REUSE_FROM ${headers})
-    compile_by_folder(${target} 12)
+    compile_test_code(${target} -O0 ${headers})
 endfunction()
 
 # compile_for_speed(TARGET): native tests that run longer than they compile.
 function(compile_for_speed target)
-    set_target_properties(${target} PROPERTIES OPTIMIZATION -O1)
-    target_precompile_headers(${target} REUSE_FROM stage_headers)
-    compile_by_folder(${target} 12)
+    compile_test_code(${target} -O1 stage_headers)
 endfunction()
