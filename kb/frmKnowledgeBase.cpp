@@ -13,13 +13,11 @@ std::wstring driveOf(const std::wstring& path) { return path.substr(0, 2); }
 }  // namespace
 
 frmKnowledgeBase::frmKnowledgeBase(Application& application, ui::Window& owner)
-    : Form(application.screen.createDialog(IDD_frmKnowledgeBase, &owner)),
+    : OkCancelForm(application.screen.createDialog(IDD_frmKnowledgeBase, &owner)),
       application_(application),
       folders_(dirVexaBaseDir, application.platform.files) {
     drvVexaBaseDir.onClick = [this] { attempt([&] { drvVexaBaseDir_Change(); }); };
     cmdNewDirectory.onClick = [this] { attempt([&] { cmdNewDirectory_Click(); }); };
-    cmdOk.onClick = [this] { cmdOK_Click(); };
-    cmdCancel.onClick = [this] { Unload(); };
     folders_.onFailure = [this] { report(message::folderNotOpened(currentErrorDescription())); };
     folders_.onChange = [this] { txtPath.setText(folders_.path()); };
 }
@@ -87,7 +85,6 @@ void frmKnowledgeBase::cmdOK_Click() {
         if (folders_.path() != settings.VexaBaseDir) application_.bBaseDirChanged = true;
         settings.VexaBaseDir = folders_.path();
     });
-    Unload();
 }
 
 }  // namespace vexa

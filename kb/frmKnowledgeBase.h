@@ -10,7 +10,7 @@
 namespace vexa {
 
 /// Changes the settings record alone.
-class frmKnowledgeBase : public ui::Form {
+class frmKnowledgeBase : public ui::OkCancelForm {
 public:
     frmKnowledgeBase(Application& application, ui::Window& owner);
 
@@ -20,14 +20,13 @@ public:
     ui::Button& cmdNewDirectory = control<ui::Button>(IDC_cmdNewDirectory);
     /// Disabled: nothing would happen at its click.
     ui::Button& cmdRepository = control<ui::Button>(IDC_cmdRepository);
-    ui::Button& cmdOk = control<ui::Button>(IDC_cmdOk);
-    ui::Button& cmdCancel = control<ui::Button>(IDC_cmdCancel);
 
     /// The folder that is shown.
     [[nodiscard]] const std::wstring& folder() const { return folders_.path(); }
 
 protected:
     void Form_Load() override;
+    void cmdOK_Click() override;
 
 private:
     void listDrives();
@@ -35,7 +34,6 @@ private:
     void drvVexaBaseDir_Change();
     void cmdNewDirectory_Click();
     void createFolder(const std::wstring& name);
-    void cmdOK_Click();
     void report(const ui::Message& failure);
 
     Application& application_;

@@ -5,10 +5,8 @@
 namespace vexa {
 
 frmNewFolder::frmNewFolder(Application& application, ui::Window& owner)
-    : Form(application.screen.createDialog(IDD_frmNewFolder, &owner)) {
+    : OkCancelForm(application.screen.createDialog(IDD_frmNewFolder, &owner)) {
     txtFolderName.onChange = [this] { attempt([&] { txtFolderName_Change(); }); };
-    cmdOk.onClick = [this] { cmdOK_Click(); };
-    cmdCancel.onClick = [this] { Unload(); };
 }
 
 void frmNewFolder::Form_Load() {
@@ -19,7 +17,6 @@ void frmNewFolder::txtFolderName_Change() { cmdOk.setEnabled(!txtFolderName.text
 
 void frmNewFolder::cmdOK_Click() {
     attempt([&] { name_ = txtFolderName.text(); });
-    Unload();
 }
 
 }  // namespace vexa

@@ -10,23 +10,21 @@
 
 namespace vexa {
 
-class frmNewFolder : public ui::Form {
+class frmNewFolder : public ui::OkCancelForm {
 public:
     frmNewFolder(Application& application, ui::Window& owner);
 
     ui::TextBox& txtFolderName = control<ui::TextBox>(IDC_txtFolderName);
-    ui::Button& cmdOk = control<ui::Button>(IDC_cmdOk);
-    ui::Button& cmdCancel = control<ui::Button>(IDC_cmdCancel);
 
     /// What was entered; nothing where the dialog was cancelled.
     [[nodiscard]] const std::optional<std::wstring>& name() const { return name_; }
 
 protected:
     void Form_Load() override;
+    void cmdOK_Click() override;
 
 private:
     void txtFolderName_Change();
-    void cmdOK_Click();
 
     std::optional<std::wstring> name_;
 };

@@ -35,7 +35,7 @@ void selectAllOnCtrlA(ui::ListBox& list, ui::KeyEvent& event) {
 }  // namespace
 
 frmAttachment::frmAttachment(Application& application, ui::Window& owner)
-    : Form(application.screen.createDialog(IDD_frmAttachment, &owner)),
+    : OkCancelForm(application.screen.createDialog(IDD_frmAttachment, &owner)),
       application_(application),
       maxSize_(txtMaxSize, updMaxSize, boundsOf(&Settings::AttachmentsMaxSize),
                application.platform.conversions),
@@ -67,8 +67,6 @@ void frmAttachment::connectHandlers() {
     cmdRemove.onClick = [this] { cmdRemove_Click(); };
     lstAvailable.onKeyDown = [this](ui::KeyEvent& event) { lstAvailable_KeyDown(event); };
     lstSelected.onKeyDown = [this](ui::KeyEvent& event) { lstSelected_KeyDown(event); };
-    cmdOk.onClick = [this] { cmdOK_Click(); };
-    cmdCancel.onClick = [this] { Unload(); };
 }
 
 // --- Loading ----------------------------------------------------------------------------------------------
@@ -177,7 +175,6 @@ void frmAttachment::showPage(int tab) {
 void frmAttachment::cmdOK_Click() {
     attempt([&] { storeSelectedExtensions(); });
     for (const SettingRow& row : table_) attempt([&] { store(row); });
-    Unload();
 }
 
 void frmAttachment::storeSelectedExtensions() {

@@ -15,7 +15,7 @@
 namespace vexa {
 
 /// OK writes straight to the registry, unlike the other settings dialogs, and does not mark the page changed.
-class frmAttachment : public ui::Form {
+class frmAttachment : public ui::OkCancelForm {
 public:
     frmAttachment(Application& application, ui::Window& owner);
 
@@ -35,11 +35,10 @@ public:
     ui::Button& cmdRemove = control<ui::Button>(IDC_cmdRemove);
     ui::Label& lblSelected = control<ui::Label>(IDC_lblSelected);
     ui::ListBox& lstSelected = control<ui::ListBox>(IDC_lstSelected);
-    ui::Button& cmdOk = control<ui::Button>(IDC_cmdOk);
-    ui::Button& cmdCancel = control<ui::Button>(IDC_cmdCancel);
 
 protected:
     void Form_Load() override;
+    void cmdOK_Click() override;
 
 private:
     void describeControls();
@@ -51,7 +50,6 @@ private:
     void cmdRemove_Click();
     void lstAvailable_KeyDown(ui::KeyEvent& event);
     void lstSelected_KeyDown(ui::KeyEvent& event);
-    void cmdOK_Click();
 
     void loadExtensions();
     [[nodiscard]] std::vector<std::wstring> readExtensions(const wchar_t* name);

@@ -10,7 +10,7 @@ constexpr const wchar_t* SWATCH_TOOLTIP = L"Click here to select a color";
 }  // namespace
 
 frmDispMatches::frmDispMatches(Application& application, ui::Window& owner)
-    : Form(application.screen.createDialog(IDD_frmDispMatches, &owner)),
+    : OkCancelForm(application.screen.createDialog(IDD_frmDispMatches, &owner)),
       application_(application),
       table_{{optDisplayMatches[0], &Settings::DisplayHotSpots},
              {chkKeepHighlights, &Settings::KeepHighlights},
@@ -30,8 +30,6 @@ frmDispMatches::frmDispMatches(Application& application, ui::Window& owner)
         lblPenalty[index].get().setTooltip(SWATCH_TOOLTIP);
         lblPenalty[index].get().setDescription(SWATCH_TOOLTIP);
     }
-    cmdOk.onClick = [this] { cmdOK_Click(); };
-    cmdCancel.onClick = [this] { Unload(); };
 }
 
 void frmDispMatches::Form_Load() {
@@ -67,7 +65,6 @@ void frmDispMatches::pickColour(ui::Swatch& swatch, const std::wstring& title) {
 void frmDispMatches::cmdOK_Click() {
     storeTable(table_, application_);
     application_.settings.DisplayTextMarks = !application_.settings.DisplayHotSpots;
-    Unload();
 }
 
 }  // namespace vexa

@@ -10,7 +10,7 @@
 
 namespace vexa {
 
-class frmDispMatches : public ui::Form {
+class frmDispMatches : public ui::OkCancelForm {
 public:
     frmDispMatches(Application& application, ui::Window& owner);
 
@@ -24,17 +24,15 @@ public:
         control<ui::Swatch>(IDC_lblPenalty_2), control<ui::Swatch>(IDC_lblPenalty_3),
         control<ui::Swatch>(IDC_lblPenalty_4), control<ui::Swatch>(IDC_lblPenalty_5)};
     ui::CheckBox& chkKeepHighlights = control<ui::CheckBox>(IDC_chkKeepHighlights);
-    ui::Button& cmdOk = control<ui::Button>(IDC_cmdOk);
-    ui::Button& cmdCancel = control<ui::Button>(IDC_cmdCancel);
 
 protected:
     void Form_Load() override;
+    void cmdOK_Click() override;
 
 private:
     void optDisplayMatches_Click();
     void lblSelHotspotColor_Click();
     void lblPenalty_Click(std::size_t index);
-    void cmdOK_Click();
 
     void pickColour(ui::Swatch& swatch, const std::wstring& title);
 

@@ -25,7 +25,7 @@ int indexOf(const ui::ComboBox& combo, const std::wstring& text) {
 }  // namespace
 
 frmSettings::frmSettings(Application& application, ui::Window& owner, ReportOpener openReport)
-    : Form(application.screen.createDialog(IDD_frmSettings, &owner)),
+    : OkCancelForm(application.screen.createDialog(IDD_frmSettings, &owner)),
       application_(application),
       openReport_(std::move(openReport)),
       delay_(txtDelay, updDelay, boundsOf(&Settings::AutoFindDelay), application.platform.conversions),
@@ -48,8 +48,6 @@ void frmSettings::connectHandlers() {
     chkAutoInfo.onClick = [this] { chkAutoInfo_Click(); };
     chkLoggingInformation.onClick = [this] { chkLoggingInformation_Click(); };
     cmdSendLog.onClick = [this] { cmdSendLog_Click(); };
-    cmdOk.onClick = [this] { cmdOK_Click(); };
-    cmdCancel.onClick = [this] { Unload(); };
 }
 
 // --- Loading ----------------------------------------------------------------------------------------------
@@ -129,7 +127,6 @@ void frmSettings::cmdOK_Click() {
     if (application_.settings.FindShortcut != shortcut) application_.flags.shortcutChanged = true;
     storeScope();
     flagsBefore_.reset();
-    Unload();
 }
 
 void frmSettings::Form_QueryUnload() {

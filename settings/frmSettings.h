@@ -13,7 +13,7 @@
 
 namespace vexa {
 
-class frmSettings : public ui::Form {
+class frmSettings : public ui::OkCancelForm {
 public:
     /// Shows the problem report modally over its owner. Throws where that fails.
     using ReportOpener = std::function<void(ui::Window& owner)>;
@@ -36,11 +36,10 @@ public:
     ui::ComboBox& cboDefaultKB = control<ui::ComboBox>(IDC_cboDefaultKB);
     ui::CheckBox& chkLoggingInformation = control<ui::CheckBox>(IDC_chkLoggingInformation);
     ui::Button& cmdSendLog = control<ui::Button>(IDC_cmdSendLog);
-    ui::Button& cmdOk = control<ui::Button>(IDC_cmdOk);
-    ui::Button& cmdCancel = control<ui::Button>(IDC_cmdCancel);
 
 protected:
     void Form_Load() override;
+    void cmdOK_Click() override;
     void Form_QueryUnload() override;
 
 private:
@@ -48,7 +47,6 @@ private:
     void chkAutoInfo_Click();
     void chkLoggingInformation_Click();
     void cmdSendLog_Click();
-    void cmdOK_Click();
 
     void readDefaultProject();
     void listKnowledgebases();

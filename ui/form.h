@@ -46,4 +46,21 @@ private:
     std::unique_ptr<Window> window_;
 };
 
+/// A dialog that closes by OK, which takes what the user has entered, or by Cancel.
+class OkCancelForm : public Form {
+public:
+    Button& cmdOk = control<Button>(IDC_cmdOk);
+    Button& cmdCancel = control<Button>(IDC_cmdCancel);
+
+protected:
+    explicit OkCancelForm(std::unique_ptr<Window> window) : Form(std::move(window)) {
+        cmdOk.onClick = [this] {
+            cmdOK_Click();
+            Unload();
+        };
+        cmdCancel.onClick = [this] { Unload(); };
+    }
+    virtual void cmdOK_Click() = 0;
+};
+
 }  // namespace ui
