@@ -87,12 +87,16 @@ void FormattingBar::followSelection() noexcept {
     attempt([&] {
         selectFontname(body_.fontName());
         selectFontsize(body_.fontSize());
-        toolbar_.setPressed(propertyButton::bold, body_.bold() == true);
-        toolbar_.setPressed(propertyButton::italic, body_.italic() == true);
-        toolbar_.setPressed(propertyButton::underline, body_.underline() == true);
+        show(propertyButton::bold, ui::Effect::bold);
+        show(propertyButton::italic, ui::Effect::italic);
+        show(propertyButton::underline, ui::Effect::underline);
         showAlignment(body_.alignment());
         toolbar_.setPressed(propertyButton::bulletIndent, body_.bulleted() == true);
     });
+}
+
+void FormattingBar::show(int button, ui::Effect effect) {
+    toolbar_.setPressed(button, body_.effect(effect) == true);
 }
 
 void FormattingBar::selectFontname(const std::optional<std::wstring>& name) {
@@ -118,15 +122,9 @@ void FormattingBar::buttonClicked(int button) {
     switch (button) {
         case highImportance: return releaseOtherImportance(highImportance, lowImportance);
         case lowImportance: return releaseOtherImportance(lowImportance, highImportance);
-        case bold:
-            body_.setBold(body_.bold() != true);
-            return toolbar_.setPressed(bold, body_.bold() == true);
-        case italic:
-            body_.setItalic(body_.italic() != true);
-            return toolbar_.setPressed(italic, body_.italic() == true);
-        case underline:
-            body_.setUnderline(body_.underline() != true);
-            return toolbar_.setPressed(underline, body_.underline() == true);
+        case bold: return toggle(bold, ui::Effect::bold);
+        case italic: return toggle(italic, ui::Effect::italic);
+        case underline: return toggle(underline, ui::Effect::underline);
         case leftAlign: return align(ui::Alignment::left);
         case center: return align(ui::Alignment::centre);
         case rightAlign: return align(ui::Alignment::right);
@@ -135,6 +133,11 @@ void FormattingBar::buttonClicked(int button) {
         case increaseIndent: return indentBy(indentStep());
         default: return;  // "Numeration" is accepted and changes nothing
     }
+}
+
+void FormattingBar::toggle(int button, ui::Effect effect) {
+    body_.setEffect(effect, body_.effect(effect) != true);
+    show(button, effect);
 }
 
 void FormattingBar::releaseOtherImportance(int clicked, int other) {

@@ -32,6 +32,8 @@ private:
     void selectFontname(const std::optional<std::wstring>& name);
     void selectFontsize(const std::optional<double>& points);
     void buttonClicked(int button);
+    void toggle(int button, ui::Effect effect);
+    void show(int button, ui::Effect effect);
     void releaseOtherImportance(int clicked, int other);
     void align(ui::Alignment alignment);
     void showAlignment(const std::optional<ui::Alignment>& alignment);

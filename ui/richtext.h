@@ -9,6 +9,7 @@
 namespace ui {
 
 enum class Alignment { left = 0, right = 1, centre = 2 };
+enum class Effect { bold, italic, underline };
 
 /// `text()` is the plain text, its paragraphs ended by CR LF. Without a selection a format that is read is
 /// that of the caret, and one that is set belongs to what is typed next.
@@ -29,12 +30,8 @@ public:
     /// Points.
     [[nodiscard]] virtual std::optional<double> fontSize() const = 0;
     virtual void setFontSize(double points) = 0;
-    [[nodiscard]] virtual std::optional<bool> bold() const = 0;
-    virtual void setBold(bool bold) = 0;
-    [[nodiscard]] virtual std::optional<bool> italic() const = 0;
-    virtual void setItalic(bool italic) = 0;
-    [[nodiscard]] virtual std::optional<bool> underline() const = 0;
-    virtual void setUnderline(bool underline) = 0;
+    [[nodiscard]] virtual std::optional<bool> effect(Effect effect) const = 0;
+    virtual void setEffect(Effect effect, bool on) = 0;
     [[nodiscard]] virtual std::optional<Colour> colour() const = 0;
     virtual void setColour(Colour colour) = 0;
 

@@ -95,9 +95,9 @@ class Report {
 public:
     void edit(Input& input) {
         switch (input.take(12)) {
-            case 0: return body_.setBold(input.take(2) == 0);
-            case 1: return body_.setItalic(input.take(2) == 0);
-            case 2: return body_.setUnderline(input.take(2) == 0);
+            case 0: return body_.setEffect(ui::Effect::bold, input.take(2) == 0);
+            case 1: return body_.setEffect(ui::Effect::italic, input.take(2) == 0);
+            case 2: return body_.setEffect(ui::Effect::underline, input.take(2) == 0);
             case 3: return body_.setColour(input.takeNumber() & 0xFFFFFF);
             case 4: return body_.setFontName(FONTS[input.take(std::size(FONTS))]);
             case 5: return body_.setFontSize(1 + static_cast<double>(input.take(60)));

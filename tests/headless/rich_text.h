@@ -84,12 +84,10 @@ public:
     void setFontName(const std::wstring& name) override { set(&Character::fontName, FontName(name)); }
     [[nodiscard]] std::optional<double> fontSize() const override { return valueOf(&Character::fontSize); }
     void setFontSize(double points) override { set(&Character::fontSize, points); }
-    [[nodiscard]] std::optional<bool> bold() const override { return valueOf(&Character::bold); }
-    void setBold(bool bold) override { set(&Character::bold, bold); }
-    [[nodiscard]] std::optional<bool> italic() const override { return valueOf(&Character::italic); }
-    void setItalic(bool italic) override { set(&Character::italic, italic); }
-    [[nodiscard]] std::optional<bool> underline() const override { return valueOf(&Character::underline); }
-    void setUnderline(bool underline) override { set(&Character::underline, underline); }
+    [[nodiscard]] std::optional<bool> effect(ui::Effect effect) const override {
+        return valueOf(memberOf(effect));
+    }
+    void setEffect(ui::Effect effect, bool on) override { set(memberOf(effect), on); }
     [[nodiscard]] std::optional<ui::Colour> colour() const override { return valueOf(&Character::colour); }
     void setColour(ui::Colour colour) override { set(&Character::colour, colour); }
 
@@ -196,15 +194,21 @@ private:
     void takeShortcut(int key) {
         switch (key) {
             case 'A': select(0, length()); break;
-            case 'B': setBold(bold() != true); break;
-            case 'I': setItalic(italic() != true); break;
-            case 'U': setUnderline(underline() != true); break;
+            case 'B': toggle(ui::Effect::bold); break;
+            case 'I': toggle(ui::Effect::italic); break;
+            case 'U': toggle(ui::Effect::underline); break;
             case 'L': setAlignment(ui::Alignment::left); break;
             case 'E': setAlignment(ui::Alignment::centre); break;
             case 'R': setAlignment(ui::Alignment::right); break;
             default: break;
         }
         raise(onSelectionChange);
+    }
+
+    void toggle(ui::Effect effect) { setEffect(effect, this->effect(effect) != true); }
+    static bool Character::*memberOf(ui::Effect effect) {
+        constexpr bool Character::*MEMBERS[] = {&Character::bold, &Character::italic, &Character::underline};
+        return MEMBERS[static_cast<std::size_t>(effect)];
     }
 
     // A format of the selection: nothing where it mixes several values.

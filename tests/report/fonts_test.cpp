@@ -81,7 +81,7 @@ TEST_F(ReportFonts, AScreenWithoutFontsLeavesTheComboEmptyAndTheReportCanBeWritt
             user.clickButton(form.tbrProperties, button::bold);
             user.type(form.rtfBody, L" and more");
             EXPECT_EQ(form.rtfBody.text(), L"text and more");
-            EXPECT_EQ(form.rtfBody.bold(), true);
+            EXPECT_EQ(form.rtfBody.effect(ui::Effect::bold), true);
         });
     }
 }

@@ -27,9 +27,9 @@ protected:
         form.rtfBody.select(start, length);
     }
     static void makeBoldItalicUnderlined(ui::RichText& body) {
-        body.setBold(true);
-        body.setItalic(true);
-        body.setUnderline(true);
+        body.setEffect(ui::Effect::bold, true);
+        body.setEffect(ui::Effect::italic, true);
+        body.setEffect(ui::Effect::underline, true);
     }
     [[nodiscard]] long twips(double pixels) const {
         return std::lround(pixels * application.screen.twipsPerPixelX());
@@ -76,9 +76,9 @@ protected:
         body.select(0, 5);
         switch (selection) {
             case Selection::plain: break;
-            case Selection::bold: body.setBold(true); break;
-            case Selection::italic: body.setItalic(true); break;
-            case Selection::underlined: body.setUnderline(true); break;
+            case Selection::bold: body.setEffect(ui::Effect::bold, true); break;
+            case Selection::italic: body.setEffect(ui::Effect::italic, true); break;
+            case Selection::underlined: body.setEffect(ui::Effect::underline, true); break;
             case Selection::mixedCharacters:
                 body.select(0, 1);
                 makeBoldItalicUnderlined(body);
@@ -99,8 +99,9 @@ protected:
 
     std::string describe(const frmSendBugReport& form) {
         const ui::RichText& body = form.rtfBody;
-        std::string text =
-            "b" + flag(body.bold()) + " i" + flag(body.italic()) + " u" + flag(body.underline());
+        std::string text = "b" + flag(body.effect(ui::Effect::bold)) + " i" +
+                           flag(body.effect(ui::Effect::italic)) + " u" +
+                           flag(body.effect(ui::Effect::underline));
         const auto alignment = body.alignment();
         text += " align " + (alignment ? std::to_string(static_cast<int>(*alignment)) : "?");
         text += " bullet " + flag(body.bulleted()) + " left " + distance(body.leftIndent()) + " hanging " +
@@ -206,7 +207,7 @@ INSTANTIATE_TEST_SUITE_P(Table, ReportToolbar, testing::ValuesIn(rows), rowName)
 TEST_F(ReportFormatting, NumerationAndImportanceLeaveEveryFormatAlone) {
     openWithText(L"ab\ncd", [&](frmSendBugReport& form) {
         form.rtfBody.select(0, 2);
-        form.rtfBody.setBold(true);
+        form.rtfBody.setEffect(ui::Effect::bold, true);
         form.rtfBody.setBulleted(true);
         form.rtfBody.select(0, 5);
         const std::wstring before = form.rtfBody.rtf();
@@ -252,7 +253,7 @@ TEST_F(ReportFormatting, AGreyedButtonChangesNothing) {
         form.txtSubject.setFocus();
         user.clickButton(form.tbrProperties, button::bold);
         user.chooseMenu(form.tbrProperties, button::forecolor, 4);
-        EXPECT_EQ(form.rtfBody.bold(), false);
+        EXPECT_EQ(form.rtfBody.effect(ui::Effect::bold), false);
         EXPECT_EQ(form.rtfBody.colour(), 0);
     });
 }
@@ -295,9 +296,9 @@ TEST_F(ReportFormatting, TypedTextTakesTheFormatOfTheButtons) {
         EXPECT_TRUE(form.tbrProperties.pressed(button::bold));
         user.type(form.rtfBody, L"cd");
         form.rtfBody.select(2, 2);
-        EXPECT_EQ(form.rtfBody.bold(), true);
+        EXPECT_EQ(form.rtfBody.effect(ui::Effect::bold), true);
         form.rtfBody.select(0, 2);
-        EXPECT_EQ(form.rtfBody.bold(), false);
+        EXPECT_EQ(form.rtfBody.effect(ui::Effect::bold), false);
     });
 }
 
@@ -428,7 +429,7 @@ TEST_F(ReportFormatting, TheControlsFollowTheCaret) {
 TEST_F(ReportFormatting, AnArrowKeyMovesTheCaretAndTheButtonsFollow) {
     openWithText(L"abcd", [&](frmSendBugReport& form) {
         form.rtfBody.select(0, 2);
-        form.rtfBody.setBold(true);
+        form.rtfBody.setEffect(ui::Effect::bold, true);
         form.rtfBody.select(4, 0);
         EXPECT_FALSE(form.tbrProperties.pressed(button::bold));
         user.press(form.window(), key::left);
@@ -444,15 +445,15 @@ TEST_F(ReportFormatting, TheButtonsShowWhatTheEditorsOwnShortcutsDo) {
         for (const int letter : {'B', 'I', 'U', 'E', 'R', 'L'}) {
             SCOPED_TRACE(static_cast<char>(letter));
             // The editor tells of none of these; some editors know the shortcuts, and others do not.
-            form.rtfBody.setBold(form.rtfBody.bold() != true);
-            form.rtfBody.setItalic(form.rtfBody.italic() != true);
-            form.rtfBody.setUnderline(form.rtfBody.underline() != true);
+            form.rtfBody.setEffect(ui::Effect::bold, form.rtfBody.effect(ui::Effect::bold) != true);
+            form.rtfBody.setEffect(ui::Effect::italic, form.rtfBody.effect(ui::Effect::italic) != true);
+            form.rtfBody.setEffect(ui::Effect::underline, form.rtfBody.effect(ui::Effect::underline) != true);
             form.rtfBody.setAlignment(letter == 'R' ? ui::Alignment::centre : ui::Alignment::right);
             user.press(form.window(), letter, ui::modifier::control);
             std::vector<int> expected;
-            if (form.rtfBody.bold() == true) expected.push_back(button::bold);
-            if (form.rtfBody.italic() == true) expected.push_back(button::italic);
-            if (form.rtfBody.underline() == true) expected.push_back(button::underline);
+            if (form.rtfBody.effect(ui::Effect::bold) == true) expected.push_back(button::bold);
+            if (form.rtfBody.effect(ui::Effect::italic) == true) expected.push_back(button::italic);
+            if (form.rtfBody.effect(ui::Effect::underline) == true) expected.push_back(button::underline);
             if (form.rtfBody.alignment() == ui::Alignment::left) expected.push_back(button::leftAlign);
             if (form.rtfBody.alignment() == ui::Alignment::centre) expected.push_back(button::center);
             if (form.rtfBody.alignment() == ui::Alignment::right) expected.push_back(button::rightAlign);
@@ -515,13 +516,13 @@ TEST_F(ReportFormatting, ButtonsAreReachedAndPressedByKeyboardAlone) {
         // From "High Importance" over "Low Importance" and "Forecolor" to "Bold".
         for (int step = 0; step < 3; ++step) user.press(form.window(), key::right);
         user.press(form.window(), key::space);
-        EXPECT_EQ(form.rtfBody.bold(), true);
+        EXPECT_EQ(form.rtfBody.effect(ui::Effect::bold), true);
         user.press(form.window(), key::right);
         user.press(form.window(), key::enter);
-        EXPECT_EQ(form.rtfBody.italic(), true);
+        EXPECT_EQ(form.rtfBody.effect(ui::Effect::italic), true);
         user.press(form.window(), key::left);
         user.press(form.window(), key::space);
-        EXPECT_EQ(form.rtfBody.bold(), false);
+        EXPECT_EQ(form.rtfBody.effect(ui::Effect::bold), false);
     });
 }
 

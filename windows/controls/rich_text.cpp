@@ -142,6 +142,12 @@ std::wstring plainRtf(Collected utf8) {
     return withNumbers(fromUtf8(utf8.text));
 }
 
+/// An effect's bits are those of its mask.
+DWORD maskOf(ui::Effect effect) {
+    constexpr DWORD MASKS[] = {CFM_BOLD, CFM_ITALIC, CFM_UNDERLINE};
+    return MASKS[static_cast<int>(effect)];
+}
+
 /// Whether the dialog asks for this message and it is the Enter key.
 bool isEnter(LPARAM lParam) {
     const auto* message = reinterpret_cast<const MSG*>(lParam);
@@ -232,16 +238,17 @@ void RichText::setCharacterFormat(CHARFORMAT2W& format, WPARAM range) const {
     send(EM_SETCHARFORMAT, range, reinterpret_cast<LPARAM>(&format));
 }
 
-std::optional<bool> RichText::effect(DWORD mask) const {
+std::optional<bool> RichText::effect(ui::Effect effect) const {
     const CHARFORMAT2W format = characterFormat();
+    const DWORD mask = maskOf(effect);
     if ((format.dwMask & mask) == 0) return std::nullopt;
     return (format.dwEffects & mask) != 0;
 }
 
-void RichText::setEffect(DWORD mask, bool on) const {
+void RichText::setEffect(ui::Effect effect, bool on) {
     CHARFORMAT2W format{};
-    format.dwMask = mask;
-    format.dwEffects = on ? mask : 0;
+    format.dwMask = maskOf(effect);
+    format.dwEffects = on ? format.dwMask : 0;
     setCharacterFormat(format, SCF_SELECTION);
 }
 

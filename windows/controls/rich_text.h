@@ -27,12 +27,8 @@ public:
     void setFontName(const std::wstring& name) override;
     [[nodiscard]] std::optional<double> fontSize() const override;
     void setFontSize(double points) override;
-    [[nodiscard]] std::optional<bool> bold() const override { return effect(CFM_BOLD); }
-    void setBold(bool bold) override { setEffect(CFM_BOLD, bold); }
-    [[nodiscard]] std::optional<bool> italic() const override { return effect(CFM_ITALIC); }
-    void setItalic(bool italic) override { setEffect(CFM_ITALIC, italic); }
-    [[nodiscard]] std::optional<bool> underline() const override { return effect(CFM_UNDERLINE); }
-    void setUnderline(bool underline) override { setEffect(CFM_UNDERLINE, underline); }
+    [[nodiscard]] std::optional<bool> effect(ui::Effect effect) const override;
+    void setEffect(ui::Effect effect, bool on) override;
     [[nodiscard]] std::optional<ui::Colour> colour() const override;
     void setColour(ui::Colour colour) override;
 
@@ -52,9 +48,6 @@ private:
     /// The selection's format; `dwMask` tells which values are the same all over it.
     [[nodiscard]] CHARFORMAT2W characterFormat() const;
     void setCharacterFormat(CHARFORMAT2W& format, WPARAM range) const;
-    /// The bits of an effect are those of its mask.
-    [[nodiscard]] std::optional<bool> effect(DWORD mask) const;
-    void setEffect(DWORD mask, bool on) const;
     [[nodiscard]] PARAFORMAT2 paragraphFormat() const;
     void setParagraphFormat(PARAFORMAT2& format) const;
     struct Indent {
