@@ -136,4 +136,30 @@ public:
     [[nodiscard]] std::intptr_t handle() const override { return reinterpret_cast<std::intptr_t>(window()); }
 };
 
+/// A wrapper that keeps the caption itself: the window's text, which screen readers tell, may be another one.
+template <class Interface>
+class Captioned : public ControlOf<Interface> {
+public:
+    Captioned(Window& window, HWND handle)
+        : ControlOf<Interface>(window, handle), caption_(this->windowText()) {}
+
+    [[nodiscard]] std::wstring text() const override { return caption_; }
+    void setText(const std::wstring& text) override {
+        caption_ = text;
+        nameWindow();
+    }
+    void setTooltip(const std::wstring& text) override {
+        ControlOf<Interface>::setTooltip(text);
+        nameWindow();
+    }
+
+protected:
+    /// Gives the window the text that caption and tooltip make.
+    virtual void nameWindow() = 0;
+    [[nodiscard]] const std::wstring& caption() const { return caption_; }
+
+private:
+    std::wstring caption_;
+};
+
 }  // namespace win

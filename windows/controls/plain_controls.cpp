@@ -47,7 +47,7 @@ void Label::announce() {
 
 // --- Button -----------------------------------------------------------------------------------------------
 
-Button::Button(Window& window, HWND handle) : ControlOf(window, handle), caption_(windowText()) {
+Button::Button(Window& window, HWND handle) : Captioned(window, handle) {
     if (isShown()) showIcon();
 }
 
@@ -68,19 +68,9 @@ void Button::drawIconAnew() {
     if (send(BM_SETIMAGE, IMAGE_ICON, 0) != 0) showIcon();
 }
 
-void Button::setText(const std::wstring& text) {
-    caption_ = text;
-    nameWindow();
-}
-
-void Button::setTooltip(const std::wstring& text) {
-    ControlOf::setTooltip(text);
-    nameWindow();
-}
-
 void Button::nameWindow() {
     const bool picture = (style() & (BS_ICON | BS_BITMAP)) != 0;
-    const std::wstring& name = picture && caption_.empty() ? tip() : caption_;
+    const std::wstring& name = picture && caption().empty() ? tip() : caption();
     SetWindowTextW(window(), name.c_str());
 }
 

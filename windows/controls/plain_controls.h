@@ -23,25 +23,20 @@ private:
 
 /// A button that shows a picture shows the module's icon of its own identifier, and bears its tooltip as
 /// window text, which screen readers tell.
-class Button : public ControlOf<ui::Button> {
+class Button : public Captioned<ui::Button> {
 public:
     Button(Window& window, HWND handle);
     void onCommand(int code) override {
         if (code == BN_CLICKED) raise(onClick);
     }
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-    [[nodiscard]] std::wstring text() const override { return caption_; }
-    void setText(const std::wstring& text) override;
-    void setTooltip(const std::wstring& text) override;
     void coloursChanged() override { drawIconAnew(); }
     void rescaled() override { drawIconAnew(); }
 
 private:
-    void nameWindow();
+    void nameWindow() override;
     void showIcon();
     void drawIconAnew();
-
-    std::wstring caption_;
 };
 
 class CheckBox : public ControlOf<ui::CheckBox> {

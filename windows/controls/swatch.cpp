@@ -33,21 +33,9 @@ void drawCaption(const DRAWITEMSTRUCT& item, const std::wstring& caption, RECT a
 
 }  // namespace
 
-Swatch::Swatch(Window& window, HWND handle) : ControlOf(window, handle), caption_(windowText()) {}
-
 void Swatch::onCommand(int code) {
     // The second press of a double click comes under a code of its own.
     if (code == BN_CLICKED || code == BN_DOUBLECLICKED) raise(onClick);
-}
-
-void Swatch::setText(const std::wstring& text) {
-    caption_ = text;
-    nameWindow();
-}
-
-void Swatch::setTooltip(const std::wstring& text) {
-    ControlOf::setTooltip(text);
-    nameWindow();
 }
 
 void Swatch::nameWindow() {
@@ -58,7 +46,7 @@ void Swatch::nameWindow() {
 /// Screen readers tell the window's text: without a caption it is that of the label before the swatch, else
 /// the tooltip.
 std::wstring Swatch::name() const {
-    if (!caption_.empty()) return caption_;
+    if (!caption().empty()) return caption();
     const HWND before = GetWindow(window(), GW_HWNDPREV);
     wchar_t label[100] = L"";
     const bool isText = (SendMessageW(before, WM_GETDLGCODE, 0, 0) & DLGC_STATIC) != 0;
@@ -106,11 +94,11 @@ bool Swatch::onDrawItem(const DRAWITEMSTRUCT& item) {
         InflateRect(&area, -1, -1);
     }
     fill(item.hDC, area, shown);
-    const ui::Colour caption = disabled ? ui::disabledCaptionOn(colour_) : ui::captionOn(colour_);
-    drawCaption(item, caption_, area, static_cast<COLORREF>(caption));
+    const ui::Colour ink = disabled ? ui::disabledCaptionOn(colour_) : ui::captionOn(colour_);
+    drawCaption(item, caption(), area, static_cast<COLORREF>(ink));
     if ((item.itemState & ODS_FOCUS) && !(item.itemState & ODS_NOFOCUSRECT)) {
         InflateRect(&area, -2, -2);
-        SetTextColor(item.hDC, static_cast<COLORREF>(caption));
+        SetTextColor(item.hDC, static_cast<COLORREF>(ink));
         SetBkColor(item.hDC, shown);
         DrawFocusRect(item.hDC, &area);
     }

@@ -6,9 +6,9 @@
 
 namespace win {
 
-class Swatch : public ControlOf<ui::Swatch> {
+class Swatch : public Captioned<ui::Swatch> {
 public:
-    Swatch(Window& window, HWND handle);
+    using Captioned::Captioned;
     void onCommand(int code) override;
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void coloursChanged() override { InvalidateRect(window(), nullptr, FALSE); }
@@ -16,18 +16,14 @@ public:
     [[nodiscard]] std::wstring accessibleValue() const override;
     bool onDrawItem(const DRAWITEMSTRUCT& item) override;
 
-    [[nodiscard]] std::wstring text() const override { return caption_; }
-    void setText(const std::wstring& text) override;
-    void setTooltip(const std::wstring& text) override;
     /// Exactly what was set, also where the top byte means no colour.
     [[nodiscard]] ui::Colour colour() const override { return colour_; }
     void setColour(ui::Colour colour) override;
 
 private:
-    void nameWindow();
+    void nameWindow() override;
     [[nodiscard]] std::wstring name() const;
 
-    std::wstring caption_;
     ui::Colour colour_ = 0x00FFFFFF;
 };
 
