@@ -103,18 +103,10 @@ public:
 class TracedPageSite : public TracedDispatch<PropertyPageSite> {
 public:
     using TracedDispatch::TracedDispatch;
-    STDMETHODIMP get_Application(IDispatch** object) noexcept override {
-        return call(L"Application", &PropertyPageSite::get_Application, object);
-    }
-    STDMETHODIMP get_Class(long* kind) noexcept override {
-        return call(L"Class", &PropertyPageSite::get_Class, kind);
-    }
-    STDMETHODIMP get_Session(IDispatch** session) noexcept override {
-        return call(L"Session", &PropertyPageSite::get_Session, session);
-    }
-    STDMETHODIMP get_Parent(IDispatch** parent) noexcept override {
-        return call(L"Parent", &PropertyPageSite::get_Parent, parent);
-    }
+    TRACED_GETTER(Application, IDispatch**)
+    TRACED_GETTER(Class, long*)
+    TRACED_GETTER(Session, IDispatch**)
+    TRACED_GETTER(Parent, IDispatch**)
     TRACED_METHOD(OnStatusChange, ())
 };
 

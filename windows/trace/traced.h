@@ -129,3 +129,8 @@ std::unique_ptr<Facet> facet(TracedObject& whole, IUnknown& object, const wchar_
     STDMETHODIMP name(__VA_ARGS__) noexcept override {                          \
         return this->call(L"" #name, &Target::name TRACED_ARGUMENTS arguments); \
     }
+/// The same for a method that reads a property.
+#define TRACED_GETTER(name, type)                                 \
+    STDMETHODIMP get_##name(type value) noexcept override {       \
+        return this->call(L"" #name, &Target::get_##name, value); \
+    }
