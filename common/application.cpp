@@ -1,15 +1,8 @@
 #include "common/application.h"
 
+#include "common/guarded.h"
+
 namespace vexa {
-namespace {
-
-const std::wstring& rootKey() {
-    static const std::wstring key = RootKey;
-    return key;
-}
-
-}  // namespace
-
 Application::Application(Platform ports, ui::Screen& uiScreen)
     : platform(ports),
       screen(uiScreen),
@@ -33,10 +26,14 @@ void Application::loadLogPath() {
     log.LogPath = readText(ProfileKey, valueName::LogPath, installed);
 }
 
+const std::wstring& Application::keyOf(const Setting& setting) const {
+    static const std::wstring root = RootKey;
+    return setting.key == SettingKey::root ? root : ProfileKey;
+}
+
 void Application::load(const Setting& setting) {
-    const std::wstring& key = setting.key == SettingKey::root ? rootKey() : ProfileKey;
     const Value stored =
-        registry.RegistryRead(HKEY_CURRENT_USER_HIVE, key, setting.name, setting.defaultValue);
+        registry.RegistryRead(HKEY_CURRENT_USER_HIVE, keyOf(setting), setting.name, setting.defaultValue);
     try {
         if (std::holds_alternative<std::wstring>(setting.defaultValue))
             storeSetting(settings, setting, asText(stored));
@@ -48,10 +45,9 @@ void Application::load(const Setting& setting) {
 }
 
 void Application::store(const Setting& setting) {
-    const std::wstring& key = setting.key == SettingKey::root ? rootKey() : ProfileKey;
     const Value value = settingValue(settings, setting);
     const auto type = std::holds_alternative<std::wstring>(value) ? ValueType::text : ValueType::integer;
-    registry.RegistryWrite(HKEY_CURRENT_USER_HIVE, key, setting.name, type, value);
+    registry.RegistryWrite(HKEY_CURRENT_USER_HIVE, keyOf(setting), setting.name, type, value);
 }
 
 std::wstring Application::readText(const std::wstring& key, const std::wstring& name,
@@ -84,6 +80,15 @@ void Application::writeInteger(const std::wstring& key, const std::wstring& name
 
 void Application::deleteValue(const std::wstring& key, const std::wstring& name) {
     registry.RegistryDelete(HKEY_CURRENT_USER_HIVE, key, name);
+}
+
+bool Application::ask(bool (AddIn::*question)()) const noexcept {
+    bool answer = false;
+    attempt([&] {
+        const std::shared_ptr<AddIn> asked = addIn;  // another page may connect anew meanwhile
+        answer = asked && (asked.get()->*question)();
+    });
+    return answer;
 }
 
 }  // namespace vexa

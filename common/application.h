@@ -77,6 +77,12 @@ public:
     void SetPointerHourglass() { platform.desktop.setPointer(PointerShape::hourglass); }
     void SetPointerArrowHourglass() { platform.desktop.setPointer(PointerShape::arrowHourglass); }
     void DoEvents() { platform.desktop.doEvents(); }
+
+    /// What the add-in answers; one that is gone or cannot be asked says no. It may let events run.
+    [[nodiscard]] bool ask(bool (AddIn::*question)()) const noexcept;
+
+private:
+    [[nodiscard]] const std::wstring& keyOf(const Setting& setting) const;
 };
 
 }  // namespace vexa

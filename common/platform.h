@@ -46,8 +46,6 @@ public:
     /// As VarI4FromStr: surrounding blanks allowed, a fraction is rounded, halves to even. Throws Error
     /// ("Type mismatch", "Overflow").
     [[nodiscard]] virtual std::int32_t toInteger(const std::wstring& text) = 0;
-    /// As VarR8FromStr.
-    [[nodiscard]] virtual double toNumber(const std::wstring& text) = 0;
     /// As VarDateFromStr: a date serial, days since 30 December 1899. Also takes a plain number as a serial.
     [[nodiscard]] virtual double toDate(const std::wstring& text) = 0;
     /// Every letter in lower case, in any script.

@@ -73,14 +73,7 @@ void ProcessLock::lockForCommand(KBEvent event, const std::wstring& name, bool l
 }
 
 void ProcessLock::startTimer() {
-    if (!window_.isOpen()) return;
-    tmrLock_->setInterval(LOCK_INTERVAL);
-    tmrLock_->setEnabled(true);
-}
-
-void ProcessLock::stopTimer() {
-    tmrLock_->setInterval(0);
-    tmrLock_->setEnabled(false);
+    if (window_.isOpen()) tmrLock_->start(LOCK_INTERVAL);
 }
 
 // --- The end of processing --------------------------------------------------------------------------------

@@ -44,7 +44,7 @@ public:
 
     /// Ticks look for an end from now on.
     void startTimer();
-    void stopTimer();
+    void stopTimer() { tmrLock_->stop(); }
     /// A tick while the timer runs.
     std::function<void()>& onTick() { return tmrLock_->onTimer; }
 

@@ -92,22 +92,17 @@ void ctlPPE::connectHandlers() {
 // --- Life cycle -------------------------------------------------------------------------------------------
 
 void ctlPPE::UserControl_Initialize() noexcept {
-    attempt([&] {
-        tmrChkSearching_->setInterval(0);
-        tmrChkSearching_->setEnabled(false);
-    });
+    attempt([&] { tmrChkSearching_->stop(); });
     live_.emplace(application_.livePages);
     bool connected = false;
     attempt([&] { application_.SetPointerHourglass(); });
     attempt([&] { connected = connectAddIn(); });
     attempt([&] { application_.SetPointerDefault(); });
     attempt([&] {
-        if (connected) {
-            tmrChkSearching_->setInterval(POLL_INTERVAL);
-            tmrChkSearching_->setEnabled(true);
-        } else {
+        if (connected)
+            tmrChkSearching_->start(POLL_INTERVAL);
+        else
             application_.screen.showMessage(&window(), addInMissing());
-        }
     });
     IsLoading_ = true;
     loadSettings();
@@ -151,7 +146,7 @@ void ctlPPE::publishMessageHandle() {
 
 void ctlPPE::UserControl_Terminate() noexcept {
     live_.reset();
-    attempt([&] { tmrChkSearching_->setEnabled(false); });
+    attempt([&] { tmrChkSearching_->stop(); });
     // Another page may have set another profile since.
     attempt([&] { application_.deleteValue(publishedBelow_, valueName::hWndProperties); });
     attempt([&] { trace(L", terminated."); });
@@ -303,21 +298,12 @@ void ctlPPE::explainRows() {
     }
 }
 
-bool ctlPPE::addInSearches() {
-    bool searching = false;
-    // An add-in that has gone away does not search: the buttons come back.
-    attempt([&] {
-        const std::shared_ptr<AddIn> addIn = application_.addIn;
-        searching = addIn && addIn->IsSearching();
-    });
-    return searching;
-}
-
 void ctlPPE::tmrChkSearching_Timer() {
     // An add-in that handles messages while it is asked lets the next tick in.
     if (polling_) return;
     const Raised polling(polling_);
-    const bool searching = addInSearches();
+    // An add-in that has gone away does not search: the buttons come back.
+    const bool searching = application_.ask(&AddIn::IsSearching);
     attempt([&] { searching ? disableButtons() : setButtons(); });
 }
 

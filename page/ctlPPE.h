@@ -77,7 +77,6 @@ private:
     void askWizardRule();
     /// What the rule or the add-in says of the wizard holds until one of them says something else.
     void offerWizard(bool offered);
-    [[nodiscard]] bool addInSearches();
     /// Says in the rows what their buttons are for, or why they are disabled.
     void explainRows();
     void layOut();

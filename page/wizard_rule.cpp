@@ -10,16 +10,6 @@ namespace {
 
 constexpr const wchar_t* EXTENSION = L".dct";
 
-/// An add-in that cannot be asked processes nothing.
-bool isProcessing(const Application& application) {
-    bool processing = false;
-    attempt([&] {
-        const std::shared_ptr<AddIn> addIn = application.addIn;
-        processing = addIn && addIn->IsProcessing();
-    });
-    return processing;
-}
-
 /// The files with content in the base folder and its subfolder, in lower case. Each folder is asked once and
 /// not each file, which on a slow share takes as many times as long; where the base folder cannot be read
 /// there is no subfolder either.
@@ -48,7 +38,7 @@ bool anyHasContent(Application& application) {
 }  // namespace
 
 bool wizardAllowed(Application& application) {
-    if (isProcessing(application)) return false;
+    if (application.ask(&AddIn::IsProcessing)) return false;
     const std::int32_t state =
         application.readInteger(application.ProfileKey, valueName::KBProcessState, processState::ended);
     return state == processState::ended && !anyHasContent(application);

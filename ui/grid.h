@@ -65,7 +65,6 @@ public:
     [[nodiscard]] const std::wstring& cellText(int row, int column) const { return cell(row, column).text; }
     /// An empty cell where the row has none there.
     [[nodiscard]] const GridCell& cell(int row, int column) const { return cellOf(this->row(row), column); }
-    [[nodiscard]] double cellNumber(int row, int column) const { return cell(row, column).number; }
     /// Adds at the end and returns the number of the new row.
     int addRow(GridRow row);
     void removeRow(int row);

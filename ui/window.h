@@ -13,19 +13,16 @@ namespace ui {
 
 class Form;
 
-/// A periodic timer of a window. It starts stopped, with the interval 0.
+/// A periodic timer of a window.
 class Timer {
 public:
     Timer() = default;
     Timer(const Timer&) = delete;
     Timer& operator=(const Timer&) = delete;
     virtual ~Timer() = default;
-    /// Milliseconds. The timer ticks while it is enabled and the interval is above 0; a new interval
-    /// restarts it.
-    virtual void setInterval(int milliseconds) = 0;
-    [[nodiscard]] virtual int interval() const = 0;
-    virtual void setEnabled(bool enabled) = 0;
-    [[nodiscard]] virtual bool enabled() const = 0;
+    /// Ticks at this interval from now on, whether it ran before or not.
+    virtual void start(int milliseconds) = 0;
+    virtual void stop() = 0;
     std::function<void()> onTimer;
 };
 

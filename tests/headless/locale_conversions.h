@@ -20,7 +20,8 @@ struct Locale {
 class LocaleConversions : public vexa::Conversions {
 public:
     [[nodiscard]] std::int32_t toInteger(const std::wstring& text) override;
-    [[nodiscard]] double toNumber(const std::wstring& text) override;
+    /// As VarR8FromStr.
+    [[nodiscard]] double toNumber(const std::wstring& text);
     [[nodiscard]] double toDate(const std::wstring& text) override;
     [[nodiscard]] std::wstring lower(const std::wstring& text) override;
 

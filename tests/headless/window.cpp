@@ -15,27 +15,15 @@ namespace {
 class WindowTimer : public ui::Timer {
 public:
     explicit WindowTimer(EventLoop& loop) : loop_(loop) {}
-    ~WindowTimer() override { stop(); }
+    ~WindowTimer() override { WindowTimer::stop(); }
 
-    void setInterval(int milliseconds) override {
-        interval_ = milliseconds;
+    void start(int milliseconds) override {
         stop();
-        startWhereDue();
+        timer_ = loop_.startTimer(milliseconds, [this] { tick(); });
     }
-    [[nodiscard]] int interval() const override { return interval_; }
-    void setEnabled(bool enabled) override {
-        enabled_ = enabled;
-        if (!enabled) stop();
-        startWhereDue();
-    }
-    [[nodiscard]] bool enabled() const override { return enabled_; }
+    void stop() override { loop_.stopTimer(std::exchange(timer_, 0)); }
 
 private:
-    void stop() { loop_.stopTimer(std::exchange(timer_, 0)); }
-    void startWhereDue() {
-        if (timer_ == 0 && enabled_ && interval_ > 0)
-            timer_ = loop_.startTimer(interval_, [this] { tick(); });
-    }
     void tick() {
         const auto handler = onTimer;  // its own copy: the handler may destroy the timer
         if (handler) handler();
@@ -43,8 +31,6 @@ private:
 
     EventLoop& loop_;
     EventLoop::Timer timer_ = 0;
-    int interval_ = 0;
-    bool enabled_ = false;
 };
 
 }  // namespace

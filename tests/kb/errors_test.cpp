@@ -15,7 +15,6 @@ public:
     bool failing = false;
 
     std::int32_t toInteger(const std::wstring& text) override { return machine().toInteger(text); }
-    double toNumber(const std::wstring& text) override { return machine().toNumber(text); }
     double toDate(const std::wstring& text) override { return machine().toDate(text); }
     std::wstring lower(const std::wstring& text) override { return machine().lower(text); }
 

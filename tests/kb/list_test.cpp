@@ -119,7 +119,7 @@ TEST_F(KBList, SizesAndCountsThatDoNotConvertCountAsUnknown) {
     stage->setValue(key, L"KBDocuments", L"many");
     open([&](frmKBConfiguration& form) {
         EXPECT_EQ(cells(form, 0), (Row{L"Mail", L"01/01/2020 12:00:00 PM", L"-1 Byte", L"-"}));
-        EXPECT_EQ(form.sftKBConfiguration.cellNumber(0, 2), 0);
+        EXPECT_EQ(form.sftKBConfiguration.cell(0, 2).number, 0);
     });
 }
 

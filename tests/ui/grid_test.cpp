@@ -124,7 +124,7 @@ TEST_F(GridTest, ItsMenuHoldsTheCommandsAndThenTheSortByEachColumn) {
 
 TEST_F(GridTest, ACellThatARowLacksIsEmptyAndARowThatIsNotThereAnError) {
     EXPECT_EQ(grid.cellText(0, 1), L"");
-    EXPECT_EQ(grid.cellNumber(0, 7), 0);
+    EXPECT_EQ(grid.cell(0, 7).number, 0);
     for (const int row : {-1, 3}) {
         EXPECT_THROW(static_cast<void>(grid.row(row)), std::out_of_range);
         EXPECT_THROW(grid.removeRow(row), std::out_of_range);
@@ -139,7 +139,7 @@ TEST_F(GridTest, AChangeOfOneCellShowsItsRowAndOneOfTheRowsAllOfThem) {
     EXPECT_EQ(grid.addRow({{{L"d"}}}), 3);
     grid.setCell(1, 1, {L"5", 5});
     grid.setCell(1, 0, {L"z"});
-    EXPECT_EQ(grid.cellNumber(1, 1), 5);
+    EXPECT_EQ(grid.cell(1, 1).number, 5);
     EXPECT_EQ(names(), L"bzcd");
     grid.setAllRowsEnabled(false);
     EXPECT_THAT(grid.shown(), ElementsAre("rows", "row 1", "row 1", "rows"));
@@ -191,7 +191,7 @@ TEST_F(GridTest, ASortKeepsEqualRowsInTheirOrderAndTheCurrentRow) {
     sortByName();
     EXPECT_EQ(names(), L"aabc");
     EXPECT_EQ(grid.currentRow(), 1);
-    EXPECT_EQ(grid.cellNumber(1, 0), 1) << "the later one of the equal ones";
+    EXPECT_EQ(grid.cell(1, 0).number, 1) << "the later one of the equal ones";
     EXPECT_EQ(caretChanges, 0);
     grid.setCurrentRow(-1);
     sortByName();
@@ -208,7 +208,7 @@ TEST_F(GridTest, TheOppositeOrderTurnsTheRowsRoundAndNotThoseThatAreEqual) {
     sortByNameDescending();
     sortByName();
     EXPECT_EQ(names(), L"aabc");
-    EXPECT_EQ(grid.cellNumber(1, 0), 1) << "the later one of the equal ones";
+    EXPECT_EQ(grid.cell(1, 0).number, 1) << "the later one of the equal ones";
     EXPECT_EQ(grid.currentRow(), 0);
 }
 

@@ -6,26 +6,24 @@ namespace win {
 
 Timer::~Timer() {
     if (window_ == nullptr) return;
-    KillTimer(window_->window(), identifier_);
+    Timer::stop();
     window_->forget(*this);
 }
 
-void Timer::setInterval(int milliseconds) {
-    interval_ = milliseconds;
-    restart();
+void Timer::start(int milliseconds) {
+    runs_ =
+        handle() != nullptr && SetTimer(handle(), identifier_, static_cast<UINT>(milliseconds), nullptr) != 0;
 }
 
-void Timer::setEnabled(bool enabled) {
-    if (enabled == enabled_) return;
-    enabled_ = enabled;
-    restart();
+void Timer::stop() {
+    runs_ = false;
+    if (handle() != nullptr) KillTimer(handle(), identifier_);
 }
 
-void Timer::restart() {
-    if (window_ == nullptr || window_->window() == nullptr) return;
-    KillTimer(window_->window(), identifier_);
-    if (enabled_ && interval_ > 0)
-        SetTimer(window_->window(), identifier_, static_cast<UINT>(interval_), nullptr);
+void Timer::tick() {
+    if (runs_) raise(onTimer);
 }
+
+HWND Timer::handle() const { return window_ != nullptr ? window_->window() : nullptr; }
 
 }  // namespace win

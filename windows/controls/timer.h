@@ -13,22 +13,22 @@ public:
     Timer(Window& window, std::uintptr_t identifier) : window_(&window), identifier_(identifier) {}
     ~Timer() override;
 
-    void setInterval(int milliseconds) override;
-    [[nodiscard]] int interval() const override { return interval_; }
-    void setEnabled(bool enabled) override;
-    [[nodiscard]] bool enabled() const override { return enabled_; }
+    void start(int milliseconds) override;
+    void stop() override;
 
     [[nodiscard]] std::uintptr_t identifier() const { return identifier_; }
+    /// Raises the event. A tick that was on its way when the timer stopped is none.
+    void tick();
     /// The window has gone: the timer never ticks again.
     void forgetWindow() { window_ = nullptr; }
 
 private:
-    void restart();
+    /// Null where the window has gone.
+    [[nodiscard]] HWND handle() const;
 
     Window* window_;
     std::uintptr_t identifier_;
-    int interval_ = 0;
-    bool enabled_ = false;
+    bool runs_ = false;
 };
 
 }  // namespace win

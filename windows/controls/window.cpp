@@ -204,7 +204,7 @@ void Window::command(WPARAM wParam, HWND sender) {
 
 void Window::tick(std::uintptr_t identifier) {
     const auto timer = std::ranges::find(timers_, identifier, &Timer::identifier);
-    if (timer != timers_.end() && (*timer)->enabled()) raise((*timer)->onTimer);
+    if (timer != timers_.end()) (*timer)->tick();
 }
 
 void Window::scripted() {

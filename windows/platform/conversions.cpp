@@ -30,16 +30,11 @@ std::int32_t Conversions::toInteger(const std::wstring& text) {
     return number;
 }
 
-double Conversions::toNumber(const std::wstring& text) {
-    double number = 0;
-    check(VarR8FromStr(const_cast<wchar_t*>(text.c_str()), locale_, 0, &number));
-    return number;
-}
-
 double Conversions::toDate(const std::wstring& text) {
     DATE date = 0;
     if (SUCCEEDED(VarDateFromStr(const_cast<wchar_t*>(text.c_str()), locale_, 0, &date))) return date;
-    const double serial = toNumber(text);
+    double serial = 0;
+    check(VarR8FromStr(const_cast<wchar_t*>(text.c_str()), locale_, 0, &serial));
     if (!(serial > FIRST_DATE - 1 && serial < END_OF_DATES))
         throw vexa::Error(vexa::description::typeMismatch);
     return serial;

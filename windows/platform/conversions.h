@@ -17,7 +17,6 @@ public:
     /// Conversions of another locale than the user's are for tests.
     explicit Conversions(std::uint32_t locale = 0x0400) : locale_(locale) {}
     [[nodiscard]] std::int32_t toInteger(const std::wstring& text) override;
-    [[nodiscard]] double toNumber(const std::wstring& text) override;
     [[nodiscard]] double toDate(const std::wstring& text) override;
     [[nodiscard]] std::wstring lower(const std::wstring& text) override;
 

@@ -517,38 +517,45 @@ TEST_F(ControlsTest, APictureIsLoadedAnewInTheSizeItIsMovedTo) {
     });
 }
 
-TEST_F(ControlsTest, ATimerTicksWhileItIsEnabledWithAnInterval) {
+TEST_F(ControlsTest, ATimerTicksFromItsStartUntilItStops) {
     const auto timer = page->createTimer();
     int ticks = 0;
     timer->onTimer = [&] { ++ticks; };
-    timer->setEnabled(true);
     user.wait(60);
     EXPECT_EQ(ticks, 0);
-    timer->setInterval(50);
+    timer->start(50);
     user.wait(60);
     EXPECT_EQ(ticks, 1);
-    timer->setEnabled(false);
+    timer->stop();
     user.wait(80);
     EXPECT_EQ(ticks, 1);
-    timer->setEnabled(true);
+    timer->start(50);
     user.wait(60);
     EXPECT_EQ(ticks, 2);
-    timer->setInterval(0);
-    user.wait(80);
-    EXPECT_EQ(ticks, 2);
+}
+
+TEST_F(ControlsTest, ATickThatWasOnItsWayWhenTheTimerStoppedIsNone) {
+    const auto timer = page->createTimer();
+    int ticks = 0;
+    timer->onTimer = [&] { ++ticks; };
+    timer->start(50);
+    timer->stop();
+    SendMessageW(reinterpret_cast<HWND>(page->handle()), WM_TIMER, 1, 0);
+    EXPECT_EQ(ticks, 0);
+    timer->start(50);
+    SendMessageW(reinterpret_cast<HWND>(page->handle()), WM_TIMER, 1, 0);
+    EXPECT_EQ(ticks, 1);
 }
 
 TEST_F(ControlsTest, ATimerMayEndInItsOwnTickAndMayOutliveItsWindow) {
     auto timer = page->createTimer();
     auto survivor = page->createTimer();
     timer->onTimer = [&] { timer.reset(); };
-    timer->setInterval(20);
-    timer->setEnabled(true);
+    timer->start(20);
     user.wait(60);
     EXPECT_EQ(timer, nullptr);
     page.reset();
-    survivor->setInterval(20);
-    survivor->setEnabled(true);
+    survivor->start(20);
     user.wait(30);
 }
 
