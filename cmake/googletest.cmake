@@ -1,4 +1,8 @@
-# GoogleTest from the distribution's sources, built by the compiler of this build.
+# GoogleTest: for native tests the distribution's libraries, for Windows its sources, built by the compiler of this build.
+if(NOT WIN32)
+    find_package(GTest REQUIRED CONFIG)
+    return()
+endif()
 set(GOOGLETEST_SOURCES /usr/src/googletest CACHE PATH "GoogleTest's source tree (Debian package googletest)")
 if(NOT EXISTS ${GOOGLETEST_SOURCES}/CMakeLists.txt)
     message(FATAL_ERROR "GoogleTest's sources are missing: install the package googletest.")
