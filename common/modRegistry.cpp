@@ -36,11 +36,13 @@ private:
     bool opened_ = false;
 };
 
-/// Reads `size` bytes; false where the query fails.
-bool query(RegistryApi& api, RegistryApi::Key key, const std::string& name, std::uint8_t* data,
-           std::uint32_t size) {
-    std::uint32_t type = 0;
-    return api.queryValue(key, name, type, data, size) == SUCCESS;
+/// The value that bytes of this type stand for.
+Value decoded(ValueType type, const Bytes& bytes, AnsiCodec& ansi) {
+    if (type == ValueType::binary) return bytes;
+    if (type == ValueType::text) return ansi.fromAnsi({bytes.begin(), std::ranges::find(bytes, 0)});
+    std::int32_t number = 0;
+    std::memcpy(&number, bytes.data(), sizeof number);
+    return number;
 }
 
 }  // namespace
@@ -67,29 +69,20 @@ Value modRegistry::RegistryRead(RegistryApi::Key hive, const std::wstring& keyPa
     std::uint32_t size = 0;
     if (api_.queryValue(key.get(), ansiName, type, nullptr, size) != SUCCESS) return defaultValue;
 
-    switch (static_cast<ValueType>(type)) {
-        case ValueType::text: {
+    const auto kind = static_cast<ValueType>(type);
+    switch (kind) {
+        case ValueType::text:
             if (size == 0) return std::wstring();
-            Bytes buffer(size);
-            if (!query(api_, key.get(), ansiName, buffer.data(), size)) return defaultValue;
-            const std::string text(buffer.begin(), std::find(buffer.begin(), buffer.end(), std::uint8_t{0}));
-            return ansi_.fromAnsi(text);
-        }
-        case ValueType::integer: {
-            std::int32_t number = 0;
-            Bytes buffer(sizeof number);
-            if (!query(api_, key.get(), ansiName, buffer.data(), sizeof number)) return defaultValue;
-            std::memcpy(&number, buffer.data(), sizeof number);
-            return number;
-        }
-        case ValueType::binary: {
+            break;
+        case ValueType::integer: size = sizeof(std::int32_t); break;
+        case ValueType::binary:
             if (size == 0) return defaultValue;
-            Bytes bytes(size);
-            if (!query(api_, key.get(), ansiName, bytes.data(), size)) return defaultValue;
-            return bytes;
-        }
+            break;
+        default: return defaultValue;
     }
-    return defaultValue;
+    Bytes bytes(size);
+    if (api_.queryValue(key.get(), ansiName, type, bytes.data(), size) != SUCCESS) return defaultValue;
+    return decoded(kind, bytes, ansi_);
 } catch (...) {
     try {
         return defaultValue;
@@ -127,9 +120,7 @@ void modRegistry::RegistryWrite(RegistryApi::Key hive, const std::wstring& keyPa
         }
         case ValueType::integer: {
             const std::int32_t number = asInteger(value, conversions_);
-            Bytes buffer(sizeof number);
-            std::memcpy(buffer.data(), &number, sizeof number);
-            set(buffer.data(), buffer.size());
+            set(reinterpret_cast<const std::uint8_t*>(&number), sizeof number);
             break;
         }
     }

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "interfaces/com.h"
+#include "windows/com/part.h"
 #include "windows/trace/shown.h"
 #include "windows/trace/trace_log.h"
 
@@ -68,31 +69,24 @@ private:
 };
 
 template <class Interface>
-class Traced : public Interface, public Facet {
+class Traced : public com::Part<Interface>, public Facet {
 public:
     using Target = Interface;
     Traced(TracedObject& whole, const wchar_t* name, Interface& target)
-        : whole_(whole), name_(name), target_(target) {
+        : com::Part<Interface>(whole), traced_(whole), name_(name), target_(target) {
         // The whole holds the object; an interface of it that counts by itself lives as long.
         target_.AddRef();
     }
-    Traced(const Traced&) = delete;
-    Traced& operator=(const Traced&) = delete;
     ~Traced() override { target_.Release(); }
 
     [[nodiscard]] IUnknown* handedOut() override { return static_cast<Interface*>(this); }
-    STDMETHODIMP QueryInterface(REFIID iid, void** out) noexcept override {
-        return whole_.QueryInterface(iid, out);
-    }
-    STDMETHODIMP_(ULONG) AddRef() noexcept override { return whole_.AddRef(); }
-    STDMETHODIMP_(ULONG) Release() noexcept override { return whole_.Release(); }
 
 protected:
     /// Passes a call on, between two lines of the trace.
     template <class Method, class... Arguments>
     auto call(const wchar_t* method, Method function, Arguments... arguments) noexcept {
         const std::wstring title = std::wstring(name_) + L"::" + method;
-        write(whole_.side() + L" " + title + L"(" + shownAll(arguments...) + L")");
+        write(traced_.side() + L" " + title + L"(" + shownAll(arguments...) + L")");
         const auto result = passOn(function, arguments...);
         write(L"= " + hex(static_cast<unsigned long>(result)) + L" " + title);
         return result;
@@ -106,7 +100,7 @@ private:
         return (target_.*function)(arguments...);
     }
 
-    TracedObject& whole_;
+    TracedObject& traced_;
     const wchar_t* name_;
     Interface& target_;
 };
