@@ -221,10 +221,8 @@ TEST_F(KBGuidance, TheCurrentRowStaysWhereTheAddInNamesNone) {
 
 TEST_F(KBGuidance, TheMenuHoldsTheCommandsThatAreAllowedAndTheSort) {
     record({{L"Empty", {}, {}, 0}, {L"Mail", {}, {}, 7}});
-    const Names sorts{L"Sort by Knowledgebase", L"Sort by Last Update", L"Sort by Size",
-                      L"Sort by Documents"};
-    const auto with = [&](Names commands) {
-        commands.insert(commands.end(), sorts.begin(), sorts.end());
+    const auto with = [](Names commands) {
+        for (const std::wstring& header : declaredHeaders()) commands.push_back(L"Sort by " + header);
         return commands;
     };
     open([&](frmKBConfiguration& form) {

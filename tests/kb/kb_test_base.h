@@ -12,6 +12,13 @@ using ui::MessageAnswer;
 using vexa::frmKBConfiguration;
 using Names = std::vector<std::wstring>;
 
+/// The headers of the list, as its columns declare them.
+inline Names declaredHeaders() {
+    Names headers;
+    for (const vexa::ListColumn& column : vexa::listColumns()) headers.push_back(column.header.caption);
+    return headers;
+}
+
 /// A knowledgebase as the add-in records it; a value that is not given is not stored.
 struct Record {
     std::wstring name;

@@ -64,7 +64,7 @@ TEST_F(KBList, CaptionsAreTheDialogsOwn) {
         Names headers;
         for (const ui::GridColumn& column : form.sftKBConfiguration.columns())
             headers.push_back(column.caption);
-        EXPECT_EQ(headers, (Names{L"Knowledgebase", L"Last Update", L"Size", L"Documents"}));
+        EXPECT_EQ(headers, declaredHeaders());
         const Names captions{form.cmdAdd.text(),        form.cmdEdit.text(),    form.cmdRename.text(),
                              form.cmdRemove.text(),     form.cmdRebuild.text(), form.cmdUpdate.text(),
                              form.cmdBaseFolder.text(), form.cmdApply.text(),   form.cmdCancel.text()};
@@ -348,8 +348,9 @@ TEST_F(KBSortRules, SavedValuesOutOfRangeCountAsNone) {
         std::int32_t order, column, type;
         const wchar_t* rows;
     };
+    const auto columns = static_cast<std::int32_t>(vexa::listColumns().size());
     for (const Saved& saved :
-         {Saved{0, 4, 0, L"Abdg"}, Saved{1, -7, 8, L"Abdg"}, Saved{77, 2, 9, L"dbAg"},
+         {Saved{0, columns, 0, L"Abdg"}, Saved{1, -7, 8, L"Abdg"}, Saved{77, 2, 9, L"dbAg"},
           Saved{1, 2, 77, L"gAbd"}, Saved{-1, -1, 9, L"Abdg"}, Saved{0, 3, 6, L"gdbA"}}) {
         stage->setValue(KEY, L"KBConfigSortOrder", saved.order);
         stage->setValue(KEY, L"KBConfigColumn", saved.column);
